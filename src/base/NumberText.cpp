@@ -1,0 +1,157 @@
+#include "base/NumberText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <system_error>
+
+#include "base/Errors.h"
+
+namespace corvan {
+namespace {
+
+constexpr int SignificantDigits = 15;
+
+bool Cifra(char c) { return c >= '0' && c <= '9'; }
+
+bool Bianco(char c) { return c == ' ' || c == '\t'; }
+
+/// A number as from_chars sees it, with the place behind it; `found` is false when the text does not begin with one.
+struct LeadingNumber {
+  double value = 0.0;
+  const char* end = nullptr;
+  bool found = false;
+};
+
+/// from_chars tells neither overflow from underflow nor gives a value for them: the decimal exponent of the first
+/// digit other than zero decides.
+bool TroppoGrande(std::string_view number) {
+  long exponent = 0;
+  const std::size_t e = number.find_first_of("eE");
+  if (e != std::string_view::npos) {
+    const char* first = number.data() + e + 1;
+    if (*first == '+') ++first;
+    if (std::from_chars(first, number.data() + number.size(), exponent).ec == std::errc::result_out_of_range) {
+      return *first != '-';
+    }
+  }
+  const std::string_view mantissa = number.substr(0, e);
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const std::size_t digit = mantissa.find_first_of("123456789");
+  if (digit == std::string_view::npos) return false;
+  const long place = static_cast<long>(point) - static_cast<long>(digit);
+  return place + exponent > 0;
+}
+
+LeadingNumber LeggiNumero(std::string_view text) {
+  const char* first = text.data();
+  const char* const last = first + text.size();
+  while (first != last && Bianco(*first)) ++first;
+  if (first == last) return {};
+  const bool plus = *first == '+';
+  const char* digits = first + ((plus || *first == '-') ? 1 : 0);
+  const bool begins = digits != last && (Cifra(*digits) || (*digits == '.' && digits + 1 != last && Cifra(digits[1])));
+  if (!begins) return {};
+  LeadingNumber number{0.0, last, true};
+  const auto [end, ec] = std::from_chars(plus ? digits : first, last, number.value);
+  number.end = end;
+  if (ec == std::errc::result_out_of_range) {
+    const std::string_view matched(digits, static_cast<std::size_t>(end - digits));
+    if (TroppoGrande(matched)) throw RunTimeError("number too large: " + std::string(matched.substr(0, 40)));
+    number.value = 0.0;
+  }
+  return number;
+}
+
+template <class Number>
+std::string Semplice(Number value) {
+  if (value == 0) return "0";
+  std::array<char, 512> buffer{};
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                    std::isfinite(value) ? std::chars_format::fixed : std::chars_format::general);
+  return {buffer.data(), result.ptr};
+}
+
+/// The decimal digits of a value rounded to a number of places, `count` of them, the last standing at that place.
+struct DecimalDigits {
+  std::array<char, SignificantDigits + 2> digit{};
+  int count = 0;  ///< digits held; the rest down to the last place are zeros
+  int whole = 0;  ///< digits before the point; may be negative (zeros behind the point) or more than count
+};
+
+DecimalDigits Arrotonda(double magnitude, int places) {
+  std::array<char, 32> text{};
+  std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific, SignificantDigits - 1);
+  DecimalDigits d;
+  d.digit[1] = text[0];  // slot 0 is kept for a carry
+  std::copy(text.begin() + 2, text.begin() + SignificantDigits + 1, d.digit.begin() + 2);
+  const char* exponentText = text.data() + SignificantDigits + 2;
+  int exponent = 0;
+  std::from_chars(exponentText + (*exponentText == '+' ? 1 : 0), text.data() + text.size(), exponent);
+  d.whole = exponent + 1;
+  d.count = std::min(d.whole + places, SignificantDigits);
+  if (d.count < 0) {
+    d.count = 0;
+    return d;
+  }
+  bool carry = d.count < SignificantDigits && d.digit[static_cast<std::size_t>(d.count) + 1] >= '5';
+  d.digit[0] = '0';
+  for (int k = d.count; carry && k >= 0; --k) {
+    char& c = d.digit[static_cast<std::size_t>(k)];
+    carry = c == '9';
+    c = carry ? '0' : static_cast<char>(c + 1);
+  }
+  if (d.digit[0] == '0') {
+    std::copy(d.digit.begin() + 1, d.digit.end(), d.digit.begin());
+  } else {
+    ++d.count;
+    ++d.whole;
+  }
+  return d;
+}
+
+}  // namespace
+
+double Val(std::string_view text) { return LeggiNumero(text).value; }
+
+bool SoloNumero(std::string_view text) {
+  while (!text.empty() && Bianco(text.back())) text.remove_suffix(1);
+  try {
+    const LeadingNumber number = LeggiNumero(text);
+    return number.found && number.end == text.data() + text.size();
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+std::string TestoNumero(double value) { return Semplice(value); }
+
+std::string TestoNumero(float value) { return Semplice(value); }
+
+std::string FormattaNumero(double value, Mask mask) {
+  std::string out;
+  AggiungiNumero(out, value, mask);
+  return out;
+}
+
+void AggiungiNumero(std::string& out, double value, Mask mask) {
+  if (!std::isfinite(value)) return;
+  const DecimalDigits d = value == 0.0 ? DecimalDigits{} : Arrotonda(std::abs(value), mask.places);
+  const auto at = [&d](int k) { return k >= 0 && k < d.count ? d.digit[static_cast<std::size_t>(k)] : '0'; };
+  const auto first = d.digit.begin();
+  const bool zero = std::all_of(first, first + d.count, [](char c) { return c == '0'; });
+  if (value < 0.0 && !zero) out += '-';
+
+  const int whole = zero ? 0 : std::max(d.whole, 0);
+  for (int k = whole; k < mask.forcedDigits; ++k) out += '0';
+  for (int k = 0; k < whole; ++k) out += at(k);
+  if (!mask.point) return;
+  out += '.';
+  int places = mask.places;
+  while (places > mask.forcedPlaces && (zero || at(d.whole + places - 1) == '0')) --places;
+  for (int k = 0; k < places; ++k) out += zero ? '0' : at(d.whole + k);
+}
+
+}  // namespace corvan

@@ -1,0 +1,27 @@
+// Small text operations shared by readers and boxes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace corvan {
+
+/// ASCII letters to capitals; all other bytes stay.
+std::string Maiuscolo(std::string_view text);
+
+/// The text with each occurrence of `part` taken out.
+std::string Senza(std::string_view text, std::string_view part);
+
+/// Items laid out in print zones of 14 columns (starting at columns 1, 15, 29, ...): each item begins at the next free
+/// zone, and at once behind an item that fills its zone exactly; no blanks at the line's end.
+class PrintLine {
+ public:
+  void add(std::string_view item);
+  /// The line without its line end.
+  std::string text() const;
+
+ private:
+  std::string line_;
+};
+
+}  // namespace corvan
