@@ -1,0 +1,159 @@
+#include "input/SyscalScan.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace corvan {
+namespace {
+
+constexpr std::array<std::byte, 4> Signature{std::byte{0x02}, std::byte{0}, std::byte{0}, std::byte{0x80}};
+
+float Finita(float value) { return std::isfinite(value) ? value : 0.0F; }
+
+/// Channels of a firing: the run of records that share the latitude of the second one. The comparison starts one
+/// record after the first, so the count is never below 2.
+std::int32_t ContaCanali(const SyscalRecords& records, std::size_t first) {
+  std::size_t k = first + 1;
+  while (k < records.size() && NordDi(records, k) == NordDi(records, k + 1)) ++k;
+  return static_cast<std::int32_t>(k - first + 1);
+}
+
+/// A value that an instrument could have stored: zero, or of a size between a micro-unit and a hundred million.
+bool Plausibile(float value) {
+  const float magnitude = std::abs(value);
+  return value == 0.0F || (magnitude >= 1e-6F && magnitude <= 1e8F);
+}
+
+bool RecordPlausibile(const SyscalRecords& records, std::size_t k) {
+  constexpr std::array fields{campo::R16, campo::R20, campo::PosM, campo::PosN, campo::GpsNord, campo::GpsEst};
+  return std::all_of(fields.begin(), fields.end(),
+                     [&](const auto& field) { return Plausibile(records.leggi(k, field)); });
+}
+
+std::string Quanti(std::size_t count, const char* one, const char* many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+std::string Record(std::size_t count) { return Quanti(count, "record", "records"); }
+
+using Rilievi = std::vector<std::pair<Severity, std::string>>;
+
+/// The file's length against the records it should hold.
+void RilieviLunghezza(const SyscalScan& scan, Rilievi& out) {
+  const SyscalRecords& records = scan.records;
+  const std::size_t body = records.fileSize() - FirstRecord;
+  const std::size_t length = records.length();
+  if (records.size() == 0) {
+    out.emplace_back(Severity::Fault, "holds no record");
+  } else if (const std::size_t held = records.held(records.size()); held < length) {
+    out.emplace_back(Severity::Fault, "is cut short: the last record holds " + std::to_string(held) + " of " +
+                                          std::to_string(length) + " bytes, the missing ones read as zero");
+  } else if (const std::size_t rest = body - records.size() * length; rest > 0) {
+    out.emplace_back(Severity::Fault, Quanti(rest, "byte", "bytes") + " behind the last record left unread");
+  }
+}
+
+void RilieviTipo(const SyscalScan& scan, Rilievi& out) {
+  if (scan.type == 0) {
+    out.emplace_back(Severity::Note, "records of 248 bytes have no room for a position: channel, position and time are "
+                                     "taken from the bytes behind each record");
+  } else if (scan.type < 0 || scan.type > 3) {
+    out.emplace_back(Severity::Note, "record type word " + std::to_string(scan.type) + " is not 0 to 3: read as records of " +
+                                         std::to_string(scan.records.length()) + " bytes");
+  }
+}
+
+/// Records left out before and behind those that are read.
+void RilieviEstremi(const SyscalScan& scan, std::size_t last, Rilievi& out) {
+  if (!scan.anyFix()) {
+    out.emplace_back(Severity::Fault, "none of the " + Record(scan.records.size()) + " has a position: no reading is taken");
+    return;
+  }
+  if (scan.PrimoValido > 1) {
+    out.emplace_back(Severity::Note, Record(scan.PrimoValido - 1) + " before the first position left out");
+  }
+  if (last < scan.records.size()) {
+    std::size_t positioned = 0;
+    for (std::size_t k = last + 1; k <= scan.ultimoFix; ++k) positioned += NordDi(scan.records, k) != 0.0F ? 1U : 0U;
+    out.emplace_back(Severity::Fault, "fix lost at record " + std::to_string(last + 1) + ": " +
+                                          Record(scan.records.size() - last) + " from there on left out, " +
+                                          std::to_string(positioned) + " of them with a position");
+  }
+}
+
+/// Records between the first and the last one read that give no position or no room for their channel.
+void RilieviInterni(const SyscalScan& scan, std::size_t last, std::int32_t channels, bool gapsKept, Rilievi& out) {
+  std::size_t halfFixes = 0;
+  for (std::size_t k = scan.PrimoValido; k <= last; ++k) {
+    halfFixes += NordDi(scan.records, k) != 0.0F && EstDi(scan.records, k) == 0.0F ? 1U : 0U;
+  }
+  if (halfFixes > 0 && !gapsKept) {
+    out.emplace_back(Severity::Fault, Record(halfFixes) + " with a longitude or easting of 0 passed over");
+  }
+  if (channels > static_cast<std::int32_t>(MaxChannels)) {
+    out.emplace_back(Severity::Fault, "channels 11 to " + std::to_string(channels) + " of each firing are not stored");
+  }
+  const std::size_t used = last - scan.PrimoValido + 1;
+  if (channels > 0 && used % static_cast<std::size_t>(channels) != 0) {
+    out.emplace_back(Severity::Note, "the last firing has " + std::to_string(used % static_cast<std::size_t>(channels)) +
+                                         " of " + std::to_string(channels) + " channels");
+  }
+}
+
+}  // namespace
+
+float NordDi(const SyscalRecords& records, std::size_t k) { return Finita(records.leggi(k, campo::GpsNord)); }
+
+float EstDi(const SyscalRecords& records, std::size_t k) { return Finita(records.leggi(k, campo::GpsEst)); }
+
+SyscalScan EsaminaSyscal(FileBytes file) {
+  SyscalScan scan;
+  const auto bytes = std::as_const(file).bytes();
+  scan.type = LeggiLE<std::int16_t>(bytes, FirstRecord + campo::Tipo.offset);
+  scan.signature = bytes.size() >= Signature.size() && std::equal(Signature.begin(), Signature.end(), bytes.begin());
+  scan.records = SyscalRecords(std::move(file), static_cast<std::size_t>(LunghezzaRecord(scan.type)));
+
+  const SyscalRecords& records = scan.records;
+  const std::size_t count = records.size();
+  std::size_t firstLost = 0;
+  for (std::size_t k = 1; k <= count; ++k) {
+    scan.MaxCanale = k == 1 ? records.leggi(k, campo::Canale)
+                            : std::max<std::int32_t>(scan.MaxCanale, records.leggi(k, campo::Canale));
+    const bool fix = NordDi(records, k) != 0.0F;
+    if (fix && !scan.anyFix()) scan.PrimoValido = k;
+    if (!fix && scan.anyFix() && firstLost == 0) firstLost = k;
+    if (fix) scan.ultimoFix = k;
+  }
+  scan.UltimoValido = firstLost == 0 ? count : firstLost - 1;
+  scan.counted = ContaCanali(records, scan.PrimoValido);
+  return scan;
+}
+
+bool AltroGenere(const SyscalScan& scan) {
+  if (scan.signature) return false;
+  std::size_t implausible = 0;
+  for (std::size_t k = 1; k <= scan.records.size(); ++k) implausible += RecordPlausibile(scan.records, k) ? 0U : 1U;
+  return 2 * implausible > scan.records.size();
+}
+
+std::string RifiutoSyscal(std::size_t fileSize) {
+  if (fileSize == 0) return "is empty";
+  if (fileSize >= ShortestSyscal) return "";
+  return "is too short for a Syscal file: " + std::to_string(fileSize) + " bytes, at least " +
+         std::to_string(ShortestSyscal) + " needed";
+}
+
+std::vector<std::pair<Severity, std::string>> RilieviSyscal(const SyscalScan& scan, std::size_t last, std::int32_t channels,
+                                                            bool gapsKept) {
+  Rilievi out;
+  RilieviTipo(scan, out);
+  RilieviLunghezza(scan, out);
+  if (scan.records.size() == 0) return out;
+  RilieviEstremi(scan, last, out);
+  if (!scan.anyFix()) return out;
+  RilieviInterni(scan, last, channels, gapsKept, out);
+  return out;
+}
+
+}  // namespace corvan

@@ -1,0 +1,63 @@
+#include "input/TextReader.h"
+
+#include <cstddef>
+
+#include "base/ErrorTrap.h"
+
+namespace corvan {
+namespace {
+
+constexpr const char* Procedure = "LeggiFileCorvan";
+
+std::string Righe(std::size_t count) { return std::to_string(count) + (count == 1 ? " line" : " lines"); }
+
+}  // namespace
+
+void LeggiFileCorvan(InputContext& context) {
+  Survey& survey = context.survey;
+  const std::string name = survey.file.NomeFile.string();
+  Trappola(context.diagnostics, Procedure, [&] {
+    const FileBytes bytes = LeggiTutto(survey.file.NomeFile);
+    survey.file.NumCanali = static_cast<std::int32_t>(MaxChannels);
+    FileSummary& summary = survey.files.back();
+    summary.format = "text";
+    summary.channels = survey.file.NumCanali;
+    const auto append = [&survey](Misura&& m) {
+      m.NumFile = survey.file.NumFile;
+      survey.Misure.append(m);
+    };
+    TextScan scan;
+    try {
+      scan = EsaminaTesto(bytes.text(), context.span, survey.settings.CoordUTM, append);
+    } catch (const RunTimeError& error) {
+      throw FileError(name, std::string(error.what()) + "; reading ended there");
+    }
+    summary.records = scan.lines;
+    for (const auto& [severity, reason] : RilieviTesto(scan, context.span)) {
+      context.diagnostics.add({Procedure, name + ": " + reason, severity});
+    }
+  });
+}
+
+std::vector<std::pair<Severity, std::string>> RilieviTesto(const TextScan& scan, ReadSpan span) {
+  std::vector<std::pair<Severity, std::string>> out;
+  if (!scan.anyFix) {
+    out.emplace_back(Severity::Fault, "none of the " + Righe(scan.lines) + " has a position");
+    return out;
+  }
+  if (scan.lostFilled > 0) {
+    out.emplace_back(Severity::Fault, "fix lost at line " + std::to_string(scan.lostLine) + ": " + Righe(scan.lostFilled) +
+                                          " from there on left out, " + std::to_string(scan.lostPositioned) +
+                                          " of them with a position");
+  } else if (span == ReadSpan::ToFirstLostFix && scan.lostLine == 0) {
+    out.emplace_back(Severity::Note, "the last line, " + std::to_string(scan.lines) + ", is left out");
+  }
+  if (scan.shortLines > 0) {
+    out.emplace_back(Severity::Fault, "line " + std::to_string(scan.shortLine) + " has " + std::to_string(scan.shortFields) +
+                                          " of " + std::to_string(TextFields) + " fields, the missing ones read as 0 (" +
+                                          Righe(scan.shortLines) + " so)");
+  }
+  return out;
+}
+
+}  // namespace corvan
