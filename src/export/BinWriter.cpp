@@ -1,0 +1,63 @@
+#include "export/BinWriter.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace corvan {
+namespace {
+
+using namespace std::string_view_literals;
+
+// The header's pieces and where they begin; what lies between is zero.
+constexpr std::size_t NamePlace = 0;
+constexpr std::string_view Name = "\x02\0\0\x80\x08SYSCAL PRO\0 at "sv;
+constexpr std::size_t DatePlace = 20;
+constexpr std::size_t DateLength = 10;
+constexpr std::size_t TimePlace = 31;
+constexpr std::size_t TimeLength = 8;
+constexpr char LastByte = '\x01';  // overwritten by the first record
+
+constexpr std::string_view Sequence = "\0myseq      "sv;
+static_assert(Name.size() == DatePlace);
+static_assert(Sequence.size() == SequenzaLength);
+
+/// The fields that make every record look like a reading of one standard sequence.
+void ImpostaCostanti(RecordSyscalPro& record, std::size_t ordinal) {
+  record.scrivi(campo::Tipo, std::int16_t{1});
+  record.scrivi(campo::Val4, 500.0F);
+  record.scrivi(campo::Val8, 40.0F);
+  record.scrivi(campo::Val12, std::int16_t{1});
+  record.scrivi(campo::Val14, std::int16_t{0});
+  record.scrivi(campo::Val248, std::int16_t{600});
+  record.scrivi(campo::Canale, static_cast<std::int16_t>(ordinal & 0xFFFFU));
+  std::transform(Sequence.begin(), Sequence.end(), record.byte.begin() + campo::Sequenza,
+                 [](char c) { return static_cast<std::byte>(c); });
+  record.scrivi(campo::Val272, 3.0F);
+  record.scrivi(campo::Val276, std::int32_t{0});
+}
+
+}  // namespace
+
+void CreaHeaderBin(std::string& header, const DateTime& now) {
+  header.assign(HeaderLength, '\0');
+  header.replace(NamePlace, Name.size(), Name);
+  header.replace(DatePlace, DateLength, TestoData(now));
+  header[DatePlace + DateLength] = ' ';
+  header.replace(TimePlace, TimeLength, TestoOra(now));
+  header.back() = LastByte;
+}
+
+void SalvaBinPro(FileWriter& out, Array1<RecordSyscalPro>& RecordOut, const std::int32_t& NqpBin, const DateTime& now) {
+  std::string header;
+  CreaHeaderBin(header, now);
+  out.write(NqpBin > 0 ? std::string_view(header).substr(0, FirstRecord) : std::string_view(header));
+  for (std::size_t k = 1; k <= static_cast<std::size_t>(std::max(NqpBin, 0)); ++k) {
+    RecordSyscalPro& record = RecordOut(k);
+    ImpostaCostanti(record, k - 1);
+    out.write(std::span<const std::byte>(record.byte).first(RecordLengthWritten));
+  }
+}
+
+}  // namespace corvan

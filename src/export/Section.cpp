@@ -1,0 +1,191 @@
+#include "export/Section.h"
+
+#include <cmath>
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "export/TruePositions.h"
+#include "geo/Plane.h"
+
+namespace corvan {
+namespace {
+
+constexpr const char* Procedure = "SalvaEstrattoFile";
+constexpr std::size_t C1 = 12;
+constexpr std::size_t C2 = 13;
+
+/// The electrode grid along the section.
+class ElectrodeGrid {
+ public:
+  ElectrodeGrid(const CableGeometry& cable, double offset) : cable_(cable), offset_(offset) {}
+
+  /// Place of electrode e along the section when the point lies D metres from its start, snapped to the grid.
+  std::optional<double> place(std::size_t e, double D) const {
+    const double steps = std::trunc((cable_.PosRelative.at(e) + D - cable_.Span) / cable_.Passo);
+    const double x = steps * cable_.Passo + offset_;
+    return std::isfinite(x) ? std::optional(x) : std::nullopt;
+  }
+
+ private:
+  const CableGeometry& cable_;
+  double offset_;
+};
+
+/// Everything that one extraction works on.
+struct Extraction {
+  const SectionRequest& request;
+  const CableGeometry cable;
+  const ElectrodeGrid grid;
+  Section section;
+};
+
+void RicalcolaUTM(Survey& survey, GeoGeo& geo) {
+  for (Misura& m : survey.Misure) {
+    if (m.SorgenteUTM || !HaPosizione(m)) continue;
+    geo.Lat(TestoNumero(m.Lat));
+    geo.Lon(TestoNumero(m.Lon));
+    if (!geo.Geo2UTM()) continue;
+    m.UTMx = geo.UTMx();
+    m.UTMy = geo.UTMy();
+  }
+}
+
+Misura& Punto(Survey& survey, std::int32_t p) { return survey.Misure(static_cast<std::size_t>(p)); }
+
+std::vector<std::int32_t> PuntiTenuti(const Survey& survey, std::int32_t E1, std::int32_t E2) {
+  std::vector<std::int32_t> kept;
+  for (std::int32_t p = E1; p <= E2; ++p) {
+    if (Tenuta(survey.Misure(static_cast<std::size_t>(p)))) kept.push_back(p);
+  }
+  return kept;
+}
+
+/// Gives every point of a profile between the kept ones the values of the kept one before it, those at the start the
+/// values of the first.
+void RipetiTenuti(Profile& profile, const std::vector<std::int32_t>& kept) {
+  ProfilePoint last = profile(kept.front());
+  std::size_t next = 0;
+  for (std::int32_t p = profile.Primo(); p <= profile.Ultimo(); ++p) {
+    if (next < kept.size() && kept[next] == p) {
+      last = profile(p);
+      ++next;
+    }
+    profile(p) = last;
+  }
+}
+
+Profile CreaProfilo(Survey& survey, const Section& section, const std::vector<std::int32_t>& kept) {
+  Profile profile(section.E1, section.E2);
+  const ProfilePoint* previous = nullptr;
+  for (const std::int32_t p : kept) {
+    const Misura& m = Punto(survey, p);
+    ProfilePoint& point = profile(p);
+    point = {m.UTMx, m.UTMy, std::isfinite(m.Val12) ? std::abs(static_cast<double>(m.Val12)) : 0.0, 0.0};
+    if (previous != nullptr) point.distanza = previous->distanza + dist(previous->est, previous->nord, point.est, point.nord);
+    previous = &point;
+  }
+  RipetiTenuti(profile, kept);
+  return profile;
+}
+
+/// Depth under a place on the section, as the echo sounder ahead of or behind it saw it.
+float Profondita(const Extraction& x, double place) {
+  return AssegnaZ(x.section.Profilo, x.section.E1, x.section.E2, place + x.request.OffsetEco + x.cable.Span);
+}
+
+double DistanzaDaE1(const Section& section, std::int32_t p) {
+  const ProfilePoint& a = section.Profilo(section.E1);
+  const ProfilePoint& b = section.Profilo(p);
+  return dist(a.est, a.nord, b.est, b.nord);
+}
+
+void CreaProfiloVero(Survey& survey, Extraction& x, const std::vector<std::int32_t>& kept) {
+  x.section.ProfiloVero = x.section.Profilo;
+  for (const std::int32_t p : kept) {
+    const Misura& m = Punto(survey, p);
+    const double place = x.grid.place(C1, DistanzaDaE1(x.section, p)).value_or(0.0);
+    x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], static_cast<double>(Profondita(x, place)), x.section.Profilo(p).distanza};
+  }
+  RipetiTenuti(x.section.ProfiloVero, kept);
+}
+
+/// A coordinate as the record holds it: rounded to centimetres through its text, then a single.
+float CoordinataScritta(double value) { return SingoloOppure(Val(FormattaNumero(value, "#######0.00")), 0.0F); }
+
+/// Electrode places and depths that all channels of a point share a pattern for: A, B, M, N with their fields.
+struct ElectrodeField {
+  Campo<float> x;
+  Campo<float> z;
+};
+constexpr std::array<ElectrodeField, 4> Quadrupole{{{campo::R16, campo::R48},
+                                                    {campo::R20, campo::ZB},
+                                                    {campo::PosM, campo::ZM},
+                                                    {campo::PosN, campo::ZN}}};
+
+void ScriviElettrodi(RecordSyscalPro& record, const Extraction& x, std::size_t channel, double D) {
+  const std::array<std::size_t, 4> electrodes{C1, C2, channel, channel + 1};
+  for (std::size_t i = 0; i < electrodes.size(); ++i) {
+    const float place = SingoloOppure(x.grid.place(electrodes.at(i), D).value_or(0.0), 0.0F);
+    record.scrivi(Quadrupole.at(i).x, place);
+    if (x.request.echoSounder) record.scrivi(Quadrupole.at(i).z, Profondita(x, place));
+  }
+}
+
+/// The ten records of one point, from record `first` on.
+void ScriviPunto(const Misura& m, Extraction& x, double D, std::size_t first) {
+  const float north = CoordinataScritta(m.Deriv[4]);
+  const float east = CoordinataScritta(m.Deriv[3]);
+  const float current = SingoloOppure((static_cast<double>(m.Val180) - static_cast<double>(m.Val184)) / 2.0, 0.0F);
+  for (std::size_t c = 1; c <= MaxChannels; ++c) {
+    RecordSyscalPro& record = x.section.RecordOut(first + c - 1);
+    record.scrivi(campo::Inizio, std::int16_t{9});
+    ScriviElettrodi(record, x, c, D);
+    record.scrivi(campo::R72, current);
+    record.scrivi(campo::R68, SingoloOppure((static_cast<double>(m.CanaleA.at(c)) - static_cast<double>(m.CanaleB.at(c))) / 2.0, 0.0F));
+    record.scrivi(campo::R76, m.Rho.at(c));
+    record.scrivi(campo::Canale, static_cast<std::int16_t>(c));
+    record.scrivi(campo::GpsNord, north);
+    record.scrivi(campo::GpsEst, east);
+  }
+}
+
+void CreaRecord(Survey& survey, Extraction& x) {
+  Section& section = x.section;
+  section.RecordOut = Array1<RecordSyscalPro>(MaxChannels * static_cast<std::size_t>(section.E2 - section.E1 + 1));
+  for (std::int32_t p = section.E1; p <= section.E2; ++p) {
+    const Misura& m = Punto(survey, p);
+    if (m.Scartata) continue;
+    ++section.points;
+    ScriviPunto(m, x, DistanzaDaE1(section, p), static_cast<std::size_t>(section.points - 1) * MaxChannels + 1);
+  }
+}
+
+}  // namespace
+
+Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Diagnostics& diagnostics) {
+  const CableGeometry cable = MisuraCavo(survey.cavo);
+  Extraction x{request, cable, ElectrodeGrid(x.cable, request.OffsetCavo), {}};
+  x.section.E1 = request.E1;
+  x.section.E2 = request.E2;
+  x.section.Passo = cable.Passo;
+  RicalcolaUTM(survey, geo);
+  const std::vector<std::int32_t> kept = PuntiTenuti(survey, request.E1, request.E2);
+  if (kept.empty()) {
+    x.section.Profilo = x.section.ProfiloVero = Profile(request.E1, request.E2);
+    diagnostics.fault(Procedure, "no measurement of the section has a position: no records");
+    return std::move(x.section);
+  }
+  if (cable.Passo == 0.0) {
+    diagnostics.fault(Procedure, "C1 and C2 coincide, the electrode spacing is 0: places along the section are left 0");
+  }
+  x.section.Profilo = CreaProfilo(survey, x.section, kept);
+  CalcolaPosizioniVere(survey, kept, request.position, cable.Lag(request.OffsetCavo));
+  if (request.echoSounder) CreaProfiloVero(survey, x, kept);
+  CreaRecord(survey, x);
+  return std::move(x.section);
+}
+
+}  // namespace corvan

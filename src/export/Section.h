@@ -1,0 +1,49 @@
+// A section of the survey turned into the records of a synthetic resistivity line.
+#pragma once
+
+#include <cstdint>
+
+#include "base/Array1.h"
+#include "base/Diagnostics.h"
+#include "geo/GeoGeo.h"
+#include "survey/RecordSyscalPro.h"
+#include "survey/Survey.h"
+#include "track/Profile.h"
+
+namespace corvan {
+
+/// How true positions are found.
+enum class TruePosition {
+  AsStored,      ///< the stored position is the true one
+  BehindBoat,    ///< moved back along the direction of travel by the cable's lag behind the boat's GPS
+  ExternalGps    ///< the stored position, linked to an external track, is the true one
+};
+
+struct SectionRequest {
+  std::int32_t E1 = 1;        ///< first measurement, 1-based, not greater than E2
+  std::int32_t E2 = 1;        ///< last measurement
+  double OffsetCavo = 0;      ///< distance of the first floating electrode from the instrument, m
+  double OffsetEco = 0;       ///< distance of the echo sounder from the instrument, m
+  TruePosition position = TruePosition::AsStored;
+  bool echoSounder = false;   ///< electrodes get the water depth as z, and the profile of true positions is made
+};
+
+struct Section {
+  std::int32_t E1 = 1;
+  std::int32_t E2 = 1;
+  std::int32_t points = 0;             ///< points that gave records
+  double Passo = 0;                    ///< electrode spacing, m
+  Profile Profilo;                     ///< stored positions and depths
+  Profile ProfiloVero;                 ///< true positions and the depths under the cable; made for the echo sounder
+  Array1<RecordSyscalPro> RecordOut;   ///< ten records a point
+
+  std::int32_t NqpBin() const { return 10 * points; }
+};
+
+/// Extracts the section E1..E2. The true positions are left in Deriv(3) and Deriv(4) of its measurements; positions of
+/// geographic source are computed anew from latitude and longitude. Measurements that are left out give no records;
+/// those without a position repeat the place of the kept one before them. Without any kept point there are no records.
+/// Errors: a failing step (an electrode spacing of 0, a reading that is not finite) leaves its target 0 and is noted.
+Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Diagnostics& diagnostics);
+
+}  // namespace corvan
