@@ -1,0 +1,70 @@
+// What the panels of the program hold: the choices, texts and ticks that commands read and write.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace corvan {
+
+/// Entries of the list of coordinate formats.
+enum class CoordinateEntry { DDMMSS, DDMM, DD, UTM };
+
+/// "File In": what is read and how.
+struct InputPanel {
+  bool visible = false;
+  CoordinateEntry LatLonCmbx = CoordinateEntry::DDMM;
+  bool Option1 = true;    ///< "No Filter"
+  bool Option2 = false;   ///< "Skip bad GPS"
+  bool Option3 = false;   ///< "Interpolate bad GPS"
+  bool pastGaps = false;  ///< "Read past lost fixes"
+  bool south = false;     ///< UTM files only: the southern hemisphere
+  std::filesystem::path Dir1;                 ///< current folder
+  std::vector<std::filesystem::path> File1;   ///< the selected files in list order, relative to nothing: full names
+  std::string Donelbl = "File Read";
+  bool DonelblVisible = false;
+};
+
+/// "File Out": what is written and under which name.
+struct OutputPanel {
+  bool visible = false;
+  bool BinChk = false;
+  bool TxtChk = false;
+  bool EchoZChk = false;
+  bool KMLchk = false;
+  bool TPGChk = false;  ///< has no effect
+  bool ExtGPSChk = false;
+  bool TruePosChk = false;
+  std::string FileOutTxt = "FileOut";  ///< root of the output names, may hold a folder
+};
+
+/// A label with a text and the index it stands for.
+struct TaggedLabel {
+  std::string Caption;
+  std::string Tag;
+};
+
+/// "Extrema": the two ends of the section.
+struct ExtremaPanel {
+  bool visible = false;
+  std::string E1Txt;
+  std::string E2txt;
+  TaggedLabel PrimoLbl{"Extreme: 1", ""};
+  TaggedLabel SecondoLbl{"Extreme: 2", ""};
+};
+
+/// The texts of the two translation panels.
+struct TranslationPanel {
+  std::string TestTxt;    ///< data, east, m
+  std::string TnordTxt;   ///< data, north, m
+  std::string DTestTxt;   ///< depth, east, m
+  std::string DTnordTxt;  ///< depth, north, m
+};
+
+struct InfoLabel {
+  std::string Caption = "InfoLabel";
+  bool Visible = true;
+};
+
+}  // namespace corvan

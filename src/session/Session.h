@@ -1,0 +1,138 @@
+// The whole state of a run and every command of the program, without a toolkit.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "base/Diagnostics.h"
+#include "base/Dialogs.h"
+#include "base/OleDate.h"
+#include "export/KmlGoogle.h"
+#include "export/OutputFiles.h"
+#include "export/Section.h"
+#include "geo/GeoGeo.h"
+#include "geo/ZoneConstants.h"
+#include "session/Panels.h"
+#include "survey/Survey.h"
+#include "track/TrackAnalysis.h"
+#include "view3d/ColourScale.h"
+
+namespace corvan {
+
+/// What the last extraction gave.
+struct SectionSummary {
+  std::int32_t from = 0;
+  std::int32_t to = 0;
+  std::int32_t points = 0;
+  std::int32_t records = 0;
+};
+
+inline constexpr int EnterKey = 13;
+
+/// Window and command line own one Session each and turn every control or option into one of its commands. Commands
+/// trap their own errors: what went wrong is in diagnostics(), what the user must hear goes through Dialogs.
+class Session {
+ public:
+  using Clock = std::function<DateTime()>;
+
+  /// @param dialogs must outlive the session
+  /// @param clock the local date and time, for the header of binary files
+  Session(Dialogs& dialogs, Clock clock);
+
+  // The panels, read and set by whoever shows them.
+  InputPanel FrameFileIn;
+  OutputPanel FrameFileOut;
+  ExtremaPanel FrameExtrema;
+  TranslationPanel FrameDataMove;
+  InfoLabel InfoLbl;
+
+  const Survey& survey() const { return survey_; }
+  const TrackResult& fixes() const { return fixes_; }
+  const ColourRange& colours() const { return colours_; }
+  const Diagnostics& diagnostics() const { return diagnostics_; }
+  const std::vector<std::filesystem::path>& outputs() const { return outputs_.written(); }
+  const std::optional<SectionSummary>& section() const { return section_; }
+  /// 0 no extreme chosen, 1 the first, 2 both.
+  std::int16_t StatoSelezione() const { return statoSelezione_; }
+
+  // Reading.
+  void Form_Load();              ///< settings and labels back to their defaults
+  void LoadFiles_Click();        ///< shows "File In"
+  void CancCmd_Click();          ///< hides it
+  void ConvertAsciiCmd_Click();  ///< "Read File": reads the selected files and runs the whole chain
+
+  // Cable, zone and colours.
+  void CableConf_Click();   ///< "Set Cable Configuration"
+  void SetUtmZone_Click();  ///< "Set UTM Zone"; an empty answer sets zone 32
+  void SetRange_Click();    ///< "Set Colour Scale Range"
+
+  // The two extremes of the section.
+  /// A click on a measurement: the first and second choose the extremes, the third clears both.
+  /// @param Index 1-based; an index that is no measurement is ignored and noted
+  void ptlbl_Click(std::int32_t Index);
+  void E1Txt_KeyPress(int key);
+  void E2txt_KeyPress(int key);
+  void SelFirst_Click();
+  void SelectLast_Click();
+  /// Asks whether to replace the depth of a measurement by the mean of its neighbours'.
+  void dptlbl_DblClick(std::int32_t Index);
+
+  // Translations of the view, m.
+  void EmCmd_Click() { spostaDati(-Step, 0.0); }
+  void EpCmd_Click() { spostaDati(Step, 0.0); }
+  void NmCmd_Click() { spostaDati(0.0, -Step); }
+  void NpCmd_Click() { spostaDati(0.0, Step); }
+  void TestTxt_KeyPress(int key);
+  void TnordTxt_KeyPress(int key);
+  void DEmCmd_Click() { spostaFondo(survey_.settings.TraslFondoEst, -Step); }
+  void DEpCmd_Click() { spostaFondo(survey_.settings.TraslFondoEst, Step); }
+  void DNmCmd_Click() { spostaFondo(survey_.settings.TraslFondoNord, -Step); }
+  void DNpCmd_Click() { spostaFondo(survey_.settings.TraslFondoNord, Step); }
+  void DTestTxt_KeyPress(int key);
+  void DTnordTxt_KeyPress(int key);
+
+  // Writing.
+  void SaveFileOut_Click();     ///< shows "File Out" with .BIN ticked
+  void SaveFileOutTxt_Click();  ///< with .TXT ticked
+  void SaveEcho_Click();        ///< with .ECS ticked
+  void SaveOutCmd_Click();      ///< ">> Save File Out <<"
+  void SalvaEstrattoFile();     ///< extracts the section and writes the ticked formats
+  void SalvaTabella();          ///< writes the whole survey as ROOT.csv
+
+ private:
+  static constexpr double Step = 0.1;
+
+  void BatOperation();
+  void AnalisiFile();
+  void ImpostaZonaDaDati();
+  void ImpostaZona(std::int16_t zone);
+  void azzeraSelezione();
+  void scegliEstremo(std::int32_t index, std::string& box, TaggedLabel& label);
+  void spostaDati(double east, double north);
+  void spostaFondo(float& target, double step);
+  void mostraUscita(bool bin, bool txt, bool echo);
+  SectionRequest chiediSezione();
+  void scriviSezione(Section& section);
+  /// Opens ROOT + extension, lets `body` write it and lists it as written; failures end in the diagnostics.
+  void scrivi(const char* procedure, const char* extension, const std::function<void(FileWriter&)>& body);
+
+  Dialogs& dialogs_;
+  Clock clock_;
+  Diagnostics diagnostics_;
+  Survey survey_;
+  GeoGeo geo_;
+  ZoneConstants zona_;
+  TrackResult fixes_;
+  ColourRange colours_;
+  OutputFiles outputs_;
+  std::unique_ptr<KmlGoogle> kml_;
+  std::optional<SectionSummary> section_;
+  std::int16_t statoSelezione_ = 0;
+  double offsetCavo_ = 0;  ///< distance of the first floating electrode from the instrument, m
+  double offsetEco_ = 0;   ///< distance of the echo sounder from the instrument, m
+};
+
+}  // namespace corvan

@@ -1,0 +1,109 @@
+// Extracting the section and writing the outputs.
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "base/ErrorTrap.h"
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "export/BinWriter.h"
+#include "export/SurveyKml.h"
+#include "export/SurveyTable.h"
+#include "export/TextWriters.h"
+#include "session/Session.h"
+
+namespace corvan {
+
+void Session::SaveFileOut_Click() { mostraUscita(true, false, false); }
+
+void Session::SaveFileOutTxt_Click() { mostraUscita(false, true, false); }
+
+void Session::SaveEcho_Click() { mostraUscita(false, false, true); }
+
+void Session::mostraUscita(bool bin, bool txt, bool echo) {
+  FrameFileOut.visible = true;
+  FrameFileOut.BinChk = bin;
+  FrameFileOut.TxtChk = txt;
+  FrameFileOut.EchoZChk = echo;
+}
+
+void Session::SaveOutCmd_Click() {
+  SalvaEstrattoFile();
+  FrameFileOut.visible = false;
+}
+
+void Session::SalvaEstrattoFile() {
+  section_.reset();
+  if (statoSelezione_ != 2) {
+    dialogs_.MsgBox({"No points selected", "", Buttons::Ok});
+    return;
+  }
+  Trappola(diagnostics_, "SalvaEstrattoFile", [this] {
+    Section section = EstraiSezione(survey_, geo_, chiediSezione(), diagnostics_);
+    section_ = SectionSummary{section.E1, section.E2, section.points, section.NqpBin()};
+    scriviSezione(section);
+  });
+}
+
+SectionRequest Session::chiediSezione() {
+  SectionRequest request;
+  const std::int32_t last = survey_.NumMisure();
+  request.E1 = std::clamp(AInt32(Val(FrameExtrema.E1Txt)), 1, last);
+  request.E2 = std::clamp(AInt32(Val(FrameExtrema.E2txt)), 1, last);
+  if (request.E2 < request.E1) std::swap(request.E1, request.E2);
+
+  const auto ask = [this](double& offset, const char* prompt, const char* title) {
+    Trappola(diagnostics_, "SalvaEstrattoFile",
+             [&] { offset = Val(dialogs_.InputBox({prompt, title, TestoNumero(offset)})); });
+  };
+  ask(offsetCavo_, "Distance of the first floating Electrode from Syscal", "Set Cable Offset Value ");
+  ask(offsetEco_, "Distance of EchoSounder from Syscal", "Set EchoSounder Offset Value ");
+  request.OffsetCavo = offsetCavo_;
+  request.OffsetEco = offsetEco_;
+
+  request.echoSounder = FrameFileOut.EchoZChk;
+  if (FrameFileOut.TruePosChk) {
+    request.position = FrameFileOut.ExtGPSChk ? TruePosition::ExternalGps : TruePosition::BehindBoat;
+  }
+  return request;
+}
+
+void Session::scriviSezione(Section& section) {
+  const std::int32_t NqpBin = section.NqpBin();
+  if (FrameFileOut.BinChk) {
+    scrivi("SalvaBinPro", ".bin", [&](FileWriter& out) { SalvaBinPro(out, section.RecordOut, NqpBin, clock_()); });
+  }
+  if (FrameFileOut.TxtChk) {
+    scrivi("SalvaAscii", ".txt", [&](FileWriter& out) { SalvaAscii(out, section.RecordOut, NqpBin); });
+  }
+  if (FrameFileOut.EchoZChk) {
+    scrivi("SalvaTraccia", ".ecs", [&](FileWriter& out) { SalvaTraccia(out, section.Profilo, section.E1, section.E2); });
+    scrivi("SalvaTraccia", ".ecst", [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.E1, section.E2); });
+  }
+  if (!FrameFileOut.KMLchk) return;
+  const bool written = Trappola(diagnostics_, "SalvaKML", [&] {
+    if (!kml_) kml_ = std::make_unique<KmlGoogle>();
+    kml_->FileName(NomeUscita(FrameFileOut.FileOutTxt, ".kml").string());
+    outputs_.prepara(kml_->FileName());
+    corvan::SalvaKML(*kml_, survey_, geo_, {section.E1, section.E2, section.Passo, colours_}, dialogs_, diagnostics_);
+    outputs_.scritto(kml_->FileName());
+  });
+  if (!written) kml_.reset();  // gives up the half-written file
+}
+
+void Session::SalvaTabella() {
+  scrivi("SalvaTabella", ".csv", [this](FileWriter& out) { corvan::SalvaTabella(out, survey_); });
+}
+
+void Session::scrivi(const char* procedure, const char* extension, const std::function<void(FileWriter&)>& body) {
+  Trappola(diagnostics_, procedure, [&] {
+    const std::filesystem::path name = NomeUscita(FrameFileOut.FileOutTxt, extension);
+    outputs_.prepara(name);
+    FileWriter out(name);
+    body(out);
+    out.close();
+    outputs_.scritto(name);
+  });
+}
+
+}  // namespace corvan
