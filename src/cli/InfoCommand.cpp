@@ -1,0 +1,196 @@
+// corvan-cli info: what is in each file, without processing it.
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/ErrorTrap.h"
+#include "base/NumberText.h"
+#include "base/OleDate.h"
+#include "cli/Commands.h"
+#include "cli/Report.h"
+#include "input/InputDriver.h"
+#include "input/SyscalScan.h"
+#include "input/TextReader.h"
+
+namespace corvan::cli {
+namespace {
+
+constexpr const char* Procedure = "info";
+
+/// A range that grows with each value.
+struct Range {
+  double low = 0, high = 0;
+  bool any = false;
+
+  void widen(double value) {
+    low = any ? std::min(low, value) : value;
+    high = any ? std::max(high, value) : value;
+    any = true;
+  }
+};
+
+struct FileInfo {
+  std::string name;
+  std::string format;
+  std::uintmax_t bytes = 0;
+  std::size_t recordLength = 0;
+  std::size_t records = 0;
+  std::int32_t channels = 0;
+  std::int32_t largestChannel = 0;
+  std::size_t firings = 0;
+  std::size_t positioned = 0;
+  Range time;   ///< days since 1899-12-30
+  Range depth;  ///< m
+  std::vector<std::pair<Severity, std::string>> findings;  ///< what would be left unread or is amiss
+};
+
+/// Looks at the firings that a reading with the counted channels would give.
+void EsaminaScatti(const SyscalScan& scan, FileInfo& info) {
+  const SyscalRecords& records = scan.records;
+  const auto channels = static_cast<std::size_t>(scan.counted);
+  const bool timed = records.length() >= 304;
+  for (std::size_t first = scan.PrimoValido; first <= scan.UltimoValido; first += channels) {
+    const std::size_t last = std::min(first + channels - 1, scan.UltimoValido);
+    bool fix = false;
+    for (std::size_t k = first; k <= last; ++k) {
+      const bool here = NordDi(records, k) != 0.0F && EstDi(records, k) != 0.0F;
+      fix = fix || here;
+      const double time = records.leggi(k, campo::Tempo);
+      const float depth = records.leggi(k, campo::R48);
+      if (timed && TempoValido(time)) info.time.widen(time);
+      if (here && std::isfinite(depth)) info.depth.widen(depth);
+    }
+    ++info.firings;
+    info.positioned += fix ? 1U : 0U;
+  }
+}
+
+void EsaminaBinario(FileBytes bytes, FileInfo& info) {
+  if (const std::string reason = RifiutoSyscal(bytes.size()); !reason.empty()) throw FileError(info.name, reason);
+  const SyscalScan scan = EsaminaSyscal(std::move(bytes));
+  if (AltroGenere(scan)) throw FileError(info.name, "is neither a Syscal file nor a text export");
+  info.format = "syscal";
+  info.recordLength = scan.records.length();
+  info.records = scan.records.size();
+  info.channels = scan.counted;
+  info.largestChannel = scan.MaxCanale;
+  if (info.records > 0) EsaminaScatti(scan, info);
+  info.findings = RilieviSyscal(scan, scan.UltimoValido, scan.counted, false);
+  if (info.records > 0 && scan.counted != scan.MaxCanale) {
+    info.findings.emplace_back(Severity::Note, "the counted " + std::to_string(scan.counted) +
+                                                   " channels differ from the largest channel number " +
+                                                   std::to_string(scan.MaxCanale) + ": the number is asked (--channels)");
+  }
+}
+
+void EsaminaEsportazione(std::string_view text, FileInfo& info) {
+  const auto count = [&info](Misura&& m) {
+    ++info.firings;
+    if (m.SenzaFix) return;
+    ++info.positioned;
+    if (std::isfinite(m.Val12)) info.depth.widen(static_cast<double>(m.Val12));
+  };
+  info.format = "text";
+  info.channels = info.largestChannel = static_cast<std::int32_t>(MaxChannels);
+  TextScan scan;
+  try {
+    scan = EsaminaTesto(text, ReadSpan::ToFirstLostFix, false, count);
+  } catch (const RunTimeError& error) {
+    throw FileError(info.name, error.what());
+  }
+  info.records = scan.lines;
+  info.findings = RilieviTesto(scan, ReadSpan::ToFirstLostFix);
+}
+
+FileInfo Esamina(const std::string& name, Diagnostics& diagnostics) {
+  FileInfo info;
+  info.name = name;
+  Trappola(diagnostics, Procedure, [&] {
+    FileBytes bytes = LeggiTutto(name);
+    info.bytes = bytes.size();
+    if (TestataDiTesto(bytes.text())) {
+      EsaminaEsportazione(bytes.text(), info);
+    } else {
+      EsaminaBinario(std::move(bytes), info);
+    }
+  });
+  for (const auto& [severity, reason] : info.findings) diagnostics.add({Procedure, name + ": " + reason, severity});
+  return info;
+}
+
+std::string Quando(double days) { return TestoDataOra(DaGiorni(days)); }
+
+Json InJson(const FileInfo& info) {
+  Json unread = Json::array();
+  for (const auto& finding : info.findings) unread.push_back(finding.second);
+  return {{"name", info.name},
+          {"format", info.format.empty() ? Json(nullptr) : Json(info.format)},
+          {"bytes", info.bytes},
+          {"record_length", info.recordLength},
+          {"records", info.records},
+          {"channels", info.channels},
+          {"largest_channel", info.largestChannel},
+          {"firings", info.firings},
+          {"positioned", info.positioned},
+          {"time_first", info.time.any ? Json(Quando(info.time.low)) : Json(nullptr)},
+          {"time_last", info.time.any ? Json(Quando(info.time.high)) : Json(nullptr)},
+          {"depth_min", info.depth.any ? Json(info.depth.low) : Json(nullptr)},
+          {"depth_max", info.depth.any ? Json(info.depth.high) : Json(nullptr)},
+          {"unread", unread}};
+}
+
+std::string InTesto(const FileInfo& info) {
+  std::ostringstream out;
+  out << info.name << '\n';
+  if (info.format.empty()) return out.str() + "  not readable as a survey\n";
+  const bool text = info.format == "text";
+  out << "  format     " << (text ? "text export" : "Syscal Pro") << ", " << info.bytes << " bytes\n";
+  if (!text) out << "  records    " << info.records << " of " << info.recordLength << " bytes\n";
+  if (text) out << "  lines      " << info.records << '\n';
+  out << "  channels   " << info.channels << '\n';
+  out << "  firings    " << info.firings << ", " << info.positioned << " with a position\n";
+  if (info.time.any) out << "  time       " << Quando(info.time.low) << " to " << Quando(info.time.high) << '\n';
+  if (info.depth.any) {
+    out << "  depth      " << FormattaNumero(info.depth.low, "0.0##") << " to " << FormattaNumero(info.depth.high, "0.0##") << " m\n";
+  }
+  for (const auto& finding : info.findings) out << "  - " << finding.second << '\n';
+  return out.str();
+}
+
+int Esegui(const std::vector<std::string>& files, bool json) {
+  Diagnostics diagnostics;
+  Json list = Json::array();
+  for (const std::string& name : files) {
+    const FileInfo info = Esamina(name, diagnostics);
+    if (json) {
+      list.push_back(InJson(info));
+    } else {
+      std::cout << InTesto(info);
+    }
+  }
+  if (json) std::cout << TestoJson({{"files", list}, {"diagnostics", DiagnosticaJson(diagnostics)}});
+  StampaDiagnostica(diagnostics);
+  return diagnostics.anyFault() ? NotAllDone : AllDone;
+}
+
+}  // namespace
+
+void AggiungiInfo(CLI::App& app, Work& work) {
+  struct Options {
+    std::vector<std::string> files;
+    bool json = false;
+  };
+  CLI::App* command = app.add_subcommand("info", "Tell what is in each file, without processing it");
+  const auto options = std::make_shared<Options>();
+  command->add_option("files", options->files, "Survey files")->required()->type_name("FILE");
+  command->add_flag("--json", options->json, "Print one JSON object");
+  command->callback([options, &work] { work = [options] { return Esegui(options->files, options->json); }; });
+}
+
+}  // namespace corvan::cli

@@ -1,0 +1,213 @@
+// corvan-cli process: the whole chain from survey files to a written section.
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/NumberText.h"
+#include "cli/Commands.h"
+#include "cli/ProcessSummary.h"
+#include "cli/Report.h"
+#include "cli/ScriptedDialogs.h"
+#include "cli/Validators.h"
+#include "session/Session.h"
+
+namespace corvan::cli {
+namespace {
+
+/// The options as typed; texts that answer a question are handed on unread.
+struct ProcessOptions {
+  std::vector<std::string> files;
+  CoordinateEntry coords = CoordinateEntry::DDMM;
+  BadGps badGps = BadGps::NoFilter;
+  std::string channels;
+  bool pastGaps = false;
+  std::string cable;
+  std::string zone;
+  bool south = false;
+  std::int32_t from = 1;
+  std::optional<std::int32_t> to;
+  bool truePosition = false;
+  bool externalGps = false;
+  std::string cableOffset = "0";
+  std::string echoOffset = "0";
+  std::string kmlOffset;
+  std::string out;
+  std::string formats = "bin";
+  std::string range;
+  std::string dataShift;
+  std::string depthShift;
+  bool json = false;
+
+  bool writes(const std::string& format) const {
+    const std::vector<std::string> chosen = Voci(formats);
+    return std::find(chosen.begin(), chosen.end(), format) != chosen.end();
+  }
+};
+
+DateTime Adesso() {
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+#ifdef _WIN32
+  localtime_s(&local, &now);
+#else
+  localtime_r(&now, &local);
+#endif
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, std::min(local.tm_sec, 59)};
+}
+
+void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
+  if (!options.channels.empty()) dialogs.answer("Set Channel Number", options.channels);
+  dialogs.answer("Set String", options.cable);
+  dialogs.answer("UTM Zone n. ", options.zone);
+  dialogs.answer("Scale (Min; Max)", options.range);
+  dialogs.answer("Distance of the first floating Electrode from Syscal", options.cableOffset);
+  dialogs.answer("Distance of EchoSounder from Syscal", options.echoOffset);
+  dialogs.answer("Add vertical offset [m]", options.kmlOffset);
+}
+
+std::string Radice(const ProcessOptions& options) {
+  if (!options.out.empty()) return options.out;
+  return std::filesystem::path(options.files.front()).stem().string() + "_section";
+}
+
+void PreparaPannelli(Session& session, const ProcessOptions& options) {
+  InputPanel& in = session.FrameFileIn;
+  in.LatLonCmbx = options.coords;
+  in.Option1 = options.badGps == BadGps::NoFilter;
+  in.Option2 = options.badGps == BadGps::Skip;
+  in.Option3 = options.badGps == BadGps::Interpolate;
+  in.pastGaps = options.pastGaps;
+  in.south = options.south;
+  in.File1.assign(options.files.begin(), options.files.end());
+  OutputPanel& out = session.FrameFileOut;
+  out.BinChk = options.writes("bin");
+  out.TxtChk = options.writes("txt");
+  out.EchoZChk = options.writes("ecs");
+  out.KMLchk = options.writes("kml");
+  out.TruePosChk = options.truePosition;
+  out.ExtGPSChk = options.externalGps;
+  out.FileOutTxt = Radice(options);
+}
+
+/// Types the two halves of "E,N" into their boxes and presses Enter in each.
+template <class PressEast, class PressNorth>
+void Trasla(const std::string& shift, std::string& eastBox, std::string& northBox, PressEast pressEast, PressNorth pressNorth) {
+  if (shift.empty()) return;
+  const std::size_t comma = shift.find(',');
+  eastBox = shift.substr(0, comma);
+  pressEast();
+  northBox = shift.substr(comma + 1);
+  pressNorth();
+}
+
+void ScegliEstremi(Session& session, const ProcessOptions& options) {
+  session.FrameExtrema.E1Txt = std::to_string(options.from);
+  session.FrameExtrema.E2txt = std::to_string(options.to.value_or(session.survey().NumMisure()));
+  session.E1Txt_KeyPress(EnterKey);
+  session.E2txt_KeyPress(EnterKey);
+}
+
+int Esegui(const ProcessOptions& options) {
+  ScriptedDialogs dialogs;
+  PreparaRisposte(dialogs, options);
+  Session session(dialogs, Adesso);
+  PreparaPannelli(session, options);
+  session.ConvertAsciiCmd_Click();
+  if (!options.cable.empty()) session.CableConf_Click();
+  if (!options.zone.empty()) session.SetUtmZone_Click();
+  TranslationPanel& boxes = session.FrameDataMove;
+  Trasla(options.dataShift, boxes.TestTxt, boxes.TnordTxt, [&] { session.TestTxt_KeyPress(EnterKey); },
+         [&] { session.TnordTxt_KeyPress(EnterKey); });
+  Trasla(options.depthShift, boxes.DTestTxt, boxes.DTnordTxt, [&] { session.DTestTxt_KeyPress(EnterKey); },
+         [&] { session.DTnordTxt_KeyPress(EnterKey); });
+  if (!options.range.empty()) session.SetRange_Click();
+  if (options.writes("csv")) session.SalvaTabella();
+  ScegliEstremi(session, options);
+  session.SalvaEstrattoFile();
+  StampaDiagnostica(session.diagnostics());
+  std::cout << (options.json ? TestoJson(SommarioJson(session, dialogs.messages())) : SommarioTesto(session));
+  return session.diagnostics().anyFault() || !dialogs.messages().empty() ? NotAllDone : AllDone;
+}
+
+/// Options whose work comes with later versions: refused with a clear word rather than passed over.
+void AggiungiRifiutate(CLI::App& command) {
+  const auto refuse = [&command](const char* names, const char* what) {
+    command
+        .add_option_function<std::vector<std::string>>(
+            names,
+            [names, what](const std::vector<std::string>&) {
+              throw CLI::ValidationError(names, std::string(what) + " not available in this version");
+            },
+            std::string("(not available in this version: ") + what + ")")
+        ->group("Not available yet");
+  };
+  for (const char* name : {"--gps", "--link", "--clock-offset", "--connect"}) refuse(name, "external GPS tracks are");
+  for (const char* name : {"--picture", "--size", "--theta", "--phi", "--gamma", "--zoom", "--projection", "--layers"}) {
+    refuse(name, "pictures are");
+  }
+}
+
+void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
+  command.add_option("files", o.files, "Survey files: Syscal binaries or text exports, read in this order")->required()->type_name("FILE");
+  const std::map<std::string, CoordinateEntry> coords{{"ddmmss", CoordinateEntry::DDMMSS},
+                                                      {"ddmm", CoordinateEntry::DDMM},
+                                                      {"dd", CoordinateEntry::DD},
+                                                      {"utm", CoordinateEntry::UTM}};
+  command.add_option("--coords", o.coords, "Coordinate format of the files (default ddmm)")
+      ->transform(CLI::Transformer(coords))
+      ->type_name("ddmmss|ddmm|dd|utm");
+  const std::map<std::string, BadGps> filters{
+      {"none", BadGps::NoFilter}, {"skip", BadGps::Skip}, {"interpolate", BadGps::Interpolate}};
+  command.add_option("--bad-gps", o.badGps, "Measurements without a fix: keep, leave out, or place between their neighbours (default none)")
+      ->transform(CLI::Transformer(filters))
+      ->type_name("none|skip|interpolate");
+  command.add_option("--channels", o.channels, "Channels per firing, where the file leaves them open (default: as counted)")
+      ->check(Numero())
+      ->type_name("N");
+  command.add_flag("--past-gaps", o.pastGaps, "Read past lost fixes to the last positioned record");
+  command.add_option("--cable", o.cable, "Cable configuration, e.g. \"C1 55 C2 60 E1 50 E2 45 ... E11 0\"")->type_name("TEXT");
+  command.add_option("--zone", o.zone, "UTM zone (default: that of the first fix; 32 for UTM files)")->check(Numero())->type_name("N");
+  command.add_flag("--south", o.south, "UTM files: the southern hemisphere");
+}
+
+void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
+  command.add_option("--from", o.from, "First measurement of the section (default: the first)")->type_name("I");
+  command.add_option("--to", o.to, "Last measurement of the section (default: the last)")->type_name("J");
+  command.add_flag("--true-position", o.truePosition, "Move positions from the GPS back to the current dipole");
+  command.add_flag("--external-gps", o.externalGps, "Take linked external positions as true ones");
+  command.add_option("--cable-offset", o.cableOffset, "Distance of the first floating electrode from the Syscal, m (default 0)")->check(Numero())->type_name("M");
+  command.add_option("--echo-offset", o.echoOffset, "Distance of the echo sounder from the Syscal, m (default 0)")->check(Numero())->type_name("M");
+  command.add_option("--kml-offset", o.kmlOffset, "Metres added to every altitude of the .kml")->type_name("TEXT");
+  command.add_option("--data-shift", o.dataShift, "Translation of the data in the view, m")->check(Coppia())->type_name("E,N");
+  command.add_option("--depth-shift", o.depthShift, "Translation of the echo-sounder profile in the view, m")->check(Coppia())->type_name("E,N");
+  command.add_option("--range", o.range, "Bounds of the colour scale, ohm m (default: from the data)")->check(Intervallo())->type_name("MIN;MAX");
+}
+
+void AggiungiUscita(CLI::App& command, ProcessOptions& o) {
+  command.add_option("--out", o.out, "Root of the output names (default: first file's name with _section behind)")->type_name("ROOT");
+  command.add_option("--format", o.formats, "Comma-separated list of bin, txt, ecs, kml, csv (default bin)")
+      ->check(Elenco({"bin", "txt", "ecs", "kml", "csv"}))
+      ->type_name("LIST");
+  command.add_flag("--json", o.json, "Print the summary as one JSON object");
+}
+
+}  // namespace
+
+void AggiungiProcess(CLI::App& app, Work& work) {
+  CLI::App* command = app.add_subcommand("process", "Read survey files, analyse the track and write a section");
+  const auto options = std::make_shared<ProcessOptions>();
+  AggiungiLettura(*command, *options);
+  AggiungiSezione(*command, *options);
+  AggiungiUscita(*command, *options);
+  AggiungiRifiutate(*command);
+  command->callback([options, &work] { work = [options] { return Esegui(*options); }; });
+}
+
+}  // namespace corvan::cli

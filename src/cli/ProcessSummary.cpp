@@ -1,0 +1,74 @@
+#include "cli/ProcessSummary.h"
+
+#include <sstream>
+
+#include "base/NumberText.h"
+
+namespace corvan::cli {
+namespace {
+
+std::string Metri(double value) { return FormattaNumero(value, "0.0##") + " m"; }
+
+}  // namespace
+
+std::string SommarioTesto(const Session& session) {
+  const Survey& survey = session.survey();
+  const TrackExtent& t = survey.traccia;
+  std::ostringstream out;
+  for (const FileSummary& file : survey.files) {
+    out << file.path.string() << ": ";
+    if (file.format.empty()) {
+      out << "not read\n";
+      continue;
+    }
+    out << file.format << ", " << file.bytes << " bytes, " << file.records
+        << (file.format == "text" ? " lines, " : " records, ") << file.channels << " channels, " << file.firings << " firings\n";
+  }
+  out << "measurements  " << survey.NumMisure() << " (" << session.fixes().discarded << " discarded, "
+      << session.fixes().interpolated << " interpolated)\n";
+  out << "UTM zone      " << survey.settings.ZonaUTM << "\n";
+  out << "resistivity   " << FormattaNumero(static_cast<double>(t.RhoMin), "0.0##") << " to "
+      << FormattaNumero(static_cast<double>(t.RhoMax), "0.0##") << " ohm m\n";
+  out << "track         " << Metri(t.Lunghezza) << ", mean spacing " << Metri(static_cast<double>(t.PassoMedio)) << "\n";
+  if (const auto& section = session.section()) {
+    out << "section       " << section->from << " to " << section->to << ", " << section->points << " points, "
+        << section->records << " records\n";
+  }
+  for (const auto& path : session.outputs()) out << "written       " << path.string() << "\n";
+  return out.str();
+}
+
+Json SommarioJson(const Session& session, const std::vector<std::string>& messages) {
+  const Survey& survey = session.survey();
+  const TrackExtent& t = survey.traccia;
+  Json json;
+  json["files"] = Json::array();
+  for (const FileSummary& file : survey.files) {
+    json["files"].push_back({{"name", file.path.string()},
+                             {"format", file.format.empty() ? Json(nullptr) : Json(file.format)},
+                             {"bytes", file.bytes},
+                             {"record_length", file.recordLength},
+                             {"records", file.records},
+                             {"channels", file.channels},
+                             {"firings", file.firings}});
+  }
+  json["measurements"] = survey.NumMisure();
+  json["discarded"] = session.fixes().discarded;
+  json["interpolated"] = session.fixes().interpolated;
+  json["zone"] = survey.settings.ZonaUTM;
+  json["rho_min"] = NumeroJson(t.RhoMin);
+  json["rho_max"] = NumeroJson(t.RhoMax);
+  json["track_length"] = NumeroJson(t.Lunghezza);
+  json["mean_spacing"] = NumeroJson(t.PassoMedio);
+  json["section"] = nullptr;
+  if (const auto& section = session.section()) {
+    json["section"] = {{"from", section->from}, {"to", section->to}, {"points", section->points}, {"records", section->records}};
+  }
+  json["outputs"] = Json::array();
+  for (const auto& path : session.outputs()) json["outputs"].push_back(path.string());
+  json["messages"] = messages;
+  json["diagnostics"] = DiagnosticaJson(session.diagnostics());
+  return json;
+}
+
+}  // namespace corvan::cli

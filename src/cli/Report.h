@@ -1,0 +1,25 @@
+// How results and diagnostics are printed.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "base/Diagnostics.h"
+
+namespace corvan::cli {
+
+using Json = nlohmann::ordered_json;
+
+/// Prints every diagnostic on standard error, one line each, faults as "error", notes as "note".
+void StampaDiagnostica(const Diagnostics& diagnostics);
+
+Json DiagnosticaJson(const Diagnostics& diagnostics);
+
+/// A single as the number that its shortest text reads, so that 0.1 stays 0.1; null when it is not finite.
+Json NumeroJson(float value);
+Json NumeroJson(double value);
+
+/// The object as text with a line end; bytes that are no UTF-8 are replaced.
+std::string TestoJson(const Json& json);
+
+}  // namespace corvan::cli

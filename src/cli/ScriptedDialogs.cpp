@@ -1,0 +1,47 @@
+#include "cli/ScriptedDialogs.h"
+
+#include <iostream>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace corvan::cli {
+namespace {
+
+bool ErroreSuTerminale() {
+#ifdef _WIN32
+  return _isatty(2) != 0;
+#else
+  return isatty(STDERR_FILENO) != 0;
+#endif
+}
+
+}  // namespace
+
+ScriptedDialogs::ScriptedDialogs() : terminal_(ErroreSuTerminale()) {}
+
+Answer ScriptedDialogs::MsgBox(const MessageRequest& request) {
+  messages_.push_back(request.text);
+  std::cerr << "message: " << request.text << '\n';
+  return Answer::Ok;
+}
+
+std::string ScriptedDialogs::InputBox(const InputRequest& request) {
+  const auto found = answers_.find(request.prompt);
+  return found == answers_.end() ? "" : found->second;
+}
+
+void ScriptedDialogs::Avanzamento(const ProgressStep& step) {
+  if (!terminal_) return;
+  constexpr const char* clear = "\r\033[K";
+  std::cerr << clear;
+  if (step.done < step.total) {
+    std::cerr << "Reading file " << step.done + 1 << " of " << step.total << ": " << step.subject;
+  }
+  std::cerr.flush();
+}
+
+}  // namespace corvan::cli

@@ -1,0 +1,47 @@
+#include "cli/Validators.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/NumberText.h"
+
+namespace corvan::cli {
+namespace {
+
+CLI::Validator DueNumeri(char separator, const char* form) {
+  return {[separator, form](std::string& text) -> std::string {
+            const std::size_t at = text.find(separator);
+            const bool pair = at != std::string::npos && SoloNumero(text.substr(0, at)) && SoloNumero(text.substr(at + 1));
+            return pair ? "" : "\"" + text + "\" is not " + form;
+          },
+          form};
+}
+
+}  // namespace
+
+CLI::Validator Numero() {
+  return {[](std::string& text) -> std::string {
+            return SoloNumero(text) ? "" : "\"" + text + "\" is not a number";
+          },
+          "NUMBER"};
+}
+
+CLI::Validator Coppia() { return DueNumeri(',', "E,N"); }
+
+CLI::Validator Intervallo() { return DueNumeri(';', "MIN;MAX"); }
+
+CLI::Validator Elenco(std::vector<std::string> words) {
+  return {[words = std::move(words)](std::string& list) -> std::string {
+            for (const std::string& word : Voci(list)) {
+              if (std::find(words.begin(), words.end(), word) == words.end()) {
+                return "\"" + word + "\" is not one of " + CLI::detail::join(words, ", ");
+              }
+            }
+            return "";
+          },
+          "LIST"};
+}
+
+std::vector<std::string> Voci(const std::string& list) { return CLI::detail::split(list, ','); }
+
+}  // namespace corvan::cli

@@ -1,0 +1,23 @@
+// Checks of option values.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+namespace corvan::cli {
+
+/// One plain finite number.
+CLI::Validator Numero();
+/// Two numbers joined by a comma, e.g. "2.5,-1".
+CLI::Validator Coppia();
+/// Two numbers joined by a semicolon, e.g. "0.5;12".
+CLI::Validator Intervallo();
+
+/// A comma-separated list of some of the words.
+CLI::Validator Elenco(std::vector<std::string> words);
+
+/// The words of a comma-separated list.
+std::vector<std::string> Voci(const std::string& list);
+
+}  // namespace corvan::cli

@@ -1,0 +1,30 @@
+// corvan-cli: the survey program without a window.
+#include <exception>
+#include <iostream>
+
+#include "cli/Commands.h"
+
+int main(int argc, char** argv) {
+  using namespace corvan::cli;
+  try {
+    CLI::App app{"Corvan: pre-processing of marine electrical-resistivity surveys"};
+    app.set_version_flag("--version", "corvan-cli " CORVAN_VERSION);
+    app.require_subcommand(1);
+    Work work;
+    AggiungiProcess(app, work);
+    AggiungiInfo(app, work);
+    AggiungiConvert(app, work);
+    try {
+      app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+      return app.exit(error) == 0 ? AllDone : WrongCommandLine;
+    }
+    const int status = work();
+    std::cout.flush();
+    if (std::cout) return status;
+    std::cerr << "corvan-cli: standard output could not be written\n";
+  } catch (const std::exception& error) {
+    std::cerr << "corvan-cli: " << error.what() << '\n';
+  }
+  return NotAllDone;
+}
