@@ -7,6 +7,7 @@ namespace {
 
 /// The k-th field as it stands, empty when absent; settles the separator on the way.
 std::string_view Taglia(std::string_view riga, std::string& separatore, std::size_t k) {
+  if (Rifila(riga).empty()) return {};  // an empty line settles no separator
   if (separatore.empty()) separatore = ScegliSeparatore(Rifila(riga));
   FieldCursor cursor(riga, separatore);
   std::string_view field;

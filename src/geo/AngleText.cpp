@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "base/Errors.h"
 #include "base/Fields.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -71,6 +72,8 @@ std::string TestoDaGradi(double degrees, AngleFormat format) {
   constexpr long long minuteUnits = 1000000;
   if (format == AngleFormat::D_DDDD) return FormattaNumero(degrees, "##0.0000######");
   const bool seconds = format == AngleFormat::DMMSS;
+  constexpr double largest = 1e9;
+  if (!(std::abs(degrees) <= largest)) throw RunTimeError("angle " + TestoNumero(degrees) + " is no angle");
   const double magnitude = std::abs(degrees) * (seconds ? 3600.0 : 60.0);
   const long long units = std::stoll(UltimaUnita(magnitude, seconds ? secondPlaces : minutePlaces));
   const std::string sign = degrees < 0.0 && units != 0 ? "-" : "";

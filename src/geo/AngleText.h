@@ -17,6 +17,7 @@ double GradiDaTesto(std::string_view text, AngleFormat format);
 
 /// Writes an angle in decimal degrees: 45.5 gives "453000.0", "4530.00" or "45.5000". The whole angle is rounded to
 /// the last place first (0.01", 0.000001' or 1e-10°) and then split, so that no piece reads 60.
+/// @throws RunTimeError when it is too large to be split
 std::string TestoDaGradi(double degrees, AngleFormat format);
 
 /// An angle in decimal degrees as the number that a file of this layout would hold (45.5 gives 453000, 4530 or 45.5),

@@ -157,6 +157,8 @@ bool GeoGeo::UTM2Geo() {
   const double D = (FalseEasting - x_) / (N1 * Scale);  // positive to the west of the central meridian
   const double D2 = D * D, D3 = D2 * D, D4 = D3 * D, D5 = D4 * D, D6 = D5 * D;
 
+  // Plus before the fourth power where the textbook has a minus: it takes metres off a latitude far from the central
+  // meridian, and published positions depend on it.
   const double phi = phi1 - (N1 * tangent / R1) * (D2 / 2 + (5 + 3 * T1 + 10 * C1 - 4 * C1 * C1 - 9 * ep2) * D4 / 24 +
                                                    (61 + 90 * T1 + 298 * C1 + 45 * T1 * T1 - 3 * C1 * C1 - 252 * ep2) * D6 / 720);
   const double lambda = meridian_ - (D - (1 + 2 * T1 + C1) * D3 / 6 +

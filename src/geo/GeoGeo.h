@@ -17,9 +17,9 @@ namespace corvan {
 /// UTMx, UTMy, or the other way UTMx, UTMy, UTM2Geo, Lat, Lon. The first longitude fixes the zone for all later points:
 /// a survey is kept in one zone.
 ///
-/// The series are those that published files were made with: three coefficients of the meridional arc differ from the
-/// textbook and are kept. Up to 3° from the central meridian the forward series agrees with the exact projection to
-/// a few metres in northing and centimetres in easting (docs/accuracy.md gives the figures).
+/// The series are those that published files were made with. Forward, three coefficients of the meridional arc differ
+/// from the textbook; up to 3° from the central meridian the result stays within decimetres of the exact projection. Back,
+/// one sign differs: latitudes come out up to eight metres short there. docs/accuracy.md gives the figures.
 class GeoGeo {
  public:
   /// @param dialogs where "Wrong Datum Name" and the format warning are shown; must outlive this object
@@ -70,8 +70,8 @@ class GeoGeo {
   /// @return false after such a fault
   bool Geo2UTM();
 
-  /// Footpoint-latitude inverse (Snyder, USGS PP 1395, eq. 3-26 and 8-17 to 8-25). An arithmetic fault leaves latitude
-  /// and longitude as they were. @return false after such a fault
+  /// Footpoint-latitude inverse (Snyder, USGS PP 1395, eq. 3-26 and 8-17 to 8-25, but for one sign). An arithmetic fault
+  /// leaves latitude and longitude as they were. @return false after such a fault
   bool UTM2Geo();
 
   /// Decimal degrees of a number in the current layout, e.g. 45.5 for 4530 of "DMM.MMM".

@@ -45,6 +45,9 @@ std::vector<std::pair<Severity, std::string>> RilieviTesto(const TextScan& scan,
     out.emplace_back(Severity::Fault, "none of the " + Righe(scan.lines) + " has a position");
     return out;
   }
+  if (scan.PrimoValido > 2) {
+    out.emplace_back(Severity::Note, Righe(scan.PrimoValido - 2) + " between the header and the first position left out");
+  }
   if (scan.lostFilled > 0) {
     out.emplace_back(Severity::Fault, "fix lost at line " + std::to_string(scan.lostLine) + ": " + Righe(scan.lostFilled) +
                                           " from there on left out, " + std::to_string(scan.lostPositioned) +

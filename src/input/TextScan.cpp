@@ -100,10 +100,11 @@ class TextWalk {
   TextScan finish() const { return scan_; }
 
  private:
-  LineRead parse(std::string_view line, std::size_t number) const {
+  LineRead parse(std::string_view line, std::size_t number) {
     try {
       return LeggiRiga(line, coordUTM_);
     } catch (const RunTimeError& error) {
+      release(number - 1);
       throw RunTimeError("line " + std::to_string(number) + ": " + error.what());
     }
   }

@@ -1,0 +1,120 @@
+// Lines, fields and print zones of text files.
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "base/Fields.h"
+#include "base/File.h"
+#include "base/Lines.h"
+#include "base/OleDate.h"
+#include "support/SurveyFiles.h"
+
+namespace corvan {
+namespace {
+
+using namespace std::string_literals;
+
+struct FieldCase {
+  std::string line;
+  std::string separator;
+  std::size_t k;
+  double value;
+  std::string settled;  ///< the separator afterwards
+};
+
+class Fields : public ::testing::TestWithParam<FieldCase> {};
+
+TEST_P(Fields, AreCutAsTheTextReadersExpect) {
+  FieldCase c = GetParam();
+  EXPECT_EQ(EstraiCampo(c.line, c.separator, c.k), c.value);
+  EXPECT_EQ(c.separator, c.settled);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Fields,
+    ::testing::Values(FieldCase{"1;2;3", "", 2, 2, ";"}, FieldCase{"1;2;3", "", 4, 0, ";"}, FieldCase{";1;2", "", 1, 1, ";"},
+                      FieldCase{";;1", ";", 1, 0, ";"}, FieldCase{"  5   6  7 ", "", 3, 7, " "}, FieldCase{"5\t6 7", "", 2, 6, "\t"},
+                      FieldCase{"5\0" "6"s, "", 2, 6, "\0"s}, FieldCase{"5 ; 6 ", "", 2, 6, ";"}, FieldCase{" ", "", 1, 0, ""},
+                      FieldCase{"1,2,3", "", 1, 1, " "}, FieldCase{"4 5;6", " ", 2, 5, " "}, FieldCase{"a;12,5", "", 2, 12, ";"}));
+
+TEST(FieldCursors, OfOneLineWalkedOnceAgreeWithThoseCutOneByOne) {
+  const std::string line = "  ;a; b ;;c d;  ";
+  std::string separator = ";";
+  FieldCursor cursor(line, separator);
+  std::size_t k = 0;
+  while (cursor.more()) {
+    ++k;
+    EXPECT_EQ(Rifila(cursor.next()), EstraiTesto(line, separator, k)) << k;
+  }
+  EXPECT_EQ(k, 5U);
+  EXPECT_EQ(k, ContaCampi(line, ";"));
+}
+
+TEST(Lines, EndInLfCrLfOrCrAlsoMixed) {
+  const std::string text = "\xEF\xBB\xBF" "a\nb\r\nc\r\rd\n\r\ne";
+  std::vector<std::string> lines;
+  LineCursor cursor(text);
+  while (cursor.more()) lines.emplace_back(cursor.next());
+  EXPECT_EQ(lines, (std::vector<std::string>{"a", "b", "c", "", "d", "", "e"}));
+  EXPECT_EQ(cursor.number(), 7U);
+  EXPECT_FALSE(LineCursor("").more());
+}
+
+TEST(PrintZones, BeginEvery14ColumnsAndDropTrailingBlanks) {
+  PrintLine line;
+  line.add(" 1 ");
+  line.add("12345678901234");     // fills its zone: the next item follows at once
+  line.add("x");
+  line.add("123456789012345");    // overruns its zone: the next item takes the one after
+  line.add("y ");
+  EXPECT_EQ(line.text(), " 1            12345678901234x             123456789012345             y");
+}
+
+TEST(Files, NameTheReasonTheyCannotBeReadOrWritten) {
+  const test::TempFolder folder;
+  const auto reason = [](auto&& action) {
+    try {
+      action();
+    } catch (const FileError& error) {
+      return error.reason();
+    }
+    return "no error"s;
+  };
+  EXPECT_EQ(reason([&] { LeggiTutto(folder / "missing"); }), "No such file or directory");
+  EXPECT_EQ(reason([&] { LeggiTutto(folder.path()); }), "is a folder");
+  EXPECT_EQ(reason([&] { LeggiTutto("/dev/null"); }), "is not a regular file");
+  EXPECT_EQ(reason([&] { FileWriter(folder / "no/such/folder"); }), "No such file or directory");
+  EXPECT_EQ(reason([&] {
+              FileWriter full("/dev/full");
+              full.write("x");
+              full.close();
+            }),
+            "No space left on device");
+}
+
+TEST(Files, LongerThanOneChunkKeepEveryByteInOrder) {
+  const test::TempFolder folder;
+  std::string content;
+  for (int k = 0; content.size() < 3'000'000; ++k) content += std::to_string(k) + ",";
+  FileWriter out(folder / "big");
+  for (std::size_t at = 0; at < content.size(); at += 777'777) out.write(std::string_view(content).substr(at, 777'777));
+  out.close();
+  EXPECT_EQ(LeggiTutto(folder / "big").text(), content);
+  EXPECT_EQ(LeggiInizio(folder / "big", 4).text(), "0,1,");
+}
+
+TEST(OleDates, AreDaysSince30December1899) {
+  // 40771.38371527778 is 2011-08-16 09:12:33 in a file of a real instrument; 2 is 1900-01-01 by definition.
+  EXPECT_EQ(TestoDataOra(DaGiorni(40771.38371527778)), "2011-08-16 09:12:33");
+  EXPECT_EQ(TestoData(DaGiorni(2.0)) + " " + TestoOra(DaGiorni(2.75)), "01/01/1900 18:00:00");
+  EXPECT_EQ(TestoOra(DaGiorni(46188.9999999)), "00:00:00");  // rounds into the next day
+  EXPECT_DOUBLE_EQ(AGiorni({2011, 8, 16, 9, 12, 33}), 40771.38371527778);
+  EXPECT_TRUE(TempoValido(AGiorni({2100, 12, 31, 23, 59, 59})));
+  for (const double none : {0.0, 29220.9, 1e9, -1.0, std::nan("")}) EXPECT_FALSE(TempoValido(none)) << none;
+}
+
+}  // namespace
+}  // namespace corvan

@@ -1,0 +1,167 @@
+// The command line from outside: standard output, standard error, exit status, files.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+#include "support/SurveyFiles.h"
+
+namespace corvan {
+namespace {
+
+using test::Firings;
+using test::SyscalFile;
+
+const std::string Sample = CORVAN_SAMPLES "/lagoon_1.bin";
+
+struct Outcome {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+/// Runs corvan-cli in a folder of its own.
+struct Cli {
+  test::TempFolder folder;
+
+  Outcome operator()(const std::string& arguments, const std::string& input = "", const std::string& before = "") const {
+    folder.write("stdin", input);
+    const std::string command = "cd '" + folder.path().string() + "' && " + before + " '" CORVAN_CLI "' " + arguments +
+                                " <stdin >stdout 2>stderr";
+    const int result = std::system(command.c_str());
+    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, test::Slurp(folder / "stdout"), test::Slurp(folder / "stderr")};
+  }
+  bool exists(const std::string& name) const { return std::filesystem::exists(folder / name); }
+};
+
+bool Contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+TEST(Process, WritesEveryFormatUnderTheDefaultRoot) {
+  const Cli cli;
+  const Outcome run = cli("process " + Sample + " --past-gaps --bad-gps interpolate --format bin,txt,ecs,kml,csv --json");
+  EXPECT_EQ(run.status, 0) << run.err;
+  for (const char* name : {"bin", "txt", "ecs", "ecst", "kml", "csv"}) {
+    EXPECT_TRUE(cli.exists(std::string("lagoon_1_section.") + name)) << name;
+  }
+  for (const char* key : {"\"files\"", "\"format\": \"syscal\"", "\"record_length\": 304", "\"records\": 2200", "\"channels\": 10",
+                          "\"firings\": 218", "\"measurements\": 218", "\"discarded\": 0", "\"interpolated\": 2", "\"zone\": 33",
+                          "\"rho_min\"", "\"rho_max\"", "\"track_length\"", "\"mean_spacing\"", "\"from\": 1", "\"to\": 218",
+                          "\"points\": 218", "\"outputs\"", "\"messages\": []", "\"diagnostics\""}) {
+    EXPECT_TRUE(Contains(run.out, key)) << key;
+  }
+  const std::string csv = test::Slurp(cli.folder / "lagoon_1_section.csv");
+  EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 219);
+  EXPECT_EQ(std::count(csv.begin(), csv.end(), '\r'), 0);
+}
+
+TEST(Process, AnswersEveryQuestionFromItsOption) {
+  const Cli cli;
+  auto records = Firings(8, 4);
+  for (auto& r : records) r.channel = 0;
+  cli.folder.write("s.bin", SyscalFile(records));
+  const Outcome run = cli("process s.bin --channels 2 --zone 32 --cable 'C1 10 C2 20 E1 1' --range '1;2' --from 7 --to 3 "
+                      "--cable-offset 3 --echo-offset=-2 --kml-offset 50 --true-position --out sub --format txt,kml,csv --json "
+                      "--data-shift 1,2 --depth-shift=-1,2.5");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(Contains(run.out, "\"measurements\": 16"));
+  EXPECT_TRUE(Contains(run.out, "\"zone\": 32"));
+  EXPECT_TRUE(Contains(run.out, "\"from\": 3"));
+  EXPECT_TRUE(Contains(run.out, "\"points\": 5"));
+  // Spacing 10, span -20: A at Fix((10 - 20 + 0 + 20) / 10) 10 + 3 = 13.
+  EXPECT_EQ(test::CrLfLines(test::Slurp(cli.folder / "sub.txt")).at(1).substr(0, 11), " 1 \t13.\t23.");
+  EXPECT_TRUE(Contains(test::Slurp(cli.folder / "sub.kml"), ",50.00000\r\n"));
+  EXPECT_TRUE(Contains(run.err, "6 of 26 tokens"));
+}
+
+struct StatusCase {
+  const char* arguments;
+  int status;
+  const char* words;  ///< on standard error
+};
+
+class Statuses : public ::testing::TestWithParam<StatusCase> {};
+
+TEST_P(Statuses, TellWhetherAllWasDone) {
+  const Cli cli;
+  const std::string good = SyscalFile(Firings(4, 10));
+  auto gap = Firings(4, 10);
+  for (std::size_t k = 20; k < 30; ++k) gap[k].north = gap[k].east = 0;
+  cli.folder.write("good.bin", good);
+  cli.folder.write("gap.bin", SyscalFile(gap));
+  cli.folder.write("cut.bin", good.substr(0, good.size() - 10));
+  cli.folder.write("picture.bin", "\x89PNG" + std::string(4000, '\x77'));
+  const Outcome run = cli(GetParam().arguments);
+  EXPECT_EQ(run.status, GetParam().status) << run.err;
+  EXPECT_TRUE(Contains(run.err, GetParam().words)) << run.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Statuses,
+    ::testing::Values(StatusCase{"process good.bin", 0, ""}, StatusCase{"process good.bin missing.bin", 1, "missing.bin: No such file"},
+                      StatusCase{"process .", 1, "is a folder"}, StatusCase{"process gap.bin", 1, "gap.bin: fix lost at record 21"},
+                      StatusCase{"process gap.bin --past-gaps", 0, "Some Data have incorrect GPS position"},
+                      StatusCase{"process cut.bin", 1, "294 of 304 bytes"}, StatusCase{"process picture.bin", 1, "picture.bin: is neither"},
+                      StatusCase{"process good.bin --from 0", 1, "No points selected"},
+                      StatusCase{"process good.bin --to 5", 1, "No points selected"},
+                      StatusCase{"process good.bin --out good", 1, "good.bin: was read in this run"},
+                      StatusCase{"process good.bin --out no/where", 1, "no/where.bin: No such file"},
+                      StatusCase{"process good.bin --zone 75", 1, "zone 75 is not 1 to 60"},
+                      StatusCase{"process", 2, "files"}, StatusCase{"", 2, "subcommand"}, StatusCase{"process good.bin --format bin,gif", 2, "gif"},
+                      StatusCase{"process good.bin --coords xyz", 2, "coords"}, StatusCase{"process good.bin --range 5", 2, "MIN;MAX"},
+                      StatusCase{"process good.bin --cable-offset 3m", 2, "not a number"},
+                      StatusCase{"process good.bin --picture x.png", 2, "not available"},
+                      StatusCase{"process good.bin --gps x.csv --link time", 2, "not available"},
+                      StatusCase{"info good.bin", 0, ""}, StatusCase{"info gap.bin", 1, "fix lost"}, StatusCase{"info missing", 1, "missing"},
+                      StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""}, StatusCase{"--version", 0, ""},
+                      StatusCase{"convert --to-geo", 2, "--zone"}, StatusCase{"convert --to-utm --zone 61", 2, "61"},
+                      StatusCase{"convert --to-utm --datum Mars", 2, "Wrong Datum Name"}));
+
+TEST(Process, NamesTheOutputThatDoesNotFitAndWritesTheRest) {
+  const Cli cli;
+  cli.folder.write("good.bin", SyscalFile(Firings(200, 10)));
+  std::filesystem::create_symlink("/dev/full", cli.folder / "o.bin");
+  const Outcome run = cli("process good.bin --out o --format bin,txt");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(Contains(run.err, "o.bin: No space left on device")) << run.err;
+  EXPECT_TRUE(cli.exists("o.txt"));
+  EXPECT_FALSE(Contains(run.out, "o.bin"));
+}
+
+TEST(Info, TellsWhatAFileHoldsAndWhatWouldBeLeft) {
+  const Cli cli;
+  auto records = Firings(4, 10);
+  for (std::size_t k = 20; k < 30; ++k) records[k].north = 0;
+  records[5].depth = 7;
+  cli.folder.write("gap.bin", SyscalFile(records));
+  cli.folder.write("t.txt", "DISTANCE\n" + test::TextLine({{2, "1.5"}}) + "\n" + test::TextLine({{2, "2.5"}, {27, "0"}}) + "\n\n");
+  const Outcome run = cli("info --json gap.bin t.txt");
+  EXPECT_EQ(run.status, 1);
+  for (const char* part : {"\"firings\": 2", "\"positioned\": 2", "\"time_first\": \"2026-06-15 06:00:00\"", "\"depth_max\": 7.0",
+                           "10 of them with a position", "\"format\": \"text\"", "\"positioned\": 1", "\"depth_max\": 1.5"}) {
+    EXPECT_TRUE(Contains(run.out, part)) << part << run.out;
+  }
+}
+
+TEST(Convert, GoesBothWaysLineByLine) {
+  const Cli cli;
+  const Outcome forth = cli("convert --to-utm --format d.dddd", "45.4 12.3\n\n45.4 11.9\nabc 12\n91 12\n45\n");
+  EXPECT_EQ(forth.status, 1);
+  std::istringstream lines(forth.out);
+  std::string first;
+  std::string second;
+  std::string third;
+  std::getline(lines, first);
+  std::getline(lines, second);
+  EXPECT_EQ(first, "288685.5168 5030933.4458 33");
+  EXPECT_TRUE(Contains(second, " 33")) << "the first position fixes the zone";
+  EXPECT_FALSE(std::getline(lines, third));
+  for (const char* word : {"line 4: \"abc\"", "line 5: latitude 91", "line 6: holds 1 value"}) EXPECT_TRUE(Contains(forth.err, word)) << word;
+  EXPECT_EQ(cli("convert --to-utm", "4524 1218\n").out, "288685.5168 5030933.4458 33\n");
+  EXPECT_EQ(cli("convert --to-geo --zone 56 --south --format d.dddd", "334000 6252000\n").out.substr(0, 9), "-33.85925");
+  EXPECT_TRUE(Contains(cli("convert --datums").out, "Clarke 1866\tNorth Amercia\n"));
+}
+
+}  // namespace
+}  // namespace corvan

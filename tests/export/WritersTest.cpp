@@ -1,0 +1,229 @@
+// The files written: exact bytes and exact text.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "export/BinWriter.h"
+#include "export/KmlGoogle.h"
+#include "export/OutputFiles.h"
+#include "export/SurveyKml.h"
+#include "export/SurveyTable.h"
+#include "export/TextWriters.h"
+#include "support/SurveyFiles.h"
+
+namespace corvan {
+namespace {
+
+using namespace std::string_literals;
+
+/// What `body` writes.
+template <class Body>
+std::string Written(Body&& body) {
+  const test::TempFolder folder;
+  FileWriter out(folder / "out");
+  body(out);
+  out.close();
+  return test::Slurp(folder / "out");
+}
+
+std::string Bin(Array1<RecordSyscalPro>& records, std::int32_t count) {
+  return Written([&](FileWriter& out) { SalvaBinPro(out, records, count, {2026, 6, 5, 7, 8, 9}); });
+}
+
+TEST(BinFiles, CarryTheHeaderToTheByte) {
+  Array1<RecordSyscalPro> none;
+  const std::string file = Bin(none, 0);
+  const std::string head = "\x02\0\0\x80\x08SYSCAL PRO\0 at 05/06/2026 07:08:09"s;
+  EXPECT_EQ(file, head + std::string(1029 - head.size(), '\0') + "\x01");
+}
+
+TEST(BinFiles, OverlapHeaderAndFirstRecordAndNumberTheRest) {
+  Array1<RecordSyscalPro> records(65537);
+  records(1).scrivi(campo::Inizio, std::int16_t{9});
+  records(1).scrivi(campo::R68, 4.5F);
+  records(1).scrivi(campo::Tempo, 1.0);
+  const std::string one = Bin(records, 1);
+  ASSERT_EQ(one.size(), 1309U);
+  EXPECT_EQ(one[1029], 9);
+  const std::string fixed = one.substr(1029 + 2, 14) + one.substr(1029 + 248, 16) + one.substr(1029 + 272, 8);
+  EXPECT_EQ(fixed, "\1\0\0\0\xFA\x43\0\0\x20\x42\1\0\0\0"s + "\x58\x02\0\0\0myseq      "s + "\0\0\x40\x40\0\0\0\0"s);
+  const std::string all = Bin(records, 65537);
+  ASSERT_EQ(all.size(), 1029U + 280 * 65537);
+  EXPECT_EQ(all.substr(1029 + 280 * 65535 + 250, 2), "\xFF\xFF") << "the ordinal's low 16 bits";
+  EXPECT_EQ(all.substr(1029 + 280 * 65536 + 250, 2), "\0\0"s);
+}
+
+TEST(TextTables, PutCurrentBeforePotentialAndQualityBeforeChargeability) {
+  Array1<RecordSyscalPro> records(1);
+  RecordSyscalPro& r = records(1);
+  const std::pair<Campo<float>, float> values[] = {
+      {campo::R16, 1}, {campo::R20, 2.5F}, {campo::PosM, -3}, {campo::PosN, 0.125F}, {campo::YA, 5}, {campo::YB, 6}, {campo::YM, 7},
+      {campo::YN, 8}, {campo::R48, 9}, {campo::ZB, 10}, {campo::ZM, 11}, {campo::ZN, 12}, {campo::R68, 13}, {campo::R72, 14},
+      {campo::R76, 15}, {campo::Caricabilita, 16}, {campo::Qualita, 17}, {campo::GpsNord, 5030000.5F}, {campo::GpsEst, 288685.53F}};
+  for (const auto& [field, value] : values) r.scrivi(field, value);
+  const auto lines = test::CrLfLines(Written([&](FileWriter& out) { SalvaAscii(out, records, 1); }));
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0], "N.\tAx\tBx\tMx\tNx\tAy\tBy\tMy\tNy\tAz\tBz\tMz\tNz\ti\tv\tRho\tq\tm\tUTMx\tUTMy");
+  EXPECT_EQ(lines[1],
+            " 1 \t1.\t2.5\t-3.\t0.13\t5.\t6.\t7.\t8.\t9.\t10.\t11.\t12.\t14.\t13.\t15.\t17.\t16.\t288685.53\t5030000.5");
+}
+
+TEST(Profiles, StandInPrintZones) {
+  Profile profile(9, 10);
+  profile(9) = {288685.504, 5030933.4458, 0, 0};
+  profile(10) = {-1234567890.126, 12, 0.005, 3.999};
+  const std::string text = Written([&](FileWriter& out) { SalvaTraccia(out, profile, 9, 10); });
+  const auto lines = test::CrLfLines(text);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0], " 9            288685.5      5030933.45    0.0           0.0");
+  EXPECT_EQ(lines[1], " 10           -1234567890.1312.0          0.01          4.0") << "14 columns filled: the next follows at once";
+  EXPECT_EQ(Written([&](FileWriter& out) { SalvaTraccia(out, profile, 10, 9); }), "");
+}
+
+TEST(KmlDocuments, AreWrittenBlockByBlock) {
+  const test::TempFolder folder;
+  KmlGoogle kml;
+  kml.FileName((folder / "doc").string());
+  EXPECT_EQ(kml.FileName(), (folder / "doc.Kml").string());
+  kml.OpenKml();
+  kml.SetLines(12.3, 45.4, -1.5, 1);
+  kml.LinesToKml();
+  kml.SetPoints(12.5, -45, 2, 2);  // point 1 is filled with zeros
+  kml.PointsToKml();
+  kml.GroundOverlayImage(" a&b.png ");
+  kml.SetOverlay();
+  kml.CloseKml();
+  const std::string text = test::Slurp(folder / "doc.Kml");
+  EXPECT_EQ(text.substr(0, 41), "<?xml version=\"1.0\" encoding=\"UTF-8\"?> \r<");
+  EXPECT_NE(text.find("<Document>\r\n\r\n<name></name>\r\n<Placemark>\r\n  <visibility>1</visibility>\r\n"), std::string::npos);
+  EXPECT_NE(text.find("      <color>C800FFFF</color>\r\n      <width> 4</width>\r\n"), std::string::npos);
+  EXPECT_NE(text.find("    <extrude> 1</extrude>\r\n    <tessellate> 1 </tessellate>\r\n"), std::string::npos);
+  EXPECT_NE(text.find("    <coordinates>\r\n12.3,45.4,-1.5\r\n    </coordinates>\r\n"), std::string::npos);
+  EXPECT_NE(text.find("    <coordinates>0.0,0.0,0.0\r\n    </coordinates> \r\n"), std::string::npos);
+  EXPECT_NE(text.find("    <coordinates>12.5,-45.0,2.0\r\n"), std::string::npos);
+  EXPECT_NE(text.find("<href>a&amp;b.png</href>"), std::string::npos);
+  EXPECT_NE(text.find("<south>-1.00000000000000 </south>\r\n        <east>-1.00000000000000</east>"), std::string::npos);
+  EXPECT_EQ(text.substr(text.size() - 30), "</Folder>\r\n\r\n</Document> \r </kml>\r\n"s.substr(5));
+  EXPECT_THROW(kml.PointsToKml(), FileError) << "closed";
+  kml.FileName("x.kMl");
+  EXPECT_EQ(kml.FileName(), "x.kMl");
+}
+
+struct CurtainFixture {
+  test::TempFolder folder;
+  test::ScriptedAnswers dialogs;
+  GeoGeo geo{dialogs};
+  Diagnostics diagnostics;
+  Survey survey;
+
+  CurtainFixture(const std::vector<std::pair<double, std::int16_t>>& eastings) {
+    for (const auto& [x, file] : eastings) {
+      Misura m;
+      m.SorgenteUTM = true;
+      m.NumFile = file;
+      ImpostaPosizione(m, x == 0 ? 0 : 5e6, x);
+      m.Deriv[3] = m.UTMx;
+      m.Deriv[4] = m.UTMy;
+      for (std::size_t c = 1; c <= MaxChannels; ++c) m.Rho.at(c) = static_cast<float>(c);
+      survey.Misure.append(m);
+    }
+    survey.traccia.PassoMedio = 2;
+    geo.UTMzone(33);
+  }
+  std::string write() {
+    KmlGoogle kml;
+    kml.FileName((folder / "c.kml").string());
+    SalvaKML(kml, survey, geo, {1, survey.NumMisure(), 5, {1, 10}}, dialogs, diagnostics);
+    return test::Slurp(folder / "c.kml");
+  }
+  /// Easting of the first and second corner of a cell, back through the converter.
+  std::pair<double, double> edges(const std::string& text, const std::string& name) {
+    const std::size_t ring = text.find("<coordinates>\r\n", text.find("<name>" + name + "</name>")) + 15;
+    const auto easting = [&](std::size_t at) {
+      const std::size_t comma = text.find(',', at);
+      geo.LatLonFormat("D.DDDD");
+      geo.Lat(text.substr(comma + 1, text.find(',', comma + 1) - comma - 1));
+      geo.Lon(text.substr(at, comma - at));
+      geo.Geo2UTM();
+      geo.LatLonFormat("DMM.MMM");
+      return geo.UTMx();
+    };
+    return {easting(ring), easting(text.find("\r\n", ring) + 2)};
+  }
+};
+
+TEST(Curtains, TileTheSectionToTheMidpointsOfKeptNeighbours) {
+  CurtainFixture f({{500000, 1}, {0, 1}, {500010, 1}, {500020, 2}});
+  f.dialogs.answers["Add vertical offset [m]"] = {"100"};
+  const std::string text = f.write();
+  EXPECT_EQ(f.geo.LatLonFormat(), "DMM.MMM") << "the format is put back";
+  const auto near = [&](const char* name, double west, double east) {
+    const auto [a, b] = f.edges(text, name);
+    EXPECT_NEAR(a, west, 0.01) << name;
+    EXPECT_NEAR(b, east, 0.01) << name;
+  };
+  near("n.  1 -  1", 500000, 500005);
+  near("n.  3 -  10", 500005, 500010);           // own position where the file changes
+  near("n.  4 -  1", 500017.5, 500022.5);        // alone: half a spacing to either side
+  EXPECT_EQ(text.find("n.  2 -"), std::string::npos) << "no cell without a position";
+  EXPECT_NE(text.find("<description>UTMx: 500000.0 UTMy: 5000000.0 Rho: 1.0 Level: 1</description>"), std::string::npos);
+  EXPECT_NE(text.find(",120.00000\r\n"), std::string::npos) << "top of channel 1: 10 levels of 2 m and the offset";
+  EXPECT_NE(text.find(",100.00000\r\n"), std::string::npos) << "bottom of channel 10";
+  EXPECT_NE(text.find("<color>C8FE0078</color>"), std::string::npos) << "lowest resistivity: violet";
+  EXPECT_NE(text.find("<color>C80009FF</color>"), std::string::npos) << "highest: red";
+}
+
+TEST(Curtains, LeaveOutCellsThatAreNotFiniteAndAskForAMissingZoneOnce) {
+  CurtainFixture f({{500000, 1}});
+  f.survey.Misure(1).Rho[4] = std::numeric_limits<float>::infinity();
+  f.geo.Reset();
+  f.dialogs.answers["UTM Zone (1- 60)"] = {"61"};
+  const std::string text = f.write();
+  EXPECT_EQ(text.find("n.  1 -  4<"), std::string::npos);
+  EXPECT_NE(text.find("n.  1 -  5<"), std::string::npos);
+  EXPECT_TRUE(f.diagnostics.anyFault());
+  EXPECT_EQ(f.geo.UTMzone(), 0) << "61 leaves the zone as it was";
+  ASSERT_EQ(f.dialogs.questions.size(), 2U);
+  EXPECT_EQ(f.dialogs.questions[0].title, "UTM Zone n.");
+  EXPECT_EQ(f.dialogs.questions[1].title, "OffSet Z");
+}
+
+TEST(Tables, HoldEveryNumberAtFullPrecision) {
+  Survey survey;
+  Misura m;
+  m.NumFile = 2;
+  m.Tempo = 46188.25;
+  m.Lat = 4524.123046875;
+  m.Rho[10] = 0.1F;
+  m.CanaleB[1] = -1.5e-7F;
+  m.Scartata = true;
+  survey.Misure.append(m);
+  const std::string text = Written([&](FileWriter& out) { SalvaTabella(out, survey); });
+  const std::size_t lineEnd = text.find('\n');
+  const auto fields = [](const std::string& line) { return std::count(line.begin(), line.end(), ',') + 1; };
+  EXPECT_EQ(fields(text.substr(0, lineEnd)), 59);
+  EXPECT_EQ(fields(text.substr(lineEnd + 1)), 59);
+  EXPECT_EQ(text.substr(lineEnd + 1, 35), "1,2,46188.25,4524.123046875,0,0,0,0");
+  EXPECT_NE(text.find(",-1.5e-07,"), std::string::npos);
+  EXPECT_EQ(text.substr(text.size() - 9), ",0.1,1,0\n");
+}
+
+TEST(Outputs, NeverReplaceAFileThatWasRead) {
+  const test::TempFolder folder;
+  const auto read = folder.write("line.bin", "precious");
+  std::filesystem::create_symlink(read, folder / "link.bin");
+  std::filesystem::create_hard_link(read, folder / "hard.bin");
+  OutputFiles outputs;
+  outputs.proteggi(read);
+  for (const char* name : {"line.bin", "link.bin", "hard.bin", "./line.bin"}) {
+    EXPECT_THROW(outputs.prepara(folder / name), FileError) << name;
+  }
+  const auto old = folder.write("old.bin", "of an earlier export");
+  outputs.prepara(old);
+  EXPECT_FALSE(std::filesystem::exists(old));
+  EXPECT_EQ(test::Slurp(read), "precious");
+}
+
+}  // namespace
+}  // namespace corvan

@@ -1,0 +1,192 @@
+// Coordinates: the series as published files were made with it, and how far it lies from the exact projection.
+#include "geo/GeoGeo.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "geo/ZoneConstants.h"
+#include "support/SurveyFiles.h"
+
+namespace corvan {
+namespace {
+
+struct Point {
+  const char* datum;
+  double lat, lon;
+  std::int16_t zone;
+  double x, y;
+};
+
+GeoGeo Converter(Dialogs& dialogs, const Point& p) {
+  GeoGeo geo(dialogs);
+  geo.Datum(p.datum);
+  geo.LatLonFormat("D.DDDD");
+  geo.UTMzone(p.zone);
+  geo.Nord(p.lat >= 0);
+  return geo;
+}
+
+class SeriesPoints : public ::testing::TestWithParam<Point> {};
+
+TEST_P(SeriesPoints, KeepTheDeviatingCoefficients) {
+  test::ScriptedAnswers dialogs;
+  const Point& p = GetParam();
+  GeoGeo geo = Converter(dialogs, p);
+  geo.Lat(TestoNumero(p.lat));
+  geo.Lon(TestoNumero(p.lon));
+  ASSERT_TRUE(geo.Geo2UTM());
+  EXPECT_NEAR(geo.UTMx(), p.x, 1e-4);
+  EXPECT_NEAR(geo.UTMy(), p.y, 1e-4);
+}
+
+// From a separate evaluation of the series in Python; the textbook coefficients differ by up to 8 cm here, two
+// neighbouring datums by metres.
+INSTANTIATE_TEST_SUITE_P(Globe, SeriesPoints,
+                         ::testing::Values(Point{"WGS84", 45.4, 12.3, 33, 288685.5168, 5030933.4458},
+                                           Point{"WGS84", 0.5, 3.0, 31, 500000.0, 55265.0385},
+                                           Point{"WGS84", -33.85, 151.2, 56, 333471.8133, 6253018.0967},
+                                           Point{"WGS84", 60.25, 24.9, 35, 383764.9397, 6681103.3953},
+                                           Point{"WGS84", 83.9, -177.1, 1, 498813.6148, 9316931.1998},
+                                           Point{"wgs84 ", 45.4, 12.3, 32, 758272.6755, 5032685.7458},
+                                           Point{"International 1924, Hayford 1909", 45.4, 12.3, 33, 288675.6790, 5031027.7171},
+                                           Point{"Bessel 1841", 45.4, 12.3, 33, 288711.1027, 5030423.1990},
+                                           Point{"everest 1830", 20.5, 78.9, 44, 280985.4749, 2267722.8174}));
+
+// The first point from PROJ (cs2cs, +ellps=WGS84), near the central meridian; the others, three degrees from it, from a
+// separate evaluation in Python, where the textbook's sign gives 45.401591991 and -33.859261706.
+TEST(Inverse, KeepsItsDeviatingSignInBothHemispheres) {
+  test::ScriptedAnswers dialogs;
+  for (const Point& p : {Point{"WGS84", 45.432451003, 14.872155729, 33, 490000, 5031000},
+                         Point{"WGS84", 45.401547862, 12.342275074, 33, 292000, 5031000},
+                         Point{"WGS84", -33.859252367, 151.205514687, 56, 334000, 6252000}}) {
+    GeoGeo geo = Converter(dialogs, p);
+    geo.UTMx(p.x);
+    geo.UTMy(p.y);
+    ASSERT_TRUE(geo.UTM2Geo());
+    EXPECT_NEAR(geo.LatGradi(), p.lat, 3e-9);
+    EXPECT_NEAR(geo.LonGradi(), p.lon, 3e-9);
+  }
+}
+
+/// Largest difference over a round trip in every zone, metres, at longitudes up to `reach` degrees from the meridian.
+double WorstRoundTrip(double reach) {
+  test::ScriptedAnswers dialogs;
+  double worst = 0;
+  for (int zone = 1; zone <= 60; ++zone) {
+    for (int lat = -80; lat <= 84; lat += 4) {
+      for (const double share : {-1.0, -0.3, 0.0, 1.0}) {
+        const double lon = 6.0 * zone - 183.0 + share * reach;
+        GeoGeo geo = Converter(dialogs, {"WGS84", static_cast<double>(lat), lon, static_cast<std::int16_t>(zone), 0, 0});
+        geo.Lat(TestoNumero(static_cast<double>(lat)));
+        geo.Lon(TestoNumero(lon));
+        EXPECT_TRUE(geo.Geo2UTM() && geo.UTM2Geo());
+        const double shrink = std::cos(lat * Pi / 180.0);
+        worst = std::max({worst, std::abs(geo.LatGradi() - lat) * 111000.0, std::abs(geo.LonGradi() - lon) * 111000.0 * shrink});
+      }
+    }
+  }
+  return worst;
+}
+
+// A swapped sign, a wrong meridian or hemisphere shows as kilometres.
+TEST(RoundTrip, LosesMetresFarFromTheMeridianAndDecimetresNearIt) {
+  EXPECT_LT(WorstRoundTrip(0.3), 0.25);
+  const double far = WorstRoundTrip(3.0);
+  EXPECT_LT(far, 9.0);
+  EXPECT_GT(far, 7.0) << "the deliberate deviation has been mended away";
+}
+
+TEST(Zone, IsFixedByTheFirstLongitudeUntilReset) {
+  test::ScriptedAnswers dialogs;
+  GeoGeo geo(dialogs);
+  geo.LatLonFormat(" d.dddd ");
+  geo.Lon("11.9");
+  geo.Lon("12.1");
+  EXPECT_EQ(geo.UTMzone(), 32);
+  geo.Reset();
+  EXPECT_EQ(geo.UTMzone(), 0);
+  EXPECT_EQ(geo.LatLonFormat(), "DMM.MMM");
+  geo.UTMzone(0);
+  EXPECT_EQ(geo.UTMzone(), 1);
+  geo.UTMzone(75);
+  EXPECT_EQ(geo.UTMzone(), 60);
+}
+
+TEST(Zone, OfALongitudeCountsFromTheDateLineAndUnpacksDddmm) {
+  const std::pair<float, int> zones[] = {{-180.0F, 1}, {-3.0F, 30}, {0.0F, 31}, {12.0F, 33}, {180.0F, 61}, {1218.0F, 33}, {-17630.0F, 1}};
+  for (const auto& [longitude, zone] : zones) EXPECT_EQ(UTMZoneOf(longitude), zone) << longitude;
+}
+
+TEST(Rejections, ShowTheirMessageAndFallBack) {
+  test::ScriptedAnswers dialogs;
+  GeoGeo geo(dialogs);
+  geo.Datum("Bessel 1841");
+  geo.Datum("Bessel");
+  EXPECT_EQ(geo.Datum(), "WGS84");
+  geo.LatLonFormat("DDMM");
+  EXPECT_EQ(geo.LatLonFormat(), "");
+  EXPECT_EQ(geo.Lat(), "");
+  ASSERT_EQ(dialogs.messages.size(), 2U);
+  EXPECT_EQ(dialogs.messages[0].text, "Wrong Datum Name");
+  EXPECT_EQ(dialogs.messages[0].title, "");
+  EXPECT_EQ(dialogs.messages[1].text, "Only DMMSS DMM.MMM D.DDDD formats allowed");
+  EXPECT_EQ(dialogs.messages[1].title, "Warning");
+}
+
+TEST(Faults, LeaveTheLastPointAndSaySo) {
+  test::ScriptedAnswers dialogs;
+  GeoGeo geo = Converter(dialogs, {"WGS84", 45, 12, 33, 0, 0});
+  geo.UTMx(1e200);
+  geo.UTMy(5e6);
+  geo.Lat("45.5");
+  EXPECT_FALSE(geo.UTM2Geo());
+  EXPECT_EQ(geo.Lat(), "45.5000");
+  geo.Lon("1" + std::string(200, '0'));
+  EXPECT_FALSE(geo.Geo2UTM());
+  EXPECT_EQ(geo.UTMx(), 1e200);
+}
+
+struct AngleCase {
+  const char* text;
+  AngleFormat format;
+  double degrees;
+  const char* written;
+};
+
+class Angles : public ::testing::TestWithParam<AngleCase> {};
+
+TEST_P(Angles, AreReadAndWrittenAsWholes) {
+  const auto& [text, format, degrees, written] = GetParam();
+  EXPECT_NEAR(GradiDaTesto(text, format), degrees, 1e-12) << text;
+  EXPECT_EQ(TestoDaGradi(degrees, format), written) << text;
+  EXPECT_NEAR(GradiDaTesto(TestoNumero(NumeroDaGradi(degrees, format)), format), degrees, 1e-12);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Angles,
+    ::testing::Values(AngleCase{"453000.0", AngleFormat::DMMSS, 45.5, "453000.0"}, AngleCase{"4530", AngleFormat::DMM_MMM, 45.5, "4530.00"},
+                      AngleCase{" 45°30,5' ", AngleFormat::DMM_MMM, 45.0 + 30.5 / 60, "4530.50"},
+                      AngleCase{"-0030.0", AngleFormat::DMM_MMM, -0.5, "-030.00"}, AngleCase{"5.25", AngleFormat::DMM_MMM, 0.0875, "005.25"},
+                      AngleCase{"5.25", AngleFormat::DMMSS, 5.25 / 3600, "00005.25"}, AngleCase{"-123456.785", AngleFormat::DMMSS, -(12 + 34 / 60.0 + 56.785 / 3600), "-123456.79"},
+                      AngleCase{"", AngleFormat::DMM_MMM, 0, "000.00"}, AngleCase{"45.5.6", AngleFormat::D_DDDD, 45.5, "45.5000"},
+                      AngleCase{"45.99999999995", AngleFormat::D_DDDD, 45.99999999995, "46.0000"},
+                      AngleCase{"4559.9999999", AngleFormat::DMM_MMM, 45 + 59.9999999 / 60, "4600.00"},
+                      AngleCase{"455959.999", AngleFormat::DMMSS, 45 + 59 / 60.0 + 59.999 / 3600, "460000.0"},
+                      AngleCase{"-000000.001", AngleFormat::DMMSS, -0.001 / 3600, "00000.0"}));
+
+// Karney 2011, table of WGS84 values: rectifying radius 6367449.1458 m, alpha1 = 8.3773182062446994e-4,
+// beta1 = 8.3773216405794875e-4; the polar radius stored to the millimetre moves them in the eighth digit.
+TEST(ZoneConstants, AreThoseOfTheKruegerSeries) {
+  const ZoneConstants k = InizializzaUTM(33);
+  EXPECT_NEAR(k.rectifyingRadius, 6367449.1458, 1e-3);
+  EXPECT_NEAR(k.alpha[1], 8.3773182062447e-4, 2e-11);
+  EXPECT_NEAR(k.beta[1], 8.3773216405795e-4, 2e-11);
+  EXPECT_NEAR(k.centralMeridian, 15.0 * Pi / 180.0, 1e-14);
+  EXPECT_EQ(InizializzaUTM(75).zone, 60);
+}
+
+}  // namespace
+}  // namespace corvan

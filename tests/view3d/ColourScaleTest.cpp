@@ -1,0 +1,44 @@
+// The colour of a resistivity.
+#include "view3d/ColourScale.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace corvan {
+namespace {
+
+float Colour(float max, float min, float value) {
+  float colour = -1;
+  CreaColore(max, min, value, colour);
+  return colour;
+}
+
+// Entries of the published table: 1 7800FE, 2 7800FE, 3 7300FF, 128 00FE3E, 256 FF0900, all with red in the low byte.
+TEST(ColourScale, IsLinearClampedAndRedInTheLowByte) {
+  EXPECT_EQ(Colour(100, 0, 0), 0xFE0078);
+  EXPECT_EQ(Colour(100, 0, -5), 0xFE0078);
+  EXPECT_EQ(Colour(256, 0, 3), 0xFF0073);
+  EXPECT_EQ(Colour(100, 0, 50), 0x3EFE00);
+  EXPECT_EQ(Colour(100, 0, 1000), 0x0009FF);
+  EXPECT_EQ(Colour(256, 0, 2.5F), 0xFE0078) << "halves to even";
+  EXPECT_EQ(Colour(0, 100, 100), 0xFE0078) << "bounds in reverse order invert";
+}
+
+TEST(ColourScale, LeavesTheColourWhereThereIsNone) {
+  EXPECT_EQ(Colour(5, 5, 5), -1);
+  EXPECT_EQ(Colour(5, 5, 6), -1);
+  EXPECT_EQ(Colour(5, 0, std::numeric_limits<float>::quiet_NaN()), -1);
+}
+
+TEST(ColourParts, AreSplitAndNeverNegative) {
+  const ColourParts parts = ScomponiColore(0x3EFE05);
+  EXPECT_EQ(parts.Rosso, 0x05);
+  EXPECT_EQ(parts.Verde, 0xFE);
+  EXPECT_EQ(parts.Blu, 0x3E);
+  EXPECT_EQ(ScomponiColore(-1).Blu, 0);
+}
+
+}  // namespace
+}  // namespace corvan
