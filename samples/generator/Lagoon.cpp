@@ -10,15 +10,15 @@ namespace corvan::samples {
 namespace {
 
 constexpr std::size_t Firings = 220;
-constexpr double StartLatitude = 45.4;    // degrees
-constexpr double StartLongitude = 12.3;   // degrees
+constexpr double StartLatitude = 45.4;   // degrees
+constexpr double StartLongitude = 12.3;  // degrees
 constexpr double MetresPerDegree = 111132.0;
 constexpr double LongitudeShrink = 0.70215;  // cosine of the start latitude
-constexpr double Spacing = 5.0;           // m between firings
+constexpr double Spacing = 5.0;              // m between firings
 constexpr double SecondsPerFiring = 4.0;
-constexpr double Water = 0.42;            // ohm m, brackish
-constexpr double Sediment = 3.1;          // ohm m, silt and sand
-constexpr double Noise = 0.02;            // share of the reading, one standard deviation
+constexpr double Water = 0.42;    // ohm m, brackish
+constexpr double Sediment = 3.1;  // ohm m, silt and sand
+constexpr double Noise = 0.02;    // share of the reading, one standard deviation
 
 /// Numbers that are the same on every machine (SplitMix64).
 class Random {
@@ -96,7 +96,8 @@ void Misurazione(Firing& f, Random& random) {
   f.current = Quantizza(8000.0 + 40.0 * random.normal(), 0.01);
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     const double a = Cable[12], b = Cable[13], m = Cable.at(c), n = Cable.at(c + 1);
-    const double factor = 6.2832 / (1 / std::abs(a - m) - 1 / std::abs(a - n) - 1 / std::abs(b - m) + 1 / std::abs(b - n));
+    const double factor =
+        6.2832 / (1 / std::abs(a - m) - 1 / std::abs(a - n) - 1 / std::abs(b - m) + 1 / std::abs(b - n));
     const double rho = DueStrati(a, b, m, n, Water, Sediment, f.depth) * (1.0 + Noise * random.normal());
     f.potential.at(c) = Quantizza(rho * f.current / factor, 1e-4);
     f.resistivity.at(c) = Quantizza(f.potential.at(c) / f.current * factor, 1e-5);
@@ -124,7 +125,9 @@ std::vector<Firing> Linea(int line) {
     const Place before = Posto(line, k == 0 ? 0 : k - 1);
     f.time = start + std::floor(SecondsPerFiring * static_cast<double>(k)) / 86400.0;
     f.depth = Quantizza(Fondo(p), 0.01);
-    f.step = Quantizza(std::sqrt((p.east - before.east) * (p.east - before.east) + (p.north - before.north) * (p.north - before.north)), 0.01);
+    f.step = Quantizza(std::sqrt((p.east - before.east) * (p.east - before.east) +
+                                 (p.north - before.north) * (p.north - before.north)),
+                       0.01);
     const Fix fix = Ricevuto(line, k);
     if (fix != Fix::Lost) f.latitude = GradiMinuti(StartLatitude + p.north / MetresPerDegree);
     if (fix == Fix::Good) f.longitude = GradiMinuti(StartLongitude + p.east / (MetresPerDegree * LongitudeShrink));

@@ -11,12 +11,12 @@ namespace corvan::samples {
 
 /// One firing as the boat saw it. A lost fix has latitude and longitude 0.
 struct Firing {
-  double time = 0;        ///< days since 1899-12-30
-  float latitude = 0;     ///< DDMM.MMM
-  float longitude = 0;    ///< DDMM.MMM
-  float depth = 0;        ///< m
-  float step = 0;         ///< distance from the firing before, m
-  float current = 0;      ///< mA
+  double time = 0;                                   ///< days since 1899-12-30
+  float latitude = 0;                                ///< DDMM.MMM
+  float longitude = 0;                               ///< DDMM.MMM
+  float depth = 0;                                   ///< m
+  float step = 0;                                    ///< distance from the firing before, m
+  float current = 0;                                 ///< mA
   std::array<float, MaxChannels + 1> potential{};    ///< mV, channels 1..10
   std::array<float, MaxChannels + 1> resistivity{};  ///< ohm m
   std::array<float, MaxChannels + 1> quality{};      ///< %
@@ -27,7 +27,8 @@ inline constexpr std::array<float, CableElectrodes + 1> Cable{0, 50, 45, 40, 35,
 
 /// Apparent resistivity of four surface electrodes on a line over two horizontal layers.
 /// Source: W. M. Telford et al., Applied Geophysics, 2nd ed., sec. 8.3.5 (potential over a single layer, by images).
-/// @param a,b,m,n electrode positions, m; @param upper,lower resistivities, ohm m; @param thickness of the upper layer, m
+/// @param a,b,m,n electrode positions, m; @param upper,lower resistivities, ohm m; @param thickness of the upper layer,
+/// m
 double DueStrati(double a, double b, double m, double n, double upper, double lower, double thickness);
 
 /// The firings of one survey line, always the same. @param line 1 or 2

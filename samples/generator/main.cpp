@@ -4,8 +4,8 @@
 #include <iostream>
 #include <string>
 
-#include "SampleFiles.h"
 #include "base/File.h"
+#include "SampleFiles.h"
 
 namespace {
 

@@ -13,8 +13,7 @@ namespace corvan {
 
 /// The number stored at `offset`; bytes past the end of the block read as zero.
 template <class T>
-  requires std::is_arithmetic_v<T>
-T LeggiLE(std::span<const std::byte> bytes, std::size_t offset) {
+requires std::is_arithmetic_v<T> T LeggiLE(std::span<const std::byte> bytes, std::size_t offset) {
   std::array<std::byte, sizeof(T)> raw{};
   if (offset + sizeof(T) <= bytes.size()) {
     std::memcpy(raw.data(), bytes.data() + offset, sizeof(T));
@@ -27,7 +26,7 @@ T LeggiLE(std::span<const std::byte> bytes, std::size_t offset) {
 
 /// Stores a number at `offset`; the block must have room for it.
 template <class T>
-  requires std::is_arithmetic_v<T>
+requires std::is_arithmetic_v<T>
 void ScriviLE(std::span<std::byte> bytes, std::size_t offset, T value) {
   auto raw = std::bit_cast<std::array<std::byte, sizeof(T)>>(value);
   if constexpr (std::endian::native == std::endian::big) std::reverse(raw.begin(), raw.end());

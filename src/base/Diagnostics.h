@@ -1,4 +1,5 @@
-// The list of what a run passed over or could not do, for the command line's standard error and the window's status bar.
+// The list of what a run passed over or could not do, for the command line's standard error and the window's status
+// bar.
 #pragma once
 
 #include <algorithm>
@@ -27,7 +28,9 @@ class Diagnostics {
   }
   /// One that is in the list already (the same step run again) is not repeated.
   void add(Diagnostic entry) {
-    const auto same = [&entry](const Diagnostic& d) { return d.procedure == entry.procedure && d.reason == entry.reason; };
+    const auto same = [&entry](const Diagnostic& d) {
+      return d.procedure == entry.procedure && d.reason == entry.reason;
+    };
     if (std::none_of(entries_.begin(), entries_.end(), same)) entries_.push_back(std::move(entry));
   }
   void clear() { entries_.clear(); }

@@ -53,9 +53,7 @@ FileBytes FileBytes::FromText(std::string_view text) {
   return copy;
 }
 
-FileBytes LeggiTutto(const std::filesystem::path& path) {
-  return Leggi(path, std::numeric_limits<std::size_t>::max());
-}
+FileBytes LeggiTutto(const std::filesystem::path& path) { return Leggi(path, std::numeric_limits<std::size_t>::max()); }
 
 FileBytes LeggiInizio(const std::filesystem::path& path, std::size_t count) { return Leggi(path, count); }
 

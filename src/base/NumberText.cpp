@@ -83,7 +83,8 @@ struct DecimalDigits {
 
 DecimalDigits Arrotonda(double magnitude, int places) {
   std::array<char, 32> text{};
-  std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific, SignificantDigits - 1);
+  std::to_chars(text.data(), text.data() + text.size(), magnitude, std::chars_format::scientific,
+                SignificantDigits - 1);
   DecimalDigits d;
   d.digit[1] = text[0];  // slot 0 is kept for a carry
   std::copy(text.begin() + 2, text.begin() + SignificantDigits + 1, d.digit.begin() + 2);

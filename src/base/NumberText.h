@@ -14,7 +14,8 @@ double Val(std::string_view text);
 /// True when the whole text, but for blanks around it, is one finite number that Val reads.
 bool SoloNumero(std::string_view text);
 
-/// Shortest plain decimal that reads back to the same value of its own type; never an exponent, "0" kept before the point.
+/// Shortest plain decimal that reads back to the same value of its own type; never an exponent, "0" kept before the
+/// point.
 std::string TestoNumero(double value);
 std::string TestoNumero(float value);
 

@@ -37,7 +37,8 @@ DateTime DaGiorni(double days) {
 }
 
 double AGiorni(const DateTime& when) {
-  const sys_days day = year{when.year} / month{static_cast<unsigned>(when.month)} / std::chrono::day{static_cast<unsigned>(when.day)};
+  const sys_days day =
+      year{when.year} / month{static_cast<unsigned>(when.month)} / std::chrono::day{static_cast<unsigned>(when.day)};
   const double time = when.hour * 3600.0 + when.minute * 60.0 + when.second;
   return static_cast<double>((day - Origin).count()) + time / SecondsPerDay;
 }
@@ -46,9 +47,7 @@ std::string TestoData(const DateTime& when) {
   return Due(when.day) + "/" + Due(when.month) + "/" + FormattaNumero(when.year, "0000");
 }
 
-std::string TestoOra(const DateTime& when) {
-  return Due(when.hour) + ":" + Due(when.minute) + ":" + Due(when.second);
-}
+std::string TestoOra(const DateTime& when) { return Due(when.hour) + ":" + Due(when.minute) + ":" + Due(when.second); }
 
 std::string TestoDataOra(const DateTime& when) {
   return FormattaNumero(when.year, "0000") + "-" + Due(when.month) + "-" + Due(when.day) + " " + TestoOra(when);

@@ -74,7 +74,8 @@ class Converter {
     if (!hemisphereSet_) geo_.Nord(geo_.LatGradi() >= 0.0);
     hemisphereSet_ = true;
     if (!geo_.Geo2UTM()) throw RunTimeError("cannot be converted");
-    return FormattaNumero(geo_.UTMx(), Metres) + " " + FormattaNumero(geo_.UTMy(), Metres) + " " + std::to_string(geo_.UTMzone());
+    return FormattaNumero(geo_.UTMx(), Metres) + " " + FormattaNumero(geo_.UTMy(), Metres) + " " +
+           std::to_string(geo_.UTMzone());
   }
 
   std::string toGeo(const std::vector<std::string>& words) {
@@ -124,10 +125,12 @@ void Verifica(const ConvertOptions& options) {
 }  // namespace
 
 void AggiungiConvert(CLI::App& app, Work& work) {
-  CLI::App* command = app.add_subcommand(
-      "convert", "Convert \"LAT LON\" lines of standard input to \"EASTING NORTHING ZONE\", or \"EASTING NORTHING\" to \"LAT LON\"");
+  CLI::App* command = app.add_subcommand("convert",
+                                         "Convert \"LAT LON\" lines of standard input to \"EASTING NORTHING ZONE\", or "
+                                         "\"EASTING NORTHING\" to \"LAT LON\"");
   const auto o = std::make_shared<ConvertOptions>();
-  CLI::Option* toUtm = command->add_flag("--to-utm", o->toUtm, "Geographic to UTM; the first line fixes zone and hemisphere for all");
+  CLI::Option* toUtm =
+      command->add_flag("--to-utm", o->toUtm, "Geographic to UTM; the first line fixes zone and hemisphere for all");
   command->add_flag("--to-geo", o->toGeo, "UTM to geographic; needs --zone")->excludes(toUtm);
   command->add_option("--datum", o->datum, "Datum, as --datums names it (default WGS84)")->type_name("NAME");
   command->add_option("--format", o->format, "Layout of latitudes and longitudes (default dmm.mmm)")

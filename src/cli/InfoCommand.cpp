@@ -45,8 +45,8 @@ struct FileInfo {
   std::int32_t largestChannel = 0;
   std::size_t firings = 0;
   std::size_t positioned = 0;
-  Range time;   ///< days since 1899-12-30
-  Range depth;  ///< m
+  Range time;                                              ///< days since 1899-12-30
+  Range depth;                                             ///< m
   std::vector<std::pair<Severity, std::string>> findings;  ///< what would be left unread or is amiss
 };
 
@@ -85,7 +85,8 @@ void EsaminaBinario(FileBytes bytes, FileInfo& info) {
   if (info.records > 0 && scan.counted != scan.MaxCanale) {
     info.findings.emplace_back(Severity::Note, "the counted " + std::to_string(scan.counted) +
                                                    " channels differ from the largest channel number " +
-                                                   std::to_string(scan.MaxCanale) + ": the number is asked (--channels)");
+                                                   std::to_string(scan.MaxCanale) +
+                                                   ": the number is asked (--channels)");
   }
 }
 
@@ -157,7 +158,8 @@ std::string InTesto(const FileInfo& info) {
   out << "  firings    " << info.firings << ", " << info.positioned << " with a position\n";
   if (info.time.any) out << "  time       " << Quando(info.time.low) << " to " << Quando(info.time.high) << '\n';
   if (info.depth.any) {
-    out << "  depth      " << FormattaNumero(info.depth.low, "0.0##") << " to " << FormattaNumero(info.depth.high, "0.0##") << " m\n";
+    out << "  depth      " << FormattaNumero(info.depth.low, "0.0##") << " to "
+        << FormattaNumero(info.depth.high, "0.0##") << " m\n";
   }
   for (const auto& finding : info.findings) out << "  - " << finding.second << '\n';
   return out.str();

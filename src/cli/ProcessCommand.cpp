@@ -59,7 +59,8 @@ DateTime Adesso() {
 #else
   localtime_r(&now, &local);
 #endif
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, std::min(local.tm_sec, 59)};
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+          local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};
 }
 
 void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
@@ -98,7 +99,8 @@ void PreparaPannelli(Session& session, const ProcessOptions& options) {
 
 /// Types the two halves of "E,N" into their boxes and presses Enter in each.
 template <class PressEast, class PressNorth>
-void Trasla(const std::string& shift, std::string& eastBox, std::string& northBox, PressEast pressEast, PressNorth pressNorth) {
+void Trasla(const std::string& shift, std::string& eastBox, std::string& northBox, PressEast pressEast,
+            PressNorth pressNorth) {
   if (shift.empty()) return;
   const std::size_t comma = shift.find(',');
   eastBox = shift.substr(0, comma);
@@ -123,10 +125,12 @@ int Esegui(const ProcessOptions& options) {
   if (!options.cable.empty()) session.CableConf_Click();
   if (!options.zone.empty()) session.SetUtmZone_Click();
   TranslationPanel& boxes = session.FrameDataMove;
-  Trasla(options.dataShift, boxes.TestTxt, boxes.TnordTxt, [&] { session.TestTxt_KeyPress(EnterKey); },
-         [&] { session.TnordTxt_KeyPress(EnterKey); });
-  Trasla(options.depthShift, boxes.DTestTxt, boxes.DTnordTxt, [&] { session.DTestTxt_KeyPress(EnterKey); },
-         [&] { session.DTnordTxt_KeyPress(EnterKey); });
+  Trasla(
+      options.dataShift, boxes.TestTxt, boxes.TnordTxt, [&] { session.TestTxt_KeyPress(EnterKey); },
+      [&] { session.TnordTxt_KeyPress(EnterKey); });
+  Trasla(
+      options.depthShift, boxes.DTestTxt, boxes.DTnordTxt, [&] { session.DTestTxt_KeyPress(EnterKey); },
+      [&] { session.DTnordTxt_KeyPress(EnterKey); });
   if (!options.range.empty()) session.SetRange_Click();
   if (options.writes("csv")) session.SalvaTabella();
   ScegliEstremi(session, options);
@@ -149,13 +153,16 @@ void AggiungiRifiutate(CLI::App& command) {
         ->group("Not available yet");
   };
   for (const char* name : {"--gps", "--link", "--clock-offset", "--connect"}) refuse(name, "external GPS tracks are");
-  for (const char* name : {"--picture", "--size", "--theta", "--phi", "--gamma", "--zoom", "--projection", "--layers"}) {
+  for (const char* name :
+       {"--picture", "--size", "--theta", "--phi", "--gamma", "--zoom", "--projection", "--layers"}) {
     refuse(name, "pictures are");
   }
 }
 
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
-  command.add_option("files", o.files, "Survey files: Syscal binaries or text exports, read in this order")->required()->type_name("FILE");
+  command.add_option("files", o.files, "Survey files: Syscal binaries or text exports, read in this order")
+      ->required()
+      ->type_name("FILE");
   const std::map<std::string, CoordinateEntry> coords{{"ddmmss", CoordinateEntry::DDMMSS},
                                                       {"ddmm", CoordinateEntry::DDMM},
                                                       {"dd", CoordinateEntry::DD},
@@ -165,15 +172,22 @@ void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
       ->type_name("ddmmss|ddmm|dd|utm");
   const std::map<std::string, BadGps> filters{
       {"none", BadGps::NoFilter}, {"skip", BadGps::Skip}, {"interpolate", BadGps::Interpolate}};
-  command.add_option("--bad-gps", o.badGps, "Measurements without a fix: keep, leave out, or place between their neighbours (default none)")
+  command
+      .add_option("--bad-gps", o.badGps,
+                  "Measurements without a fix: keep, leave out, or place between their neighbours (default none)")
       ->transform(CLI::Transformer(filters))
       ->type_name("none|skip|interpolate");
-  command.add_option("--channels", o.channels, "Channels per firing, where the file leaves them open (default: as counted)")
+  command
+      .add_option("--channels", o.channels,
+                  "Channels per firing, where the file leaves them open (default: as counted)")
       ->check(Numero())
       ->type_name("N");
   command.add_flag("--past-gaps", o.pastGaps, "Read past lost fixes to the last positioned record");
-  command.add_option("--cable", o.cable, "Cable configuration, e.g. \"C1 55 C2 60 E1 50 E2 45 ... E11 0\"")->type_name("TEXT");
-  command.add_option("--zone", o.zone, "UTM zone (default: that of the first fix; 32 for UTM files)")->check(Numero())->type_name("N");
+  command.add_option("--cable", o.cable, "Cable configuration, e.g. \"C1 55 C2 60 E1 50 E2 45 ... E11 0\"")
+      ->type_name("TEXT");
+  command.add_option("--zone", o.zone, "UTM zone (default: that of the first fix; 32 for UTM files)")
+      ->check(Numero())
+      ->type_name("N");
   command.add_flag("--south", o.south, "UTM files: the southern hemisphere");
 }
 
@@ -182,16 +196,29 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
   command.add_option("--to", o.to, "Last measurement of the section (default: the last)")->type_name("J");
   command.add_flag("--true-position", o.truePosition, "Move positions from the GPS back to the current dipole");
   command.add_flag("--external-gps", o.externalGps, "Take linked external positions as true ones");
-  command.add_option("--cable-offset", o.cableOffset, "Distance of the first floating electrode from the Syscal, m (default 0)")->check(Numero())->type_name("M");
-  command.add_option("--echo-offset", o.echoOffset, "Distance of the echo sounder from the Syscal, m (default 0)")->check(Numero())->type_name("M");
+  command
+      .add_option("--cable-offset", o.cableOffset,
+                  "Distance of the first floating electrode from the Syscal, m (default 0)")
+      ->check(Numero())
+      ->type_name("M");
+  command.add_option("--echo-offset", o.echoOffset, "Distance of the echo sounder from the Syscal, m (default 0)")
+      ->check(Numero())
+      ->type_name("M");
   command.add_option("--kml-offset", o.kmlOffset, "Metres added to every altitude of the .kml")->type_name("TEXT");
-  command.add_option("--data-shift", o.dataShift, "Translation of the data in the view, m")->check(Coppia())->type_name("E,N");
-  command.add_option("--depth-shift", o.depthShift, "Translation of the echo-sounder profile in the view, m")->check(Coppia())->type_name("E,N");
-  command.add_option("--range", o.range, "Bounds of the colour scale, ohm m (default: from the data)")->check(Intervallo())->type_name("MIN;MAX");
+  command.add_option("--data-shift", o.dataShift, "Translation of the data in the view, m")
+      ->check(Coppia())
+      ->type_name("E,N");
+  command.add_option("--depth-shift", o.depthShift, "Translation of the echo-sounder profile in the view, m")
+      ->check(Coppia())
+      ->type_name("E,N");
+  command.add_option("--range", o.range, "Bounds of the colour scale, ohm m (default: from the data)")
+      ->check(Intervallo())
+      ->type_name("MIN;MAX");
 }
 
 void AggiungiUscita(CLI::App& command, ProcessOptions& o) {
-  command.add_option("--out", o.out, "Root of the output names (default: first file's name with _section behind)")->type_name("ROOT");
+  command.add_option("--out", o.out, "Root of the output names (default: first file's name with _section behind)")
+      ->type_name("ROOT");
   command.add_option("--format", o.formats, "Comma-separated list of bin, txt, ecs, kml, csv (default bin)")
       ->check(Elenco({"bin", "txt", "ecs", "kml", "csv"}))
       ->type_name("LIST");

@@ -22,14 +22,16 @@ std::string SommarioTesto(const Session& session) {
       continue;
     }
     out << file.format << ", " << file.bytes << " bytes, " << file.records
-        << (file.format == "text" ? " lines, " : " records, ") << file.channels << " channels, " << file.firings << " firings\n";
+        << (file.format == "text" ? " lines, " : " records, ") << file.channels << " channels, " << file.firings
+        << " firings\n";
   }
   out << "measurements  " << survey.NumMisure() << " (" << session.fixes().discarded << " discarded, "
       << session.fixes().interpolated << " interpolated)\n";
   out << "UTM zone      " << survey.settings.ZonaUTM << "\n";
   out << "resistivity   " << FormattaNumero(static_cast<double>(t.RhoMin), "0.0##") << " to "
       << FormattaNumero(static_cast<double>(t.RhoMax), "0.0##") << " ohm m\n";
-  out << "track         " << Metri(t.Lunghezza) << ", mean spacing " << Metri(static_cast<double>(t.PassoMedio)) << "\n";
+  out << "track         " << Metri(t.Lunghezza) << ", mean spacing " << Metri(static_cast<double>(t.PassoMedio))
+      << "\n";
   if (const auto& section = session.section()) {
     out << "section       " << section->from << " to " << section->to << ", " << section->points << " points, "
         << section->records << " records\n";
@@ -62,7 +64,8 @@ Json SommarioJson(const Session& session, const std::vector<std::string>& messag
   json["mean_spacing"] = NumeroJson(t.PassoMedio);
   json["section"] = nullptr;
   if (const auto& section = session.section()) {
-    json["section"] = {{"from", section->from}, {"to", section->to}, {"points", section->points}, {"records", section->records}};
+    json["section"] = {
+        {"from", section->from}, {"to", section->to}, {"points", section->points}, {"records", section->records}};
   }
   json["outputs"] = Json::array();
   for (const auto& path : session.outputs()) json["outputs"].push_back(path.string());

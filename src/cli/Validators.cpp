@@ -11,7 +11,8 @@ namespace {
 CLI::Validator DueNumeri(char separator, const char* form) {
   return {[separator, form](std::string& text) -> std::string {
             const std::size_t at = text.find(separator);
-            const bool pair = at != std::string::npos && SoloNumero(text.substr(0, at)) && SoloNumero(text.substr(at + 1));
+            const bool pair =
+                at != std::string::npos && SoloNumero(text.substr(0, at)) && SoloNumero(text.substr(at + 1));
             return pair ? "" : "\"" + text + "\" is not " + form;
           },
           form};
@@ -20,9 +21,7 @@ CLI::Validator DueNumeri(char separator, const char* form) {
 }  // namespace
 
 CLI::Validator Numero() {
-  return {[](std::string& text) -> std::string {
-            return SoloNumero(text) ? "" : "\"" + text + "\" is not a number";
-          },
+  return {[](std::string& text) -> std::string { return SoloNumero(text) ? "" : "\"" + text + "\" is not a number"; },
           "NUMBER"};
 }
 

@@ -20,10 +20,17 @@ std::string Escape(std::string_view text) {
   std::string out;
   for (const char c : text) {
     switch (c) {
-      case '&': out += "&amp;"; break;
-      case '<': out += "&lt;"; break;
-      case '>': out += "&gt;"; break;
-      default: out += c;
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      default:
+        out += c;
     }
   }
   return out;
@@ -32,12 +39,15 @@ std::string Escape(std::string_view text) {
 /// The last `digits` hexadecimal digits of a value, in capitals.
 std::string Esadecimale(std::int32_t value, int digits) {
   std::string text;
-  for (int k = digits - 1; k >= 0; --k) text += "0123456789ABCDEF"[(static_cast<std::uint32_t>(value) >> (4 * k)) & 0xFU];
+  for (int k = digits - 1; k >= 0; --k)
+    text += "0123456789ABCDEF"[(static_cast<std::uint32_t>(value) >> (4 * k)) & 0xFU];
   return text;
 }
 
 /// Alpha, blue, green, red: red in the low byte of the value gives that order.
-std::string Colore(std::int16_t opacity, std::int32_t colour) { return Esadecimale(opacity, 2) + Esadecimale(colour, 6); }
+std::string Colore(std::int16_t opacity, std::int32_t colour) {
+  return Esadecimale(opacity, 2) + Esadecimale(colour, 6);
+}
 
 std::string NumeroConSegno(std::int16_t value) { return TestoConSegno(static_cast<double>(value)); }
 
@@ -68,16 +78,18 @@ KmlGoogle::KmlGoogle() {
 std::string KmlGoogle::FileName() {
   constexpr std::string_view ending = ".KML";
   const std::string upper = Maiuscolo(fileName_);
-  const bool ends = upper.size() >= ending.size() && upper.compare(upper.size() - ending.size(), ending.size(), ending) == 0;
+  const bool ends =
+      upper.size() >= ending.size() && upper.compare(upper.size() - ending.size(), ending.size(), ending) == 0;
   if (!ends) fileName_ += ".Kml";
   return fileName_;
 }
 
 void KmlGoogle::OpenKml() {
   file_ = std::make_unique<FileWriter>(FileName());
-  line("<?xml version=\"1.0\" encoding=\"UTF-8\"?> \r"
-       "<kml xmlns=\"http://www.opengis.net/kml/2.2\" xmlns:gx=\"http://www.google.com/kml/ext/2.2\">\r"
-       "<Document>");
+  line(
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?> \r"
+      "<kml xmlns=\"http://www.opengis.net/kml/2.2\" xmlns:gx=\"http://www.google.com/kml/ext/2.2\">\r"
+      "<Document>");
   line("");
   flush();
 }
@@ -92,7 +104,9 @@ void KmlGoogle::CloseKml() {
 
 void KmlGoogle::GroundOverlayImage(std::string_view image) { image_ = Rifila(image); }
 
-void KmlGoogle::SetPoints(double px, double Py, double Pz, std::int32_t Pindex) { Metti(points_, {px, Py, Pz}, Pindex); }
+void KmlGoogle::SetPoints(double px, double Py, double Pz, std::int32_t Pindex) {
+  Metti(points_, {px, Py, Pz}, Pindex);
+}
 
 void KmlGoogle::SetLines(double px, double Py, double Pz, std::int32_t Pindex) { Metti(lines_, {px, Py, Pz}, Pindex); }
 

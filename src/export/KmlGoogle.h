@@ -58,10 +58,10 @@ class KmlGoogle {
   /// @param vertices the ring, its first vertex repeated at its end
   void SetPolygon(std::string name, std::string description, std::span<const KmlPoint> vertices);
 
-  void PointsToKml();   ///< one placemark per buffered point
-  void LinesToKml();    ///< the buffered points as one line
+  void PointsToKml();  ///< one placemark per buffered point
+  void LinesToKml();   ///< the buffered points as one line
   void PolygonToKml();
-  void SetOverlay();    ///< the ground-overlay folder
+  void SetOverlay();  ///< the ground-overlay folder
 
   /// "googleearth.exe" when it stood in the current folder at construction, else empty.
   std::string GoogleEarth_Path() const { return viewer_; }

@@ -84,7 +84,8 @@ Profile CreaProfilo(Survey& survey, const Section& section, const std::vector<st
     const Misura& m = Punto(survey, p);
     ProfilePoint& point = profile(p);
     point = {m.UTMx, m.UTMy, std::isfinite(m.Val12) ? std::abs(static_cast<double>(m.Val12)) : 0.0, 0.0};
-    if (previous != nullptr) point.distanza = previous->distanza + dist(previous->est, previous->nord, point.est, point.nord);
+    if (previous != nullptr)
+      point.distanza = previous->distanza + dist(previous->est, previous->nord, point.est, point.nord);
     previous = &point;
   }
   RipetiTenuti(profile, kept);
@@ -107,7 +108,8 @@ void CreaProfiloVero(Survey& survey, Extraction& x, const std::vector<std::int32
   for (const std::int32_t p : kept) {
     const Misura& m = Punto(survey, p);
     const double place = x.grid.place(C1, DistanzaDaE1(x.section, p)).value_or(0.0);
-    x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], static_cast<double>(Profondita(x, place)), x.section.Profilo(p).distanza};
+    x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], static_cast<double>(Profondita(x, place)),
+                                x.section.Profilo(p).distanza};
   }
   RipetiTenuti(x.section.ProfiloVero, kept);
 }
@@ -120,10 +122,8 @@ struct ElectrodeField {
   Campo<float> x;
   Campo<float> z;
 };
-constexpr std::array<ElectrodeField, 4> Quadrupole{{{campo::R16, campo::R48},
-                                                    {campo::R20, campo::ZB},
-                                                    {campo::PosM, campo::ZM},
-                                                    {campo::PosN, campo::ZN}}};
+constexpr std::array<ElectrodeField, 4> Quadrupole{
+    {{campo::R16, campo::R48}, {campo::R20, campo::ZB}, {campo::PosM, campo::ZM}, {campo::PosN, campo::ZN}}};
 
 void ScriviElettrodi(RecordSyscalPro& record, const Extraction& x, std::size_t channel, double D) {
   const std::array<std::size_t, 4> electrodes{C1, C2, channel, channel + 1};
@@ -144,7 +144,9 @@ void ScriviPunto(const Misura& m, Extraction& x, double D, std::size_t first) {
     record.scrivi(campo::Inizio, std::int16_t{9});
     ScriviElettrodi(record, x, c, D);
     record.scrivi(campo::R72, current);
-    record.scrivi(campo::R68, SingoloOppure((static_cast<double>(m.CanaleA.at(c)) - static_cast<double>(m.CanaleB.at(c))) / 2.0, 0.0F));
+    record.scrivi(
+        campo::R68,
+        SingoloOppure((static_cast<double>(m.CanaleA.at(c)) - static_cast<double>(m.CanaleB.at(c))) / 2.0, 0.0F));
     record.scrivi(campo::R76, m.Rho.at(c));
     record.scrivi(campo::Canale, static_cast<std::int16_t>(c));
     record.scrivi(campo::GpsNord, north);

@@ -14,28 +14,28 @@ namespace corvan {
 
 /// How true positions are found.
 enum class TruePosition {
-  AsStored,      ///< the stored position is the true one
-  BehindBoat,    ///< moved back along the direction of travel by the cable's lag behind the boat's GPS
-  ExternalGps    ///< the stored position, linked to an external track, is the true one
+  AsStored,    ///< the stored position is the true one
+  BehindBoat,  ///< moved back along the direction of travel by the cable's lag behind the boat's GPS
+  ExternalGps  ///< the stored position, linked to an external track, is the true one
 };
 
 struct SectionRequest {
-  std::int32_t E1 = 1;        ///< first measurement, 1-based, not greater than E2
-  std::int32_t E2 = 1;        ///< last measurement
-  double OffsetCavo = 0;      ///< distance of the first floating electrode from the instrument, m
-  double OffsetEco = 0;       ///< distance of the echo sounder from the instrument, m
+  std::int32_t E1 = 1;    ///< first measurement, 1-based, not greater than E2
+  std::int32_t E2 = 1;    ///< last measurement
+  double OffsetCavo = 0;  ///< distance of the first floating electrode from the instrument, m
+  double OffsetEco = 0;   ///< distance of the echo sounder from the instrument, m
   TruePosition position = TruePosition::AsStored;
-  bool echoSounder = false;   ///< electrodes get the water depth as z, and the profile of true positions is made
+  bool echoSounder = false;  ///< electrodes get the water depth as z, and the profile of true positions is made
 };
 
 struct Section {
   std::int32_t E1 = 1;
   std::int32_t E2 = 1;
-  std::int32_t points = 0;             ///< points that gave records
-  double Passo = 0;                    ///< electrode spacing, m
-  Profile Profilo;                     ///< stored positions and depths
-  Profile ProfiloVero;                 ///< true positions and the depths under the cable; made for the echo sounder
-  Array1<RecordSyscalPro> RecordOut;   ///< ten records a point
+  std::int32_t points = 0;            ///< points that gave records
+  double Passo = 0;                   ///< electrode spacing, m
+  Profile Profilo;                    ///< stored positions and depths
+  Profile ProfiloVero;                ///< true positions and the depths under the cable; made for the echo sounder
+  Array1<RecordSyscalPro> RecordOut;  ///< ten records a point
 
   std::int32_t NqpBin() const { return 10 * points; }
 };

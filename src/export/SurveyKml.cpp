@@ -131,10 +131,10 @@ class Curtain {
     float colour = 0.0F;
     CreaColore(request_.range.ScalaMax, request_.range.ScalaMin, rho, colour);
     kml_.SetPolygon("n. " + TestoConSegno(static_cast<double>(p)) + " - " + TestoConSegno(static_cast<double>(c)),
-                    "UTMx: " + FormattaNumero(m.Deriv[3], "######0.0#") + " UTMy: " +
-                        FormattaNumero(m.Deriv[4], "######0.0#") + " Rho: " +
-                        FormattaNumero(static_cast<double>(rho), "###0.0##") + " Level: " +
-                        FormattaNumero(static_cast<double>(c), "#0"),
+                    "UTMx: " + FormattaNumero(m.Deriv[3], "######0.0#") +
+                        " UTMy: " + FormattaNumero(m.Deriv[4], "######0.0#") +
+                        " Rho: " + FormattaNumero(static_cast<double>(rho), "###0.0##") +
+                        " Level: " + FormattaNumero(static_cast<double>(c), "#0"),
                     ring);
     kml_.PolygonColour(static_cast<std::int32_t>(colour));
     kml_.PolygonToKml();
@@ -164,7 +164,8 @@ void SalvaKML(KmlGoogle& kml, const Survey& survey, GeoGeo& geo, const CurtainRe
   curtain.write();
   kml.CloseKml();
   if (curtain.skipped() > 0) {
-    diagnostics.fault("SalvaKML", "cells without a finite resistivity or place left out: " + std::to_string(curtain.skipped()));
+    diagnostics.fault("SalvaKML",
+                      "cells without a finite resistivity or place left out: " + std::to_string(curtain.skipped()));
   }
 }
 

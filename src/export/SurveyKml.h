@@ -13,9 +13,9 @@
 namespace corvan {
 
 struct CurtainRequest {
-  std::int32_t Primo = 1;     ///< first measurement, 1-based
-  std::int32_t Ultimo = 1;    ///< last measurement
-  double Passo = 0;           ///< electrode spacing, m
+  std::int32_t Primo = 1;   ///< first measurement, 1-based
+  std::int32_t Ultimo = 1;  ///< last measurement
+  double Passo = 0;         ///< electrode spacing, m
   ColourRange range;
 };
 

@@ -51,7 +51,8 @@ void SalvaTabella(FileWriter& out, const Survey& survey) {
     Row row;
     row.add(++n);
     row.add(m.NumFile);
-    for (const double value : {m.Tempo, m.Lat, m.Lon, m.UTMx, m.UTMy, m.Deriv[3], m.Deriv[4], m.Distanza}) row.add(value);
+    for (const double value : {m.Tempo, m.Lat, m.Lon, m.UTMx, m.UTMy, m.Deriv[3], m.Deriv[4], m.Distanza})
+      row.add(value);
     for (const float value : {m.Passo, m.Val12, m.Val60, m.Val64}) row.add(value);
     row.addAll(m.Elettrodi);
     row.add(m.Val180);

@@ -24,17 +24,25 @@ constexpr Mask Coordinate = "#########.0#";
 
 // The table's columns behind the ordinal. Current stands before potential and quality before chargeability, other than
 // in the record: programs that read these tables expect it so.
-constexpr std::array Columns{
-    Column{"Ax", campo::R16, Place},       Column{"Bx", campo::R20, Place},
-    Column{"Mx", campo::PosM, Place},      Column{"Nx", campo::PosN, Place},
-    Column{"Ay", campo::YA, Place},        Column{"By", campo::YB, Place},
-    Column{"My", campo::YM, Place},        Column{"Ny", campo::YN, Place},
-    Column{"Az", campo::R48, Place},       Column{"Bz", campo::ZB, Place},
-    Column{"Mz", campo::ZM, Place},        Column{"Nz", campo::ZN, Place},
-    Column{"i", campo::R72, Reading},      Column{"v", campo::R68, Reading},
-    Column{"Rho", campo::R76, Reading},    Column{"q", campo::Qualita, Quality},
-    Column{"m", campo::Caricabilita, Quality}, Column{"UTMx", campo::GpsEst, Coordinate},
-    Column{"UTMy", campo::GpsNord, Coordinate}};
+constexpr std::array Columns{Column{"Ax", campo::R16, Place},
+                             Column{"Bx", campo::R20, Place},
+                             Column{"Mx", campo::PosM, Place},
+                             Column{"Nx", campo::PosN, Place},
+                             Column{"Ay", campo::YA, Place},
+                             Column{"By", campo::YB, Place},
+                             Column{"My", campo::YM, Place},
+                             Column{"Ny", campo::YN, Place},
+                             Column{"Az", campo::R48, Place},
+                             Column{"Bz", campo::ZB, Place},
+                             Column{"Mz", campo::ZM, Place},
+                             Column{"Nz", campo::ZN, Place},
+                             Column{"i", campo::R72, Reading},
+                             Column{"v", campo::R68, Reading},
+                             Column{"Rho", campo::R76, Reading},
+                             Column{"q", campo::Qualita, Quality},
+                             Column{"m", campo::Caricabilita, Quality},
+                             Column{"UTMx", campo::GpsEst, Coordinate},
+                             Column{"UTMy", campo::GpsNord, Coordinate}};
 
 }  // namespace
 
@@ -59,7 +67,8 @@ void SalvaTraccia(FileWriter& out, const Profile& Profilo, std::int32_t Primo, s
     const ProfilePoint& point = Profilo(p);
     PrintLine line;
     line.add(" " + std::to_string(p) + " ");
-    for (const double value : {point.est, point.nord, point.prof, point.distanza}) line.add(FormattaNumero(value, mask));
+    for (const double value : {point.est, point.nord, point.prof, point.distanza})
+      line.add(FormattaNumero(value, mask));
     out.write(line.text() + "\r\n");
   }
 }

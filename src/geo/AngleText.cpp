@@ -23,7 +23,8 @@ std::string Ripulisci(std::string_view text) {
   constexpr std::string_view degreeUtf8 = "\xC2\xB0";
   constexpr std::string_view degreeLatin1 = "\xB0";
   std::string clean = Senza(Rifila(text), degreeUtf8);
-  for (const std::string_view mark : {degreeLatin1, std::string_view("'"), std::string_view(" ")}) clean = Senza(clean, mark);
+  for (const std::string_view mark : {degreeLatin1, std::string_view("'"), std::string_view(" ")})
+    clean = Senza(clean, mark);
   std::replace(clean.begin(), clean.end(), ',', '.');
   return clean;
 }
@@ -59,8 +60,12 @@ double GradiDaTesto(std::string_view text, AngleFormat format) {
     case AngleFormat::DMMSS:
       degrees = Pezzo(clean, 0, p - 4) + Pezzo(clean, p - 4, p - 2) / 60.0 + Pezzo(clean, p - 2, end) / 3600.0;
       break;
-    case AngleFormat::DMM_MMM: degrees = Pezzo(clean, 0, p - 2) + Pezzo(clean, p - 2, end) / 60.0; break;
-    case AngleFormat::D_DDDD: degrees = Pezzo(clean, 0, end); break;
+    case AngleFormat::DMM_MMM:
+      degrees = Pezzo(clean, 0, p - 2) + Pezzo(clean, p - 2, end) / 60.0;
+      break;
+    case AngleFormat::D_DDDD:
+      degrees = Pezzo(clean, 0, end);
+      break;
   }
   return negative ? -degrees : degrees;
 }

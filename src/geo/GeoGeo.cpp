@@ -63,9 +63,12 @@ void GeoGeo::UTMzone(std::int16_t zone) { zone_ = std::clamp<std::int16_t>(zone,
 std::string GeoGeo::LatLonFormat() const {
   if (!format_) return "";
   switch (*format_) {
-    case AngleFormat::DMMSS: return "DMMSS";
-    case AngleFormat::DMM_MMM: return "DMM.MMM";
-    case AngleFormat::D_DDDD: return "D.DDDD";
+    case AngleFormat::DMMSS:
+      return "DMMSS";
+    case AngleFormat::DMM_MMM:
+      return "DMM.MMM";
+    case AngleFormat::D_DDDD:
+      return "D.DDDD";
   }
   return "";
 }
@@ -159,19 +162,19 @@ bool GeoGeo::UTM2Geo() {
 
   // Plus before the fourth power where the textbook has a minus: it takes metres off a latitude far from the central
   // meridian, and published positions depend on it.
-  const double phi = phi1 - (N1 * tangent / R1) * (D2 / 2 + (5 + 3 * T1 + 10 * C1 - 4 * C1 * C1 - 9 * ep2) * D4 / 24 +
-                                                   (61 + 90 * T1 + 298 * C1 + 45 * T1 * T1 - 3 * C1 * C1 - 252 * ep2) * D6 / 720);
+  const double phi =
+      phi1 - (N1 * tangent / R1) * (D2 / 2 + (5 + 3 * T1 + 10 * C1 - 4 * C1 * C1 - 9 * ep2) * D4 / 24 +
+                                    (61 + 90 * T1 + 298 * C1 + 45 * T1 * T1 - 3 * C1 * C1 - 252 * ep2) * D6 / 720);
   const double lambda = meridian_ - (D - (1 + 2 * T1 + C1) * D3 / 6 +
-                                     (5 - 2 * C1 + 28 * T1 - 3 * C1 * C1 + 8 * ep2 + 24 * T1 * T1) * D5 / 120) / cosine;
+                                     (5 - 2 * C1 + 28 * T1 - 3 * C1 * C1 + 8 * ep2 + 24 * T1 * T1) * D5 / 120) /
+                                        cosine;
   if (!std::isfinite(phi) || !std::isfinite(lambda)) return false;
   lat_ = nord_ ? phi : -phi;
   lon_ = lambda;
   return true;
 }
 
-double GeoGeo::Gradi(double layoutNumber) const {
-  return GradiDaTesto(TestoNumero(layoutNumber), Layout());
-}
+double GeoGeo::Gradi(double layoutNumber) const { return GradiDaTesto(TestoNumero(layoutNumber), Layout()); }
 
 void GeoGeo::LoadDatum() {
   a_ = Datums.at(slot_).SemiMajor;

@@ -18,8 +18,8 @@ namespace corvan {
 /// a survey is kept in one zone.
 ///
 /// The series are those that published files were made with. Forward, three coefficients of the meridional arc differ
-/// from the textbook; up to 3° from the central meridian the result stays within decimetres of the exact projection. Back,
-/// one sign differs: latitudes come out up to eight metres short there. docs/accuracy.md gives the figures.
+/// from the textbook; up to 3° from the central meridian the result stays within decimetres of the exact projection.
+/// Back, one sign differs: latitudes come out up to eight metres short there. docs/accuracy.md gives the figures.
 class GeoGeo {
  public:
   /// @param dialogs where "Wrong Datum Name" and the format warning are shown; must outlive this object
@@ -70,8 +70,8 @@ class GeoGeo {
   /// @return false after such a fault
   bool Geo2UTM();
 
-  /// Footpoint-latitude inverse (Snyder, USGS PP 1395, eq. 3-26 and 8-17 to 8-25, but for one sign). An arithmetic fault
-  /// leaves latitude and longitude as they were. @return false after such a fault
+  /// Footpoint-latitude inverse (Snyder, USGS PP 1395, eq. 3-26 and 8-17 to 8-25, but for one sign). An arithmetic
+  /// fault leaves latitude and longitude as they were. @return false after such a fault
   bool UTM2Geo();
 
   /// Decimal degrees of a number in the current layout, e.g. 45.5 for 4530 of "DMM.MMM".
@@ -85,12 +85,12 @@ class GeoGeo {
   std::size_t slot_ = 0;
   double a_ = 0, b_ = 0;
   std::optional<AngleFormat> format_;
-  double lat_ = 0, lon_ = 0;   // rad
-  double meridian_ = 0;        // central meridian, rad
-  double x_ = 0, y_ = 0;       // m
+  double lat_ = 0, lon_ = 0;  // rad
+  double meridian_ = 0;       // central meridian, rad
+  double x_ = 0, y_ = 0;      // m
   std::int16_t zone_ = 0;
   bool nord_ = true;
-  double falseNorthing_ = 0;   // m
+  double falseNorthing_ = 0;  // m
 };
 
 /// UTM zone of a longitude in degrees; outside -180..180 it is taken as DDDMM. 180 gives 61, deliberately unclamped.

@@ -28,8 +28,8 @@ inline constexpr std::size_t OldRecordLength = 248;
 
 /// Records of the old 248-byte format as they stand.
 struct OldSyscalFile {
-  std::string HeaderBin;                                        ///< the first 1030 bytes
-  Array1<std::array<std::byte, OldRecordLength>> RecordBin;     ///< bytes past the end of the file are zero
+  std::string HeaderBin;                                     ///< the first 1030 bytes
+  Array1<std::array<std::byte, OldRecordLength>> RecordBin;  ///< bytes past the end of the file are zero
 };
 
 /// Loads a file's records without interpreting them. A file shorter than 1047 bytes gives none.

@@ -56,18 +56,21 @@ void RilieviLunghezza(const SyscalScan& scan, Rilievi& out) {
 
 void RilieviTipo(const SyscalScan& scan, Rilievi& out) {
   if (scan.type == 0) {
-    out.emplace_back(Severity::Note, "records of 248 bytes have no room for a position: channel, position and time are "
-                                     "taken from the bytes behind each record");
+    out.emplace_back(Severity::Note,
+                     "records of 248 bytes have no room for a position: channel, position and time are "
+                     "taken from the bytes behind each record");
   } else if (scan.type < 0 || scan.type > 3) {
-    out.emplace_back(Severity::Note, "record type word " + std::to_string(scan.type) + " is not 0 to 3: read as records of " +
-                                         std::to_string(scan.records.length()) + " bytes");
+    out.emplace_back(Severity::Note, "record type word " + std::to_string(scan.type) +
+                                         " is not 0 to 3: read as records of " + std::to_string(scan.records.length()) +
+                                         " bytes");
   }
 }
 
 /// Records left out before and behind those that are read.
 void RilieviEstremi(const SyscalScan& scan, std::size_t last, Rilievi& out) {
   if (!scan.anyFix()) {
-    out.emplace_back(Severity::Fault, "none of the " + Record(scan.records.size()) + " has a position: no reading is taken");
+    out.emplace_back(Severity::Fault,
+                     "none of the " + Record(scan.records.size()) + " has a position: no reading is taken");
     return;
   }
   if (scan.PrimoValido > 1) {
@@ -96,8 +99,9 @@ void RilieviInterni(const SyscalScan& scan, std::size_t last, std::int32_t chann
   }
   const std::size_t used = last - scan.PrimoValido + 1;
   if (channels > 0 && used % static_cast<std::size_t>(channels) != 0) {
-    out.emplace_back(Severity::Note, "the last firing has " + std::to_string(used % static_cast<std::size_t>(channels)) +
-                                         " of " + std::to_string(channels) + " channels");
+    out.emplace_back(Severity::Note, "the last firing has " +
+                                         std::to_string(used % static_cast<std::size_t>(channels)) + " of " +
+                                         std::to_string(channels) + " channels");
   }
 }
 
@@ -144,8 +148,8 @@ std::string RifiutoSyscal(std::size_t fileSize) {
          std::to_string(ShortestSyscal) + " needed";
 }
 
-std::vector<std::pair<Severity, std::string>> RilieviSyscal(const SyscalScan& scan, std::size_t last, std::int32_t channels,
-                                                            bool gapsKept) {
+std::vector<std::pair<Severity, std::string>> RilieviSyscal(const SyscalScan& scan, std::size_t last,
+                                                            std::int32_t channels, bool gapsKept) {
   Rilievi out;
   RilieviTipo(scan, out);
   RilieviLunghezza(scan, out);

@@ -46,19 +46,20 @@ std::vector<std::pair<Severity, std::string>> RilieviTesto(const TextScan& scan,
     return out;
   }
   if (scan.PrimoValido > 2) {
-    out.emplace_back(Severity::Note, Righe(scan.PrimoValido - 2) + " between the header and the first position left out");
+    out.emplace_back(Severity::Note,
+                     Righe(scan.PrimoValido - 2) + " between the header and the first position left out");
   }
   if (scan.lostFilled > 0) {
-    out.emplace_back(Severity::Fault, "fix lost at line " + std::to_string(scan.lostLine) + ": " + Righe(scan.lostFilled) +
-                                          " from there on left out, " + std::to_string(scan.lostPositioned) +
-                                          " of them with a position");
+    out.emplace_back(Severity::Fault, "fix lost at line " + std::to_string(scan.lostLine) + ": " +
+                                          Righe(scan.lostFilled) + " from there on left out, " +
+                                          std::to_string(scan.lostPositioned) + " of them with a position");
   } else if (span == ReadSpan::ToFirstLostFix && scan.lostLine == 0) {
     out.emplace_back(Severity::Note, "the last line, " + std::to_string(scan.lines) + ", is left out");
   }
   if (scan.shortLines > 0) {
-    out.emplace_back(Severity::Fault, "line " + std::to_string(scan.shortLine) + " has " + std::to_string(scan.shortFields) +
-                                          " of " + std::to_string(TextFields) + " fields, the missing ones read as 0 (" +
-                                          Righe(scan.shortLines) + " so)");
+    out.emplace_back(Severity::Fault, "line " + std::to_string(scan.shortLine) + " has " +
+                                          std::to_string(scan.shortFields) + " of " + std::to_string(TextFields) +
+                                          " fields, the missing ones read as 0 (" + Righe(scan.shortLines) + " so)");
   }
   return out;
 }

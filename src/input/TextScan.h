@@ -10,14 +10,14 @@
 
 namespace corvan {
 
-inline constexpr std::size_t TextFields = 49;          ///< values of a complete line
+inline constexpr std::size_t TextFields = 49;  ///< values of a complete line
 inline constexpr std::string_view TextHeader = "DISTANCE";
 
 /// Where the data of a text export lie and what was amiss. Line numbers are 1-based; 0 stands for none.
 struct TextScan {
   std::size_t lines = 0;
-  std::size_t PrimoValido = 1;     ///< first line with a position; 1 when none has one
-  std::size_t UltimoValido = 0;    ///< last line taken
+  std::size_t PrimoValido = 1;   ///< first line with a position; 1 when none has one
+  std::size_t UltimoValido = 0;  ///< last line taken
   bool anyFix = false;
   std::size_t lostLine = 0;        ///< first line without position behind PrimoValido
   std::size_t lostFilled = 0;      ///< lines left out from there on that are not blank

@@ -15,13 +15,13 @@ enum class CoordinateEntry { DDMMSS, DDMM, DD, UTM };
 struct InputPanel {
   bool visible = false;
   CoordinateEntry LatLonCmbx = CoordinateEntry::DDMM;
-  bool Option1 = true;    ///< "No Filter"
-  bool Option2 = false;   ///< "Skip bad GPS"
-  bool Option3 = false;   ///< "Interpolate bad GPS"
-  bool pastGaps = false;  ///< "Read past lost fixes"
-  bool south = false;     ///< UTM files only: the southern hemisphere
-  std::filesystem::path Dir1;                 ///< current folder
-  std::vector<std::filesystem::path> File1;   ///< the selected files in list order, relative to nothing: full names
+  bool Option1 = true;                       ///< "No Filter"
+  bool Option2 = false;                      ///< "Skip bad GPS"
+  bool Option3 = false;                      ///< "Interpolate bad GPS"
+  bool pastGaps = false;                     ///< "Read past lost fixes"
+  bool south = false;                        ///< UTM files only: the southern hemisphere
+  std::filesystem::path Dir1;                ///< current folder
+  std::vector<std::filesystem::path> File1;  ///< the selected files in list order, relative to nothing: full names
   std::string Donelbl = "File Read";
   bool DonelblVisible = false;
 };

@@ -53,8 +53,9 @@ SectionRequest Session::chiediSezione() {
   if (request.E2 < request.E1) std::swap(request.E1, request.E2);
 
   const auto ask = [this](double& offset, const char* prompt, const char* title) {
-    Trappola(diagnostics_, "SalvaEstrattoFile",
-             [&] { offset = Val(dialogs_.InputBox({prompt, title, TestoNumero(offset)})); });
+    Trappola(diagnostics_, "SalvaEstrattoFile", [&] {
+      offset = Val(dialogs_.InputBox({prompt, title, TestoNumero(offset)}));
+    });
   };
   ask(offsetCavo_, "Distance of the first floating Electrode from Syscal", "Set Cable Offset Value ");
   ask(offsetEco_, "Distance of EchoSounder from Syscal", "Set EchoSounder Offset Value ");
@@ -77,8 +78,10 @@ void Session::scriviSezione(Section& section) {
     scrivi("SalvaAscii", ".txt", [&](FileWriter& out) { SalvaAscii(out, section.RecordOut, NqpBin); });
   }
   if (FrameFileOut.EchoZChk) {
-    scrivi("SalvaTraccia", ".ecs", [&](FileWriter& out) { SalvaTraccia(out, section.Profilo, section.E1, section.E2); });
-    scrivi("SalvaTraccia", ".ecst", [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.E1, section.E2); });
+    scrivi("SalvaTraccia", ".ecs",
+           [&](FileWriter& out) { SalvaTraccia(out, section.Profilo, section.E1, section.E2); });
+    scrivi("SalvaTraccia", ".ecst",
+           [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.E1, section.E2); });
   }
   if (!FrameFileOut.KMLchk) return;
   const bool written = Trappola(diagnostics_, "SalvaKML", [&] {

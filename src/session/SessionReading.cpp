@@ -20,7 +20,9 @@ constexpr std::int16_t DefaultZone = 32;
 
 }  // namespace
 
-Session::Session(Dialogs& dialogs, Clock clock) : dialogs_(dialogs), clock_(std::move(clock)), geo_(dialogs) { Form_Load(); }
+Session::Session(Dialogs& dialogs, Clock clock) : dialogs_(dialogs), clock_(std::move(clock)), geo_(dialogs) {
+  Form_Load();
+}
 
 void Session::Form_Load() {
   FrameFileIn.DonelblVisible = false;
@@ -43,9 +45,15 @@ void Session::ConvertAsciiCmd_Click() {
   if (FrameFileIn.Option2) survey_.settings.filter = BadGps::Skip;
   if (FrameFileIn.Option3) survey_.settings.filter = BadGps::Interpolate;
   switch (chosen) {
-    case CoordinateEntry::DDMMSS: geo_.LatLonFormat("DMMSS"); break;
-    case CoordinateEntry::DDMM: geo_.LatLonFormat("DMM.MMM"); break;
-    case CoordinateEntry::DD: geo_.LatLonFormat("D.DDDD"); break;
+    case CoordinateEntry::DDMMSS:
+      geo_.LatLonFormat("DMMSS");
+      break;
+    case CoordinateEntry::DDMM:
+      geo_.LatLonFormat("DMM.MMM");
+      break;
+    case CoordinateEntry::DD:
+      geo_.LatLonFormat("D.DDDD");
+      break;
     case CoordinateEntry::UTM:
       survey_.settings.CoordUTM = true;
       geo_.UTMzone(survey_.settings.ZonaUTM);
@@ -128,12 +136,14 @@ void Session::ImpostaZona(std::int16_t zone) {
 
 void Session::CableConf_Click() {
   Trappola(diagnostics_, "ModificaCavo", [this] {
-    const std::string answer(Rifila(dialogs_.InputBox({"Set String", "Cable Configuration", survey_.cavo.StringaCavo})));
+    const std::string answer(
+        Rifila(dialogs_.InputBox({"Set String", "Cable Configuration", survey_.cavo.StringaCavo})));
     if (answer.empty()) return;
     const std::size_t tokens = ContaCampi(answer, ScegliSeparatore(answer));
     if (tokens < 2 * CableElectrodes) {
       diagnostics_.note("ModificaCavo", "the cable configuration has " + std::to_string(tokens) + " of " +
-                                            std::to_string(2 * CableElectrodes) + " tokens, the missing positions are 0");
+                                            std::to_string(2 * CableElectrodes) +
+                                            " tokens, the missing positions are 0");
     }
     survey_.cavo.PosCavo = LeggiStringaCavo(answer);
     survey_.cavo.StringaCavo = answer;
@@ -143,13 +153,14 @@ void Session::CableConf_Click() {
 
 void Session::SetUtmZone_Click() {
   Trappola(diagnostics_, "SetUtmZone", [this] {
-    const std::string answer = dialogs_.InputBox({"UTM Zone n. ", "Set Universal Trasverse Mercatore Zone",
-                                                  std::to_string(survey_.settings.ZonaUTM)});
+    const std::string answer = dialogs_.InputBox(
+        {"UTM Zone n. ", "Set Universal Trasverse Mercatore Zone", std::to_string(survey_.settings.ZonaUTM)});
     const std::int16_t zone = Rifila(answer).empty() ? DefaultZone : AInt16(Val(answer));
     ImpostaZona(zone);
     geo_.UTMzone(zone);
     if (geo_.UTMzone() != zone) {
-      diagnostics_.fault("SetUtmZone", "zone " + std::to_string(zone) + " is not 1 to 60: positions are computed in zone " +
+      diagnostics_.fault("SetUtmZone", "zone " + std::to_string(zone) +
+                                           " is not 1 to 60: positions are computed in zone " +
                                            std::to_string(geo_.UTMzone()));
     }
     survey_.settings.CoordUTM = false;

@@ -16,8 +16,8 @@ std::string DescriviMisura(const Survey& survey, std::size_t k) {
     const DateTime date = DaGiorni(m.Tempo);
     when = TestoData(date) + " " + TestoOra(date);
   }
-  return "File." + file + " Data. " + when + " Lg." + FormattaNumero(m.Lon, angle) + " Lt." + FormattaNumero(m.Lat, angle) +
-         " D.Prog. " + FormattaNumero(m.Distanza, "####0.0");
+  return "File." + file + " Data. " + when + " Lg." + FormattaNumero(m.Lon, angle) + " Lt." +
+         FormattaNumero(m.Lat, angle) + " D.Prog. " + FormattaNumero(m.Distanza, "####0.0");
 }
 
 }  // namespace corvan

@@ -17,37 +17,37 @@ namespace corvan {
 /// What one file of the batch gave.
 struct FileSummary {
   std::filesystem::path path;
-  std::string format;             ///< "syscal" or "text"; empty when the file could not be read
+  std::string format;  ///< "syscal" or "text"; empty when the file could not be read
   std::uintmax_t bytes = 0;
-  std::size_t recordLength = 0;   ///< bytes; 0 for a text export
-  std::size_t records = 0;        ///< records, or lines of a text export
+  std::size_t recordLength = 0;  ///< bytes; 0 for a text export
+  std::size_t records = 0;       ///< records, or lines of a text export
   std::int32_t channels = 0;
-  std::size_t firings = 0;        ///< measurements that the file added
+  std::size_t firings = 0;  ///< measurements that the file added
 };
 
 /// The file being read and the records of the last one.
 struct CurrentFile {
-  std::filesystem::path NomeFile;  ///< full path
-  std::string TitoloFile;          ///< name without folder
-  std::string TipoFile;            ///< first 8 bytes, upper-cased
-  std::int16_t NumFile = 0;        ///< ordinal in the batch, from 1
-  std::int16_t FileLetto = 0;      ///< 1 once the reader has returned
-  std::int16_t LungRecord = 0;     ///< record length, bytes
-  std::int32_t NumCanali = 0;      ///< channels per firing
+  std::filesystem::path NomeFile;    ///< full path
+  std::string TitoloFile;            ///< name without folder
+  std::string TipoFile;              ///< first 8 bytes, upper-cased
+  std::int16_t NumFile = 0;          ///< ordinal in the batch, from 1
+  std::int16_t FileLetto = 0;        ///< 1 once the reader has returned
+  std::int16_t LungRecord = 0;       ///< record length, bytes
+  std::int32_t NumCanali = 0;        ///< channels per firing
   std::int16_t CanaliImpostati = 0;  ///< 1 once the channel count is settled
-  std::string HeaderBin;           ///< the 1030-character header of the last binary file
-  SyscalRecords RecordPro;         ///< raw records of the last Syscal Pro file
+  std::string HeaderBin;             ///< the 1030-character header of the last binary file
+  SyscalRecords RecordPro;           ///< raw records of the last Syscal Pro file
 };
 
 enum class BadGps { NoFilter, Skip, Interpolate };
 
 struct Settings {
-  bool CoordUTM = false;               ///< the files carry UTM coordinates
-  BadGps filter = BadGps::NoFilter;    ///< the treatment of bad fixes
-  std::int16_t ZonaUTM = 32;           ///< UTM zone of the survey, as typed or chosen
-  double TraslDatiEst = 0;             ///< data translation of the view, m
+  bool CoordUTM = false;             ///< the files carry UTM coordinates
+  BadGps filter = BadGps::NoFilter;  ///< the treatment of bad fixes
+  std::int16_t ZonaUTM = 32;         ///< UTM zone of the survey, as typed or chosen
+  double TraslDatiEst = 0;           ///< data translation of the view, m
   double TraslDatiNord = 0;
-  float TraslFondoEst = 0;             ///< depth translation of the view, m
+  float TraslFondoEst = 0;  ///< depth translation of the view, m
   float TraslFondoNord = 0;
 };
 
@@ -68,7 +68,7 @@ struct TrackExtent {
   double EstensioneX = 0, EstensioneY = 0;        ///< m
   double Lunghezza = 0;                           ///< track length, m
   float PassoMedio = 0;                           ///< mean spacing of the measurements, m
-  Array1<Punto3D> PuntiGPS;    ///< per measurement, relative to the origin, translated; w is the depth
+  Array1<Punto3D> PuntiGPS;   ///< per measurement, relative to the origin, translated; w is the depth
   Array1<Punto3D> PuntiGPS0;  ///< the same with z = 0
 };
 

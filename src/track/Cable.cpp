@@ -53,13 +53,15 @@ void CreaCavoDaMisure(Survey& survey) {
   cable.PosCavo[C2] = m.Val64;
   cable.StringaCavo = ComponiStringaCavo(cable.PosCavo);
   const double middle = (static_cast<double>(cable.PosCavo[1]) + static_cast<double>(cable.PosCavo[2])) * 0.5;
-  for (std::size_t k = 1; k <= CableElectrodes; ++k) cable.PosCavoRel[k] = static_cast<double>(cable.PosCavo[k]) - middle;
+  for (std::size_t k = 1; k <= CableElectrodes; ++k)
+    cable.PosCavoRel[k] = static_cast<double>(cable.PosCavo[k]) - middle;
 }
 
 std::array<float, CableElectrodes + 1> LeggiStringaCavo(std::string_view text) {
   std::array<float, CableElectrodes + 1> positions{};
   std::string separator;
-  for (std::size_t k = 1; k <= CableElectrodes; ++k) positions.at(k) = ASingolo(EstraiCampo(text, separator, Gettone(k)));
+  for (std::size_t k = 1; k <= CableElectrodes; ++k)
+    positions.at(k) = ASingolo(EstraiCampo(text, separator, Gettone(k)));
   return positions;
 }
 

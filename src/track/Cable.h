@@ -19,8 +19,9 @@ float FattoreGeometrico(float A, float B, float M, float N);
 /// zero every factor); from measurement 1 when there is none.
 void CreaCavoDaMisure(Survey& survey);
 
-/// The thirteen positions of a configuration text ("C1 60 C2 55 E1 50 ... E11 0"): only the places of the numbers count,
-/// token 2 is C1, 4 is C2, 2k + 4 is E k. Missing or non-numeric tokens are 0. Tokens are separated by blanks, ";" or tabs.
+/// The thirteen positions of a configuration text ("C1 60 C2 55 E1 50 ... E11 0"): only the places of the numbers
+/// count, token 2 is C1, 4 is C2, 2k + 4 is E k. Missing or non-numeric tokens are 0. Tokens are separated by blanks,
+/// ";" or tabs.
 /// @throws RunTimeError for a number that has no single-precision form
 std::array<float, CableElectrodes + 1> LeggiStringaCavo(std::string_view text);
 

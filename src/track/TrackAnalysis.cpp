@@ -147,7 +147,8 @@ void CalcolaEstensione(Survey& survey) {
 
 /// Position relative to the scene origin, as the scene stores it.
 Punto3D Relativo(const Misura& m, const TrackExtent& t) {
-  return {ASingolo(m.UTMx - static_cast<double>(t.CentroX)), ASingolo(m.UTMy - static_cast<double>(t.CentroY)), 0.0F, 0.0F};
+  return {ASingolo(m.UTMx - static_cast<double>(t.CentroX)), ASingolo(m.UTMy - static_cast<double>(t.CentroY)), 0.0F,
+          0.0F};
 }
 
 /// The points of the track: translated where the position is the measurement's own, zero where it has none.
@@ -191,7 +192,8 @@ void CalcolaDistanze(Survey& survey) {
 }  // namespace
 
 std::size_t PrimaPosizione(const Survey& survey) {
-  const auto found = std::find_if(survey.Misure.begin(), survey.Misure.end(), [](const Misura& m) { return !m.SenzaFix; });
+  const auto found =
+      std::find_if(survey.Misure.begin(), survey.Misure.end(), [](const Misura& m) { return !m.SenzaFix; });
   return found == survey.Misure.end() ? 0 : static_cast<std::size_t>(found - survey.Misure.begin()) + 1;
 }
 

@@ -32,18 +32,21 @@ INSTANTIATE_TEST_SUITE_P(
     Table, MaskedNumbers,
     ::testing::Values(
         MaskCase{"#####0.##", 0, "0."}, MaskCase{"#####0.##", 12, "12."}, MaskCase{"#####0.##", 0.125, "0.13"},
-        MaskCase{"#####0.##", -0.004, "0."}, MaskCase{"#####0.##", 99.996, "100."}, MaskCase{"#####0.##", 2.675, "2.68"},
-        MaskCase{"#####0.##", static_cast<double>(2.675F), "2.67"}, MaskCase{"#####0.##", 1234567.891, "1234567.89"},
-        MaskCase{"#####0.##", 0.005, "0.01"}, MaskCase{"#####0.##", -1.5, "-1.5"}, MaskCase{"##0.#", 90, "90."},
-        MaskCase{"##0.#", 0.05, "0.1"}, MaskCase{"##0.#", -0.04, "0."}, MaskCase{"##0.#", 89.95, "90."},
-        MaskCase{"##0.#", -180, "-180."}, MaskCase{"#########.0#", 0, ".0"}, MaskCase{"#########.0#", -0.25, "-.25"},
+        MaskCase{"#####0.##", -0.004, "0."}, MaskCase{"#####0.##", 99.996, "100."},
+        MaskCase{"#####0.##", 2.675, "2.68"}, MaskCase{"#####0.##", static_cast<double>(2.675F), "2.67"},
+        MaskCase{"#####0.##", 1234567.891, "1234567.89"}, MaskCase{"#####0.##", 0.005, "0.01"},
+        MaskCase{"#####0.##", -1.5, "-1.5"}, MaskCase{"##0.#", 90, "90."}, MaskCase{"##0.#", 0.05, "0.1"},
+        MaskCase{"##0.#", -0.04, "0."}, MaskCase{"##0.#", 89.95, "90."}, MaskCase{"##0.#", -180, "-180."},
+        MaskCase{"#########.0#", 0, ".0"}, MaskCase{"#########.0#", -0.25, "-.25"},
         MaskCase{"#########.0#", 12, "12.0"}, MaskCase{"#########.0#", static_cast<double>(12.345F), "12.35"},
         MaskCase{"#########.0#", static_cast<double>(4512345.68F), "4512345.5"}, MaskCase{"#######0.0#", 0.005, "0.01"},
         MaskCase{"#######0.0#", -3.999, "-4.0"}, MaskCase{"#######0.0#", -0.001, "0.0"},
-        MaskCase{"#######0.0#", 4512345.678, "4512345.68"}, MaskCase{"####0.0", -0.05, "-0.1"}, MaskCase{"####0.0", 0.25, "0.3"},
-        MaskCase{"####0.0", 12345678, "12345678.0"}, MaskCase{"#0", 9.5, "10"}, MaskCase{"00", 7, "07"},
-        MaskCase{"##0.00000000000000", 12.3, "12.30000000000000"}, MaskCase{"#######0.00", 1e17, "100000000000000000.00"},
-        MaskCase{"#######0.00", 999999999999999.0, "999999999999999.00"}, MaskCase{"#######0.00", 9.999999999999999e-10, "0.00"},
+        MaskCase{"#######0.0#", 4512345.678, "4512345.68"}, MaskCase{"####0.0", -0.05, "-0.1"},
+        MaskCase{"####0.0", 0.25, "0.3"}, MaskCase{"####0.0", 12345678, "12345678.0"}, MaskCase{"#0", 9.5, "10"},
+        MaskCase{"00", 7, "07"}, MaskCase{"##0.00000000000000", 12.3, "12.30000000000000"},
+        MaskCase{"#######0.00", 1e17, "100000000000000000.00"},
+        MaskCase{"#######0.00", 999999999999999.0, "999999999999999.00"},
+        MaskCase{"#######0.00", 9.999999999999999e-10, "0.00"},
         MaskCase{"##0.0", std::numeric_limits<double>::quiet_NaN(), ""}));
 
 struct ValCase {
@@ -53,18 +56,22 @@ struct ValCase {
 
 class LeadingNumbers : public ::testing::TestWithParam<ValCase> {};
 
-TEST_P(LeadingNumbers, AreReadAndTheRestIsIgnored) { EXPECT_EQ(Val(GetParam().text), GetParam().value) << GetParam().text; }
+TEST_P(LeadingNumbers, AreReadAndTheRestIsIgnored) {
+  EXPECT_EQ(Val(GetParam().text), GetParam().value) << GetParam().text;
+}
 
 INSTANTIATE_TEST_SUITE_P(Table, LeadingNumbers,
-                         ::testing::Values(ValCase{"", 0}, ValCase{"  12.5 m", 12.5}, ValCase{"12,5", 12}, ValCase{"+3", 3},
-                                           ValCase{"+-3", 0}, ValCase{"-.5", -0.5}, ValCase{".", 0}, ValCase{"-", 0},
-                                           ValCase{"1.2.3", 1.2}, ValCase{"1e3x", 1000}, ValCase{"1e", 1}, ValCase{"1e+", 1},
-                                           ValCase{"inf", 0}, ValCase{"-nan", 0}, ValCase{"0x1F", 0}, ValCase{"E5", 0},
-                                           ValCase{"\t7", 7}, ValCase{"1e-999", 0}, ValCase{"0e999", 0},
-                                           ValCase{"0.0000001e-320", 0}, ValCase{"5e-324", 5e-324}));
+                         ::testing::Values(ValCase{"", 0}, ValCase{"  12.5 m", 12.5}, ValCase{"12,5", 12},
+                                           ValCase{"+3", 3}, ValCase{"+-3", 0}, ValCase{"-.5", -0.5}, ValCase{".", 0},
+                                           ValCase{"-", 0}, ValCase{"1.2.3", 1.2}, ValCase{"1e3x", 1000},
+                                           ValCase{"1e", 1}, ValCase{"1e+", 1}, ValCase{"inf", 0}, ValCase{"-nan", 0},
+                                           ValCase{"0x1F", 0}, ValCase{"E5", 0}, ValCase{"\t7", 7},
+                                           ValCase{"1e-999", 0}, ValCase{"0e999", 0}, ValCase{"0.0000001e-320", 0},
+                                           ValCase{"5e-324", 5e-324}));
 
 TEST(LeadingNumber, TooLargeForADoubleAreAnErrorAndNeverInfinity) {
-  for (const char* text : {"1e999", "-1e999", "1e+99999999999999999999", "123456e304"}) EXPECT_THROW(Val(text), RunTimeError) << text;
+  for (const char* text : {"1e999", "-1e999", "1e+99999999999999999999", "123456e304"})
+    EXPECT_THROW(Val(text), RunTimeError) << text;
   EXPECT_EQ(Val("1e-99999999999999999999"), 0.0);
 }
 
@@ -87,7 +94,8 @@ TEST(PlainNumbers, ReadBackToTheSameValueWithoutExponent) {
 }
 
 TEST(Rounding, GoesToEvenOnHalvesAndRefusesWhatDoesNotFit) {
-  const std::pair<double, double> halves[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-0.5, 0}, {-1.5, -2}, {-2.5, -2}, {2.4999, 2}, {-7.6, -8}};
+  const std::pair<double, double> halves[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},    {-0.5, 0},
+                                              {-1.5, -2}, {-2.5, -2}, {2.4999, 2}, {-7.6, -8}};
   for (const auto& [value, rounded] : halves) EXPECT_EQ(ArrotondaPari(value), rounded) << value;
   EXPECT_EQ(AInt16(32767.4), 32767);
   EXPECT_THROW(AInt16(32767.5), RunTimeError);

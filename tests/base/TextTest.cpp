@@ -33,12 +33,16 @@ TEST_P(Fields, AreCutAsTheTextReadersExpect) {
   EXPECT_EQ(c.separator, c.settled);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Table, Fields,
-    ::testing::Values(FieldCase{"1;2;3", "", 2, 2, ";"}, FieldCase{"1;2;3", "", 4, 0, ";"}, FieldCase{";1;2", "", 1, 1, ";"},
-                      FieldCase{";;1", ";", 1, 0, ";"}, FieldCase{"  5   6  7 ", "", 3, 7, " "}, FieldCase{"5\t6 7", "", 2, 6, "\t"},
-                      FieldCase{"5\0" "6"s, "", 2, 6, "\0"s}, FieldCase{"5 ; 6 ", "", 2, 6, ";"}, FieldCase{" ", "", 1, 0, ""},
-                      FieldCase{"1,2,3", "", 1, 1, " "}, FieldCase{"4 5;6", " ", 2, 5, " "}, FieldCase{"a;12,5", "", 2, 12, ";"}));
+INSTANTIATE_TEST_SUITE_P(Table, Fields,
+                         ::testing::Values(FieldCase{"1;2;3", "", 2, 2, ";"}, FieldCase{"1;2;3", "", 4, 0, ";"},
+                                           FieldCase{";1;2", "", 1, 1, ";"}, FieldCase{";;1", ";", 1, 0, ";"},
+                                           FieldCase{"  5   6  7 ", "", 3, 7, " "}, FieldCase{"5\t6 7", "", 2, 6, "\t"},
+                                           FieldCase{"5\0"
+                                                     "6"s,
+                                                     "", 2, 6, "\0"s},
+                                           FieldCase{"5 ; 6 ", "", 2, 6, ";"}, FieldCase{" ", "", 1, 0, ""},
+                                           FieldCase{"1,2,3", "", 1, 1, " "}, FieldCase{"4 5;6", " ", 2, 5, " "},
+                                           FieldCase{"a;12,5", "", 2, 12, ";"}));
 
 TEST(FieldCursors, OfOneLineWalkedOnceAgreeWithThoseCutOneByOne) {
   const std::string line = "  ;a; b ;;c d;  ";
@@ -54,7 +58,9 @@ TEST(FieldCursors, OfOneLineWalkedOnceAgreeWithThoseCutOneByOne) {
 }
 
 TEST(Lines, EndInLfCrLfOrCrAlsoMixed) {
-  const std::string text = "\xEF\xBB\xBF" "a\nb\r\nc\r\rd\n\r\ne";
+  const std::string text =
+      "\xEF\xBB\xBF"
+      "a\nb\r\nc\r\rd\n\r\ne";
   std::vector<std::string> lines;
   LineCursor cursor(text);
   while (cursor.more()) lines.emplace_back(cursor.next());
@@ -66,9 +72,9 @@ TEST(Lines, EndInLfCrLfOrCrAlsoMixed) {
 TEST(PrintZones, BeginEvery14ColumnsAndDropTrailingBlanks) {
   PrintLine line;
   line.add(" 1 ");
-  line.add("12345678901234");     // fills its zone: the next item follows at once
+  line.add("12345678901234");  // fills its zone: the next item follows at once
   line.add("x");
-  line.add("123456789012345");    // overruns its zone: the next item takes the one after
+  line.add("123456789012345");  // overruns its zone: the next item takes the one after
   line.add("y ");
   EXPECT_EQ(line.text(), " 1            12345678901234x             123456789012345             y");
 }

@@ -26,12 +26,14 @@ struct Outcome {
 struct Cli {
   test::TempFolder folder;
 
-  Outcome operator()(const std::string& arguments, const std::string& input = "", const std::string& before = "") const {
+  Outcome operator()(const std::string& arguments, const std::string& input = "",
+                     const std::string& before = "") const {
     folder.write("stdin", input);
     const std::string command = "cd '" + folder.path().string() + "' && " + before + " '" CORVAN_CLI "' " + arguments +
                                 " <stdin >stdout 2>stderr";
     const int result = std::system(command.c_str());
-    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, test::Slurp(folder / "stdout"), test::Slurp(folder / "stderr")};
+    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, test::Slurp(folder / "stdout"),
+            test::Slurp(folder / "stderr")};
   }
   bool exists(const std::string& name) const { return std::filesystem::exists(folder / name); }
 };
@@ -40,15 +42,32 @@ bool Contains(const std::string& text, const std::string& part) { return text.fi
 
 TEST(Process, WritesEveryFormatUnderTheDefaultRoot) {
   const Cli cli;
-  const Outcome run = cli("process " + Sample + " --past-gaps --bad-gps interpolate --format bin,txt,ecs,kml,csv --json");
+  const Outcome run =
+      cli("process " + Sample + " --past-gaps --bad-gps interpolate --format bin,txt,ecs,kml,csv --json");
   EXPECT_EQ(run.status, 0) << run.err;
   for (const char* name : {"bin", "txt", "ecs", "ecst", "kml", "csv"}) {
     EXPECT_TRUE(cli.exists(std::string("lagoon_1_section.") + name)) << name;
   }
-  for (const char* key : {"\"files\"", "\"format\": \"syscal\"", "\"record_length\": 304", "\"records\": 2200", "\"channels\": 10",
-                          "\"firings\": 218", "\"measurements\": 218", "\"discarded\": 0", "\"interpolated\": 2", "\"zone\": 33",
-                          "\"rho_min\"", "\"rho_max\"", "\"track_length\"", "\"mean_spacing\"", "\"from\": 1", "\"to\": 218",
-                          "\"points\": 218", "\"outputs\"", "\"messages\": []", "\"diagnostics\""}) {
+  for (const char* key : {"\"files\"",
+                          "\"format\": \"syscal\"",
+                          "\"record_length\": 304",
+                          "\"records\": 2200",
+                          "\"channels\": 10",
+                          "\"firings\": 218",
+                          "\"measurements\": 218",
+                          "\"discarded\": 0",
+                          "\"interpolated\": 2",
+                          "\"zone\": 33",
+                          "\"rho_min\"",
+                          "\"rho_max\"",
+                          "\"track_length\"",
+                          "\"mean_spacing\"",
+                          "\"from\": 1",
+                          "\"to\": 218",
+                          "\"points\": 218",
+                          "\"outputs\"",
+                          "\"messages\": []",
+                          "\"diagnostics\""}) {
     EXPECT_TRUE(Contains(run.out, key)) << key;
   }
   const std::string csv = test::Slurp(cli.folder / "lagoon_1_section.csv");
@@ -61,9 +80,10 @@ TEST(Process, AnswersEveryQuestionFromItsOption) {
   auto records = Firings(8, 4);
   for (auto& r : records) r.channel = 0;
   cli.folder.write("s.bin", SyscalFile(records));
-  const Outcome run = cli("process s.bin --channels 2 --zone 32 --cable 'C1 10 C2 20 E1 1' --range '1;2' --from 7 --to 3 "
-                      "--cable-offset 3 --echo-offset=-2 --kml-offset 50 --true-position --out sub --format txt,kml,csv --json "
-                      "--data-shift 1,2 --depth-shift=-1,2.5");
+  const Outcome run =
+      cli("process s.bin --channels 2 --zone 32 --cable 'C1 10 C2 20 E1 1' --range '1;2' --from 7 --to 3 "
+          "--cable-offset 3 --echo-offset=-2 --kml-offset 50 --true-position --out sub --format txt,kml,csv --json "
+          "--data-shift 1,2 --depth-shift=-1,2.5");
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_TRUE(Contains(run.out, "\"measurements\": 16"));
   EXPECT_TRUE(Contains(run.out, "\"zone\": 32"));
@@ -99,24 +119,28 @@ TEST_P(Statuses, TellWhetherAllWasDone) {
 
 INSTANTIATE_TEST_SUITE_P(
     Table, Statuses,
-    ::testing::Values(StatusCase{"process good.bin", 0, ""}, StatusCase{"process good.bin missing.bin", 1, "missing.bin: No such file"},
-                      StatusCase{"process .", 1, "is a folder"}, StatusCase{"process gap.bin", 1, "gap.bin: fix lost at record 21"},
-                      StatusCase{"process gap.bin --past-gaps", 0, "Some Data have incorrect GPS position"},
-                      StatusCase{"process cut.bin", 1, "294 of 304 bytes"}, StatusCase{"process picture.bin", 1, "picture.bin: is neither"},
-                      StatusCase{"process good.bin --from 0", 1, "No points selected"},
-                      StatusCase{"process good.bin --to 5", 1, "No points selected"},
-                      StatusCase{"process good.bin --out good", 1, "good.bin: was read in this run"},
-                      StatusCase{"process good.bin --out no/where", 1, "no/where.bin: No such file"},
-                      StatusCase{"process good.bin --zone 75", 1, "zone 75 is not 1 to 60"},
-                      StatusCase{"process", 2, "files"}, StatusCase{"", 2, "subcommand"}, StatusCase{"process good.bin --format bin,gif", 2, "gif"},
-                      StatusCase{"process good.bin --coords xyz", 2, "coords"}, StatusCase{"process good.bin --range 5", 2, "MIN;MAX"},
-                      StatusCase{"process good.bin --cable-offset 3m", 2, "not a number"},
-                      StatusCase{"process good.bin --picture x.png", 2, "not available"},
-                      StatusCase{"process good.bin --gps x.csv --link time", 2, "not available"},
-                      StatusCase{"info good.bin", 0, ""}, StatusCase{"info gap.bin", 1, "fix lost"}, StatusCase{"info missing", 1, "missing"},
-                      StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""}, StatusCase{"--version", 0, ""},
-                      StatusCase{"convert --to-geo", 2, "--zone"}, StatusCase{"convert --to-utm --zone 61", 2, "61"},
-                      StatusCase{"convert --to-utm --datum Mars", 2, "Wrong Datum Name"}));
+    ::testing::Values(
+        StatusCase{"process good.bin", 0, ""},
+        StatusCase{"process good.bin missing.bin", 1, "missing.bin: No such file"},
+        StatusCase{"process .", 1, "is a folder"}, StatusCase{"process gap.bin", 1, "gap.bin: fix lost at record 21"},
+        StatusCase{"process gap.bin --past-gaps", 0, "Some Data have incorrect GPS position"},
+        StatusCase{"process cut.bin", 1, "294 of 304 bytes"},
+        StatusCase{"process picture.bin", 1, "picture.bin: is neither"},
+        StatusCase{"process good.bin --from 0", 1, "No points selected"},
+        StatusCase{"process good.bin --to 5", 1, "No points selected"},
+        StatusCase{"process good.bin --out good", 1, "good.bin: was read in this run"},
+        StatusCase{"process good.bin --out no/where", 1, "no/where.bin: No such file"},
+        StatusCase{"process good.bin --zone 75", 1, "zone 75 is not 1 to 60"}, StatusCase{"process", 2, "files"},
+        StatusCase{"", 2, "subcommand"}, StatusCase{"process good.bin --format bin,gif", 2, "gif"},
+        StatusCase{"process good.bin --coords xyz", 2, "coords"},
+        StatusCase{"process good.bin --range 5", 2, "MIN;MAX"},
+        StatusCase{"process good.bin --cable-offset 3m", 2, "not a number"},
+        StatusCase{"process good.bin --picture x.png", 2, "not available"},
+        StatusCase{"process good.bin --gps x.csv --link time", 2, "not available"}, StatusCase{"info good.bin", 0, ""},
+        StatusCase{"info gap.bin", 1, "fix lost"}, StatusCase{"info missing", 1, "missing"},
+        StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""}, StatusCase{"--version", 0, ""},
+        StatusCase{"convert --to-geo", 2, "--zone"}, StatusCase{"convert --to-utm --zone 61", 2, "61"},
+        StatusCase{"convert --to-utm --datum Mars", 2, "Wrong Datum Name"}));
 
 TEST(Process, NamesTheOutputThatDoesNotFitAndWritesTheRest) {
   const Cli cli;
@@ -135,11 +159,13 @@ TEST(Info, TellsWhatAFileHoldsAndWhatWouldBeLeft) {
   for (std::size_t k = 20; k < 30; ++k) records[k].north = 0;
   records[5].depth = 7;
   cli.folder.write("gap.bin", SyscalFile(records));
-  cli.folder.write("t.txt", "DISTANCE\n" + test::TextLine({{2, "1.5"}}) + "\n" + test::TextLine({{2, "2.5"}, {27, "0"}}) + "\n\n");
+  cli.folder.write(
+      "t.txt", "DISTANCE\n" + test::TextLine({{2, "1.5"}}) + "\n" + test::TextLine({{2, "2.5"}, {27, "0"}}) + "\n\n");
   const Outcome run = cli("info --json gap.bin t.txt");
   EXPECT_EQ(run.status, 1);
-  for (const char* part : {"\"firings\": 2", "\"positioned\": 2", "\"time_first\": \"2026-06-15 06:00:00\"", "\"depth_max\": 7.0",
-                           "10 of them with a position", "\"format\": \"text\"", "\"positioned\": 1", "\"depth_max\": 1.5"}) {
+  for (const char* part :
+       {"\"firings\": 2", "\"positioned\": 2", "\"time_first\": \"2026-06-15 06:00:00\"", "\"depth_max\": 7.0",
+        "10 of them with a position", "\"format\": \"text\"", "\"positioned\": 1", "\"depth_max\": 1.5"}) {
     EXPECT_TRUE(Contains(run.out, part)) << part << run.out;
   }
 }
@@ -157,9 +183,11 @@ TEST(Convert, GoesBothWaysLineByLine) {
   EXPECT_EQ(first, "288685.5168 5030933.4458 33");
   EXPECT_TRUE(Contains(second, " 33")) << "the first position fixes the zone";
   EXPECT_FALSE(std::getline(lines, third));
-  for (const char* word : {"line 4: \"abc\"", "line 5: latitude 91", "line 6: holds 1 value"}) EXPECT_TRUE(Contains(forth.err, word)) << word;
+  for (const char* word : {"line 4: \"abc\"", "line 5: latitude 91", "line 6: holds 1 value"})
+    EXPECT_TRUE(Contains(forth.err, word)) << word;
   EXPECT_EQ(cli("convert --to-utm", "4524 1218\n").out, "288685.5168 5030933.4458 33\n");
-  EXPECT_EQ(cli("convert --to-geo --zone 56 --south --format d.dddd", "334000 6252000\n").out.substr(0, 9), "-33.85925");
+  EXPECT_EQ(cli("convert --to-geo --zone 56 --south --format d.dddd", "334000 6252000\n").out.substr(0, 9),
+            "-33.85925");
   EXPECT_TRUE(Contains(cli("convert --datums").out, "Clarke 1866\tNorth Amercia\n"));
 }
 

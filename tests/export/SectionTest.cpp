@@ -91,14 +91,15 @@ TEST_P(TruePositions, LieBehindTheBoatByTheLag) {
 }
 
 // A lag of 10 m: along a 3-4-5 slope it is 6 m and 8 m.
-INSTANTIATE_TEST_SUITE_P(Directions, TruePositions,
-                         ::testing::Values(DirectionCase{"northeast", {{300000, 5e6}, {300030, 5000040}, {300060, 5000080}}, -6, -8},
-                                           DirectionCase{"southwest", {{300060, 5000080}, {300030, 5000040}, {300000, 5e6}}, 6, 8},
-                                           DirectionCase{"southeast", {{300000, 5e6}, {300030, 4999960}}, -6, 8},
-                                           DirectionCase{"west", {{300060, 5e6}, {300000, 5e6}}, 10, 0},
-                                           DirectionCase{"north", {{300000, 5e6}, {300000, 5000040}}, 0, -10},
-                                           DirectionCase{"south", {{300000, 5000040}, {300000, 5e6}}, 0, 10},
-                                           DirectionCase{"one point", {{300000, 5e6}}, 10, 0}));
+INSTANTIATE_TEST_SUITE_P(
+    Directions, TruePositions,
+    ::testing::Values(DirectionCase{"northeast", {{300000, 5e6}, {300030, 5000040}, {300060, 5000080}}, -6, -8},
+                      DirectionCase{"southwest", {{300060, 5000080}, {300030, 5000040}, {300000, 5e6}}, 6, 8},
+                      DirectionCase{"southeast", {{300000, 5e6}, {300030, 4999960}}, -6, 8},
+                      DirectionCase{"west", {{300060, 5e6}, {300000, 5e6}}, 10, 0},
+                      DirectionCase{"north", {{300000, 5e6}, {300000, 5000040}}, 0, -10},
+                      DirectionCase{"south", {{300000, 5000040}, {300000, 5e6}}, 0, 10},
+                      DirectionCase{"one point", {{300000, 5e6}}, 10, 0}));
 
 TEST(TruePosition, RepeatedGivesTheSame) {
   Fixture f({{300000, 5e6}, {300030, 5000040}});
@@ -120,7 +121,8 @@ TEST(Depths, AreThoseUnderEachElectrode) {
   Section s = f.extract();
   // Point 1, channel 1: A at 55, looked up at 55 + 42 - 60 = 37 -> 4; M at 50 -> 32 -> 4; N at 45 -> 27 -> 4.
   EXPECT_EQ(s.RecordOut(1).leggi(campo::R48), 4);
-  // Channel 10: M = E10 at 5 -> -13 -> first depth; N = E11 at 0 likewise. Channel 5: M at 30 -> 12 -> 3, N at 25 -> 7 -> 2.
+  // Channel 10: M = E10 at 5 -> -13 -> first depth; N = E11 at 0 likewise. Channel 5: M at 30 -> 12 -> 3, N at 25 -> 7
+  // -> 2.
   EXPECT_EQ(s.RecordOut(10).leggi(campo::ZM), 1);
   EXPECT_EQ(s.RecordOut(5).leggi(campo::ZM), 3);
   EXPECT_EQ(s.RecordOut(5).leggi(campo::ZN), 2);

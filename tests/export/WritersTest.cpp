@@ -57,16 +57,32 @@ TEST(BinFiles, OverlapHeaderAndFirstRecordAndNumberTheRest) {
 TEST(TextTables, PutCurrentBeforePotentialAndQualityBeforeChargeability) {
   Array1<RecordSyscalPro> records(1);
   RecordSyscalPro& r = records(1);
-  const std::pair<Campo<float>, float> values[] = {
-      {campo::R16, 1}, {campo::R20, 2.5F}, {campo::PosM, -3}, {campo::PosN, 0.125F}, {campo::YA, 5}, {campo::YB, 6}, {campo::YM, 7},
-      {campo::YN, 8}, {campo::R48, 9}, {campo::ZB, 10}, {campo::ZM, 11}, {campo::ZN, 12}, {campo::R68, 13}, {campo::R72, 14},
-      {campo::R76, 15}, {campo::Caricabilita, 16}, {campo::Qualita, 17}, {campo::GpsNord, 5030000.5F}, {campo::GpsEst, 288685.53F}};
+  const std::pair<Campo<float>, float> values[] = {{campo::R16, 1},
+                                                   {campo::R20, 2.5F},
+                                                   {campo::PosM, -3},
+                                                   {campo::PosN, 0.125F},
+                                                   {campo::YA, 5},
+                                                   {campo::YB, 6},
+                                                   {campo::YM, 7},
+                                                   {campo::YN, 8},
+                                                   {campo::R48, 9},
+                                                   {campo::ZB, 10},
+                                                   {campo::ZM, 11},
+                                                   {campo::ZN, 12},
+                                                   {campo::R68, 13},
+                                                   {campo::R72, 14},
+                                                   {campo::R76, 15},
+                                                   {campo::Caricabilita, 16},
+                                                   {campo::Qualita, 17},
+                                                   {campo::GpsNord, 5030000.5F},
+                                                   {campo::GpsEst, 288685.53F}};
   for (const auto& [field, value] : values) r.scrivi(field, value);
   const auto lines = test::CrLfLines(Written([&](FileWriter& out) { SalvaAscii(out, records, 1); }));
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0], "N.\tAx\tBx\tMx\tNx\tAy\tBy\tMy\tNy\tAz\tBz\tMz\tNz\ti\tv\tRho\tq\tm\tUTMx\tUTMy");
-  EXPECT_EQ(lines[1],
-            " 1 \t1.\t2.5\t-3.\t0.13\t5.\t6.\t7.\t8.\t9.\t10.\t11.\t12.\t14.\t13.\t15.\t17.\t16.\t288685.53\t5030000.5");
+  EXPECT_EQ(
+      lines[1],
+      " 1 \t1.\t2.5\t-3.\t0.13\t5.\t6.\t7.\t8.\t9.\t10.\t11.\t12.\t14.\t13.\t15.\t17.\t16.\t288685.53\t5030000.5");
 }
 
 TEST(Profiles, StandInPrintZones) {
@@ -77,7 +93,8 @@ TEST(Profiles, StandInPrintZones) {
   const auto lines = test::CrLfLines(text);
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0], " 9            288685.5      5030933.45    0.0           0.0");
-  EXPECT_EQ(lines[1], " 10           -1234567890.1312.0          0.01          4.0") << "14 columns filled: the next follows at once";
+  EXPECT_EQ(lines[1], " 10           -1234567890.1312.0          0.01          4.0")
+      << "14 columns filled: the next follows at once";
   EXPECT_EQ(Written([&](FileWriter& out) { SalvaTraccia(out, profile, 10, 9); }), "");
 }
 
@@ -96,14 +113,16 @@ TEST(KmlDocuments, AreWrittenBlockByBlock) {
   kml.CloseKml();
   const std::string text = test::Slurp(folder / "doc.Kml");
   EXPECT_EQ(text.substr(0, 41), "<?xml version=\"1.0\" encoding=\"UTF-8\"?> \r<");
-  EXPECT_NE(text.find("<Document>\r\n\r\n<name></name>\r\n<Placemark>\r\n  <visibility>1</visibility>\r\n"), std::string::npos);
+  EXPECT_NE(text.find("<Document>\r\n\r\n<name></name>\r\n<Placemark>\r\n  <visibility>1</visibility>\r\n"),
+            std::string::npos);
   EXPECT_NE(text.find("      <color>C800FFFF</color>\r\n      <width> 4</width>\r\n"), std::string::npos);
   EXPECT_NE(text.find("    <extrude> 1</extrude>\r\n    <tessellate> 1 </tessellate>\r\n"), std::string::npos);
   EXPECT_NE(text.find("    <coordinates>\r\n12.3,45.4,-1.5\r\n    </coordinates>\r\n"), std::string::npos);
   EXPECT_NE(text.find("    <coordinates>0.0,0.0,0.0\r\n    </coordinates> \r\n"), std::string::npos);
   EXPECT_NE(text.find("    <coordinates>12.5,-45.0,2.0\r\n"), std::string::npos);
   EXPECT_NE(text.find("<href>a&amp;b.png</href>"), std::string::npos);
-  EXPECT_NE(text.find("<south>-1.00000000000000 </south>\r\n        <east>-1.00000000000000</east>"), std::string::npos);
+  EXPECT_NE(text.find("<south>-1.00000000000000 </south>\r\n        <east>-1.00000000000000</east>"),
+            std::string::npos);
   EXPECT_EQ(text.substr(text.size() - 30), "</Folder>\r\n\r\n</Document> \r </kml>\r\n"s.substr(5));
   EXPECT_THROW(kml.PointsToKml(), FileError) << "closed";
   kml.FileName("x.kMl");
@@ -164,10 +183,11 @@ TEST(Curtains, TileTheSectionToTheMidpointsOfKeptNeighbours) {
     EXPECT_NEAR(b, east, 0.01) << name;
   };
   near("n.  1 -  1", 500000, 500005);
-  near("n.  3 -  10", 500005, 500010);           // own position where the file changes
-  near("n.  4 -  1", 500017.5, 500022.5);        // alone: half a spacing to either side
+  near("n.  3 -  10", 500005, 500010);     // own position where the file changes
+  near("n.  4 -  1", 500017.5, 500022.5);  // alone: half a spacing to either side
   EXPECT_EQ(text.find("n.  2 -"), std::string::npos) << "no cell without a position";
-  EXPECT_NE(text.find("<description>UTMx: 500000.0 UTMy: 5000000.0 Rho: 1.0 Level: 1</description>"), std::string::npos);
+  EXPECT_NE(text.find("<description>UTMx: 500000.0 UTMy: 5000000.0 Rho: 1.0 Level: 1</description>"),
+            std::string::npos);
   EXPECT_NE(text.find(",120.00000\r\n"), std::string::npos) << "top of channel 1: 10 levels of 2 m and the offset";
   EXPECT_NE(text.find(",100.00000\r\n"), std::string::npos) << "bottom of channel 10";
   EXPECT_NE(text.find("<color>C8FE0078</color>"), std::string::npos) << "lowest resistivity: violet";

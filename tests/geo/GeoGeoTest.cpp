@@ -51,7 +51,8 @@ INSTANTIATE_TEST_SUITE_P(Globe, SeriesPoints,
                                            Point{"WGS84", 60.25, 24.9, 35, 383764.9397, 6681103.3953},
                                            Point{"WGS84", 83.9, -177.1, 1, 498813.6148, 9316931.1998},
                                            Point{"wgs84 ", 45.4, 12.3, 32, 758272.6755, 5032685.7458},
-                                           Point{"International 1924, Hayford 1909", 45.4, 12.3, 33, 288675.6790, 5031027.7171},
+                                           Point{"International 1924, Hayford 1909", 45.4, 12.3, 33, 288675.6790,
+                                                 5031027.7171},
                                            Point{"Bessel 1841", 45.4, 12.3, 33, 288711.1027, 5030423.1990},
                                            Point{"everest 1830", 20.5, 78.9, 44, 280985.4749, 2267722.8174}));
 
@@ -79,12 +80,14 @@ double WorstRoundTrip(double reach) {
     for (int lat = -80; lat <= 84; lat += 4) {
       for (const double share : {-1.0, -0.3, 0.0, 1.0}) {
         const double lon = 6.0 * zone - 183.0 + share * reach;
-        GeoGeo geo = Converter(dialogs, {"WGS84", static_cast<double>(lat), lon, static_cast<std::int16_t>(zone), 0, 0});
+        GeoGeo geo =
+            Converter(dialogs, {"WGS84", static_cast<double>(lat), lon, static_cast<std::int16_t>(zone), 0, 0});
         geo.Lat(TestoNumero(static_cast<double>(lat)));
         geo.Lon(TestoNumero(lon));
         EXPECT_TRUE(geo.Geo2UTM() && geo.UTM2Geo());
         const double shrink = std::cos(lat * Pi / 180.0);
-        worst = std::max({worst, std::abs(geo.LatGradi() - lat) * 111000.0, std::abs(geo.LonGradi() - lon) * 111000.0 * shrink});
+        worst = std::max(
+            {worst, std::abs(geo.LatGradi() - lat) * 111000.0, std::abs(geo.LonGradi() - lon) * 111000.0 * shrink});
       }
     }
   }
@@ -116,7 +119,8 @@ TEST(Zone, IsFixedByTheFirstLongitudeUntilReset) {
 }
 
 TEST(Zone, OfALongitudeCountsFromTheDateLineAndUnpacksDddmm) {
-  const std::pair<float, int> zones[] = {{-180.0F, 1}, {-3.0F, 30}, {0.0F, 31}, {12.0F, 33}, {180.0F, 61}, {1218.0F, 33}, {-17630.0F, 1}};
+  const std::pair<float, int> zones[] = {{-180.0F, 1}, {-3.0F, 30},   {0.0F, 31},    {12.0F, 33},
+                                         {180.0F, 61}, {1218.0F, 33}, {-17630.0F, 1}};
   for (const auto& [longitude, zone] : zones) EXPECT_EQ(UTMZoneOf(longitude), zone) << longitude;
 }
 
@@ -167,11 +171,15 @@ TEST_P(Angles, AreReadAndWrittenAsWholes) {
 
 INSTANTIATE_TEST_SUITE_P(
     Table, Angles,
-    ::testing::Values(AngleCase{"453000.0", AngleFormat::DMMSS, 45.5, "453000.0"}, AngleCase{"4530", AngleFormat::DMM_MMM, 45.5, "4530.00"},
+    ::testing::Values(AngleCase{"453000.0", AngleFormat::DMMSS, 45.5, "453000.0"},
+                      AngleCase{"4530", AngleFormat::DMM_MMM, 45.5, "4530.00"},
                       AngleCase{" 45°30,5' ", AngleFormat::DMM_MMM, 45.0 + 30.5 / 60, "4530.50"},
-                      AngleCase{"-0030.0", AngleFormat::DMM_MMM, -0.5, "-030.00"}, AngleCase{"5.25", AngleFormat::DMM_MMM, 0.0875, "005.25"},
-                      AngleCase{"5.25", AngleFormat::DMMSS, 5.25 / 3600, "00005.25"}, AngleCase{"-123456.785", AngleFormat::DMMSS, -(12 + 34 / 60.0 + 56.785 / 3600), "-123456.79"},
-                      AngleCase{"", AngleFormat::DMM_MMM, 0, "000.00"}, AngleCase{"45.5.6", AngleFormat::D_DDDD, 45.5, "45.5000"},
+                      AngleCase{"-0030.0", AngleFormat::DMM_MMM, -0.5, "-030.00"},
+                      AngleCase{"5.25", AngleFormat::DMM_MMM, 0.0875, "005.25"},
+                      AngleCase{"5.25", AngleFormat::DMMSS, 5.25 / 3600, "00005.25"},
+                      AngleCase{"-123456.785", AngleFormat::DMMSS, -(12 + 34 / 60.0 + 56.785 / 3600), "-123456.79"},
+                      AngleCase{"", AngleFormat::DMM_MMM, 0, "000.00"},
+                      AngleCase{"45.5.6", AngleFormat::D_DDDD, 45.5, "45.5000"},
                       AngleCase{"45.99999999995", AngleFormat::D_DDDD, 45.99999999995, "46.0000"},
                       AngleCase{"4559.9999999", AngleFormat::DMM_MMM, 45 + 59.9999999 / 60, "4600.00"},
                       AngleCase{"455959.999", AngleFormat::DMMSS, 45 + 59 / 60.0 + 59.999 / 3600, "460000.0"},

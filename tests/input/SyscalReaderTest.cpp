@@ -59,7 +59,8 @@ TEST_P(RecordLengths, FollowTheTypeWord) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, RecordLengths,
-                         ::testing::Values(LengthCase{1, 280}, LengthCase{2, 296}, LengthCase{3, 304}, LengthCase{7, 280}, LengthCase{-1, 280}));
+                         ::testing::Values(LengthCase{1, 280}, LengthCase{2, 296}, LengthCase{3, 304},
+                                           LengthCase{7, 280}, LengthCase{-1, 280}));
 
 // A record of 248 bytes ends before its channel and position: they are the next record's first bytes, and the last
 // record has none.

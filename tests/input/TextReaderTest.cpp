@@ -68,7 +68,8 @@ std::string Export(const std::string& pattern, const std::string& end) {
       text += end;
       continue;
     }
-    text += TextLine({{1, std::to_string(number)}, {26, c == '0' ? "0" : "4524.5"}, {27, c == '1' ? "0" : "1218.5"}}) + end;
+    text +=
+        TextLine({{1, std::to_string(number)}, {26, c == '0' ? "0" : "4524.5"}, {27, c == '1' ? "0" : "1218.5"}}) + end;
   }
   return text;
 }
@@ -94,16 +95,15 @@ TEST_P(DataLines, RunFromTheFirstPositionToTheFirstLostOne) {
 
 constexpr ReadSpan Stop = ReadSpan::ToFirstLostFix;
 constexpr ReadSpan Past = ReadSpan::PastLostFixes;
-INSTANTIATE_TEST_SUITE_P(Table, DataLines,
-                         ::testing::Values(SpanCase{"+++", "\r\n", Stop, {1, 2}, false},   // the last line is left out
-                                           SpanCase{"+++.", "\r\n", Stop, {1, 2, 3}, false},
-                                           SpanCase{"+++0", "\n", Stop, {1, 2, 3}, true},
-                                           SpanCase{"00++0+", "\r", Stop, {3, 4}, true},
-                                           SpanCase{"+1+.", "\n", Stop, {1, 2, 3}, false},
-                                           SpanCase{"0+00+0", "\n", Past, {2, 3, 4, 5}, false},
-                                           SpanCase{"+++", "\n", Past, {1, 2, 3}, false},
-                                           SpanCase{"000", "\n", Stop, {0, 1, 2}, true},  // no position at all: all lines but the last
-                                           SpanCase{"+", "\n", Stop, {}, false}));
+INSTANTIATE_TEST_SUITE_P(
+    Table, DataLines,
+    ::testing::Values(SpanCase{"+++", "\r\n", Stop, {1, 2}, false},  // the last line is left out
+                      SpanCase{"+++.", "\r\n", Stop, {1, 2, 3}, false}, SpanCase{"+++0", "\n", Stop, {1, 2, 3}, true},
+                      SpanCase{"00++0+", "\r", Stop, {3, 4}, true}, SpanCase{"+1+.", "\n", Stop, {1, 2, 3}, false},
+                      SpanCase{"0+00+0", "\n", Past, {2, 3, 4, 5}, false},
+                      SpanCase{"+++", "\n", Past, {1, 2, 3}, false},
+                      SpanCase{"000", "\n", Stop, {0, 1, 2}, true},  // no position at all: all lines but the last
+                      SpanCase{"+", "\n", Stop, {}, false}));
 
 TEST(TextLines, WithTooFewFieldsReadAsZeroAndAreNamed) {
   const std::string line = TextLine({});
@@ -116,7 +116,8 @@ TEST(TextLines, WithTooFewFieldsReadAsZeroAndAreNamed) {
 }
 
 TEST(TextLines, WithANumberOutOfRangeEndTheReaderAndKeepWhatCameBefore) {
-  const Outcome out = Read(Header + TextLine({}) + "\n" + TextLine({}) + "\n" + TextLine({{4, "1e99"}}) + "\n" + TextLine({}) + "\n.\n");
+  const Outcome out = Read(Header + TextLine({}) + "\n" + TextLine({}) + "\n" + TextLine({{4, "1e99"}}) + "\n" +
+                           TextLine({}) + "\n.\n");
   EXPECT_EQ(out.survey.NumMisure(), 2);
   ASSERT_TRUE(out.diagnostics.anyFault());
   EXPECT_NE(out.diagnostics.entries()[0].reason.find("export.txt: line 4"), std::string::npos);

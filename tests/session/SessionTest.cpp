@@ -167,7 +167,8 @@ TEST(CableConfiguration, ChangesFactorsAndResistivities) {
   Fixture f;
   f.readFirings(3);
   const float before = f.m(1).Rho[1];
-  f.dialogs.answers["Set String"] = {"C1 110 C2 120 E1 100 E2 90 E3 80 E4 70 E5 60 E6 50 E7 40 E8 30 E9 20 E10 10 E11 0"};
+  f.dialogs.answers["Set String"] = {
+      "C1 110 C2 120 E1 100 E2 90 E3 80 E4 70 E5 60 E6 50 E7 40 E8 30 E9 20 E10 10 E11 0"};
   f.session.CableConf_Click();
   EXPECT_FLOAT_EQ(f.m(1).Rho[1], 2 * before) << "twice the cable, twice the factor";
   EXPECT_EQ(f.session.survey().cavo.PosCavo[12], 110);
@@ -276,7 +277,8 @@ TEST(SaveSection, WritesWhatIsTickedTheSameEveryTimeAndInEitherOrder) {
   ASSERT_TRUE(f.session.section());
   EXPECT_EQ(f.session.section()->from, 12);
   EXPECT_EQ(f.session.section()->points, 19);
-  const std::string once = f.output(".bin") + f.output(".txt") + f.output(".ecs") + f.output(".ecst") + f.output(".kml");
+  const std::string once =
+      f.output(".bin") + f.output(".txt") + f.output(".ecs") + f.output(".ecst") + f.output(".kml");
   EXPECT_EQ(f.output(".bin").size(), 1029U + 280 * 190);
   f.session.SaveOutCmd_Click();
   EXPECT_EQ(f.output(".bin") + f.output(".txt") + f.output(".ecs") + f.output(".ecst") + f.output(".kml"), once);

@@ -59,7 +59,8 @@ struct RecordValues {
 /// A Syscal Pro file with these records. @param type record type word @param length record length for that word
 std::string SyscalFile(const std::vector<RecordValues>& records, std::int16_t type = 3, std::size_t length = 304);
 
-/// `firings` firings of `channels` channels along a parallel, a hundredth of a minute apart; rho is firing + channel/100.
+/// `firings` firings of `channels` channels along a parallel, a hundredth of a minute apart; rho is firing +
+/// channel/100.
 std::vector<RecordValues> Firings(std::size_t firings, std::size_t channels);
 
 /// A data line of a text export: 49 values, field k being `k` but for those in `changed` (field number to text).

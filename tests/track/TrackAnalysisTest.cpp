@@ -47,7 +47,8 @@ struct Fixture {
 };
 
 TEST(GeometricFactor, FollowsTheFormulaAndItsGuard) {
-  EXPECT_FLOAT_EQ(FattoreGeometrico(55, 60, 50, 45), static_cast<float>(6.2832 * 15));  // 1/5 - 1/10 - 1/10 + 1/15 = 1/15
+  EXPECT_FLOAT_EQ(FattoreGeometrico(55, 60, 50, 45),
+                  static_cast<float>(6.2832 * 15));           // 1/5 - 1/10 - 1/10 + 1/15 = 1/15
   EXPECT_FLOAT_EQ(FattoreGeometrico(0, 10, 5, 10), 62.832F);  // B = N drops both its terms: 1/5 - 1/10
   EXPECT_FLOAT_EQ(FattoreGeometrico(5, 10, 5, 0), static_cast<float>(6.2832 / (-0.2 - 0.2 + 0.1)));  // A = M drops one
   EXPECT_EQ(FattoreGeometrico(0, 0, 0, 0), 0.0F);
@@ -218,7 +219,8 @@ TEST(DepthLookUp, IsThatOfAScanFromTheFirstPoint) {
 }
 
 TEST(SurveyZone, CountsFromTheDateLineAndUnpacksDddmm) {
-  const std::pair<float, int> zones[] = {{-180.0F, 1}, {-0.1F, 30}, {0.0F, 31}, {11.99F, 32}, {12.0F, 33}, {1218.0F, 33}};
+  const std::pair<float, int> zones[] = {{-180.0F, 1}, {-0.1F, 30}, {0.0F, 31},
+                                         {11.99F, 32}, {12.0F, 33}, {1218.0F, 33}};
   for (const auto& [longitude, zone] : zones) EXPECT_EQ(SelezionaZonaUTM(longitude), zone) << longitude;
 }
 
