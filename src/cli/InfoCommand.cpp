@@ -91,7 +91,7 @@ void EsaminaBinario(FileBytes bytes, FileInfo& info) {
 }
 
 void EsaminaEsportazione(std::string_view text, FileInfo& info) {
-  const auto count = [&info](Misura&& m) {
+  const auto count = [&info](const Misura& m) {
     ++info.firings;
     if (m.SenzaFix) return;
     ++info.positioned;

@@ -88,8 +88,9 @@ std::string TestoDaGradi(double degrees, AngleFormat format) {
   }
   const long long perMinute = 60 * secondUnits;
   const long long perDegree = 60 * perMinute;
-  const std::string minutes = FormattaNumero(static_cast<double>(units % perDegree / perMinute), "00");
-  return sign + std::to_string(units / perDegree) + minutes + Sessantesimi(units % perMinute, secondPlaces, 1);
+  const long long minutes = units % perDegree / perMinute;
+  return sign + std::to_string(units / perDegree) + FormattaNumero(static_cast<double>(minutes), "00") +
+         Sessantesimi(units % perMinute, secondPlaces, 1);
 }
 
 double NumeroDaGradi(double degrees, AngleFormat format) {

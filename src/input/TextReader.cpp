@@ -22,9 +22,9 @@ void LeggiFileCorvan(InputContext& context) {
     FileSummary& summary = survey.files.back();
     summary.format = "text";
     summary.channels = survey.file.NumCanali;
-    const auto append = [&survey](Misura&& m) {
-      m.NumFile = survey.file.NumFile;
+    const auto append = [&survey](const Misura& m) {
       survey.Misure.append(m);
+      survey.Misure(survey.Misure.size()).NumFile = survey.file.NumFile;
     };
     TextScan scan;
     try {

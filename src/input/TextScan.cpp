@@ -1,7 +1,6 @@
 #include "input/TextScan.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "base/Errors.h"
@@ -93,7 +92,7 @@ class TextWalk {
     const bool holdsGap = span_ == ReadSpan::PastLostFixes && scan_.anyFix && !read.fix;
     if (span_ == ReadSpan::ToFirstLostFix) release(number - 1);
     noteFields(line, read.fields, number);
-    held_.push_back(std::move(read.misura));
+    held_.push_back(read.misura);
     if (span_ == ReadSpan::PastLostFixes && !holdsGap) release(number);
   }
 
@@ -109,7 +108,7 @@ class TextWalk {
     }
   }
   void release(std::size_t lastLine) {
-    for (Misura& m : held_) sink_(std::move(m));
+    for (const Misura& m : held_) sink_(m);
     if (!held_.empty()) scan_.UltimoValido = lastLine;
     held_.clear();
   }

@@ -28,7 +28,7 @@ struct TextScan {
 };
 
 /// Takes the measurements in the order of their lines.
-using MisuraSink = std::function<void(Misura&&)>;
+using MisuraSink = std::function<void(const Misura&)>;
 
 /// Finds the data of a text export and hands every line taken to `sink`. The data begin at the first line with a
 /// position and end before the first without one; where none follows, the file's last line is left out, as it always
