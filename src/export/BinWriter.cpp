@@ -1,6 +1,7 @@
 #include "export/BinWriter.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -24,19 +25,26 @@ static_assert(Name.size() == DatePlace);
 static_assert(Sequence.size() == SequenzaLength);
 
 /// The fields that make every record look like a reading of one standard sequence.
-void ImpostaCostanti(RecordSyscalPro& record, std::size_t ordinal) {
+RecordSyscalPro Costanti() {
+  RecordSyscalPro record;
+  record.scrivi(campo::Inizio, std::int16_t{9});
   record.scrivi(campo::Tipo, std::int16_t{1});
   record.scrivi(campo::Val4, 500.0F);
   record.scrivi(campo::Val8, 40.0F);
   record.scrivi(campo::Val12, std::int16_t{1});
   record.scrivi(campo::Val14, std::int16_t{0});
   record.scrivi(campo::Val248, std::int16_t{600});
-  record.scrivi(campo::Canale, static_cast<std::int16_t>(ordinal & 0xFFFFU));
   std::transform(Sequence.begin(), Sequence.end(), record.byte.begin() + campo::Sequenza,
                  [](char c) { return static_cast<std::byte>(c); });
   record.scrivi(campo::Val272, 3.0F);
   record.scrivi(campo::Val276, std::int32_t{0});
+  return record;
 }
+
+// Coordinates of A, B, M, N in file order.
+constexpr std::array FieldsX{campo::R16, campo::R20, campo::PosM, campo::PosN};
+constexpr std::array FieldsY{campo::YA, campo::YB, campo::YM, campo::YN};
+constexpr std::array FieldsZ{campo::R48, campo::ZB, campo::ZM, campo::ZN};
 
 }  // namespace
 
@@ -49,13 +57,32 @@ void CreaHeaderBin(std::string& header, const DateTime& now) {
   header.back() = LastByte;
 }
 
-void SalvaBinPro(FileWriter& out, Array1<RecordSyscalPro>& RecordOut, const std::int32_t& NqpBin, const DateTime& now) {
+RecordSyscalPro CreaRecordBin(const Quadrupole& q, std::size_t k) {
+  static const RecordSyscalPro constants = Costanti();
+  RecordSyscalPro record = constants;
+  for (std::size_t i = 0; i < FieldsX.size(); ++i) {
+    record.scrivi(FieldsX.at(i), q.x.at(i));
+    record.scrivi(FieldsY.at(i), q.y.at(i));
+    record.scrivi(FieldsZ.at(i), q.z.at(i));
+  }
+  record.scrivi(campo::R68, q.potential);
+  record.scrivi(campo::R72, q.current);
+  record.scrivi(campo::R76, q.resistivity);
+  record.scrivi(campo::Caricabilita, q.chargeability);
+  record.scrivi(campo::Qualita, q.quality);
+  record.scrivi(campo::Canale, static_cast<std::int16_t>((k - 1) & 0xFFFFU));
+  record.scrivi(campo::GpsNord, q.nord);
+  record.scrivi(campo::GpsEst, q.est);
+  return record;
+}
+
+void SalvaBinPro(FileWriter& out, const Array1<Quadrupole>& RecordOut, const std::int32_t& NqpBin,
+                 const DateTime& now) {
   std::string header;
   CreaHeaderBin(header, now);
   out.write(NqpBin > 0 ? std::string_view(header).substr(0, FirstRecord) : std::string_view(header));
   for (std::size_t k = 1; k <= static_cast<std::size_t>(std::max(NqpBin, 0)); ++k) {
-    RecordSyscalPro& record = RecordOut(k);
-    ImpostaCostanti(record, k - 1);
+    const RecordSyscalPro record = CreaRecordBin(RecordOut(k), k);
     out.write(std::span<const std::byte>(record.byte).first(RecordLengthWritten));
   }
 }

@@ -114,54 +114,41 @@ void CreaProfiloVero(Survey& survey, Extraction& x, const std::vector<std::int32
   RipetiTenuti(x.section.ProfiloVero, kept);
 }
 
-/// A coordinate as the record holds it: rounded to centimetres through its text, then a single.
+/// A coordinate as the files hold it: rounded to centimetres through its text, then a single.
 float CoordinataScritta(double value) { return SingoloOppure(Val(FormattaNumero(value, "#######0.00")), 0.0F); }
 
-/// Electrode places and depths that all channels of a point share a pattern for: A, B, M, N with their fields.
-struct ElectrodeField {
-  Campo<float> x;
-  Campo<float> z;
-};
-constexpr std::array<ElectrodeField, 4> Quadrupole{
-    {{campo::R16, campo::R48}, {campo::R20, campo::ZB}, {campo::PosM, campo::ZM}, {campo::PosN, campo::ZN}}};
-
-void ScriviElettrodi(RecordSyscalPro& record, const Extraction& x, std::size_t channel, double D) {
+void ScriviElettrodi(Quadrupole& q, const Extraction& x, std::size_t channel, double D) {
   const std::array<std::size_t, 4> electrodes{C1, C2, channel, channel + 1};
   for (std::size_t i = 0; i < electrodes.size(); ++i) {
-    const float place = SingoloOppure(x.grid.place(electrodes.at(i), D).value_or(0.0), 0.0F);
-    record.scrivi(Quadrupole.at(i).x, place);
-    if (x.request.echoSounder) record.scrivi(Quadrupole.at(i).z, Profondita(x, place));
+    q.x.at(i) = SingoloOppure(x.grid.place(electrodes.at(i), D).value_or(0.0), 0.0F);
+    if (x.request.echoSounder) q.z.at(i) = Profondita(x, q.x.at(i));
   }
 }
 
-/// The ten records of one point, from record `first` on.
-void ScriviPunto(const Misura& m, Extraction& x, double D, std::size_t first) {
-  const float north = CoordinataScritta(m.Deriv[4]);
-  const float east = CoordinataScritta(m.Deriv[3]);
-  const float current = SingoloOppure((static_cast<double>(m.Val180) - static_cast<double>(m.Val184)) / 2.0, 0.0F);
+/// Appends the ten quadrupoles of one point.
+void ScriviPunto(const Misura& m, Extraction& x, double D) {
+  Quadrupole q;
+  q.current = SingoloOppure((static_cast<double>(m.Val180) - static_cast<double>(m.Val184)) / 2.0, 0.0F);
+  q.nord = CoordinataScritta(m.Deriv[4]);
+  q.est = CoordinataScritta(m.Deriv[3]);
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
-    RecordSyscalPro& record = x.section.RecordOut(first + c - 1);
-    record.scrivi(campo::Inizio, std::int16_t{9});
-    ScriviElettrodi(record, x, c, D);
-    record.scrivi(campo::R72, current);
-    record.scrivi(
-        campo::R68,
-        SingoloOppure((static_cast<double>(m.CanaleA.at(c)) - static_cast<double>(m.CanaleB.at(c))) / 2.0, 0.0F));
-    record.scrivi(campo::R76, m.Rho.at(c));
-    record.scrivi(campo::Canale, static_cast<std::int16_t>(c));
-    record.scrivi(campo::GpsNord, north);
-    record.scrivi(campo::GpsEst, east);
+    const double a = m.CanaleA.at(c), b = m.CanaleB.at(c);
+    ScriviElettrodi(q, x, c, D);
+    q.potential = SingoloOppure((a - b) / 2.0, 0.0F);
+    q.resistivity = m.Rho.at(c);
+    q.channel = static_cast<std::int16_t>(c);
+    x.section.RecordOut.append(q);
   }
 }
 
 void CreaRecord(Survey& survey, Extraction& x) {
   Section& section = x.section;
-  section.RecordOut = Array1<RecordSyscalPro>(MaxChannels * static_cast<std::size_t>(section.E2 - section.E1 + 1));
+  section.RecordOut.reserve(MaxChannels * static_cast<std::size_t>(section.E2 - section.E1 + 1));
   for (std::int32_t p = section.E1; p <= section.E2; ++p) {
     const Misura& m = Punto(survey, p);
     if (m.Scartata) continue;
     ++section.points;
-    ScriviPunto(m, x, DistanzaDaE1(section, p), static_cast<std::size_t>(section.points - 1) * MaxChannels + 1);
+    ScriviPunto(m, x, DistanzaDaE1(section, p));
   }
 }
 

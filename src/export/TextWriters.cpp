@@ -11,51 +11,52 @@
 namespace corvan {
 namespace {
 
-struct Column {
-  const char* name;
-  Campo<float> field;
-  Mask mask;
-};
-
 constexpr Mask Place = "#####0.##";
 constexpr Mask Reading = "####0.##";
 constexpr Mask Quality = "###0.##";
 constexpr Mask Coordinate = "#########.0#";
 
+struct Value {
+  float value;
+  Mask mask;
+};
+
 // The table's columns behind the ordinal. Current stands before potential and quality before chargeability, other than
-// in the record: programs that read these tables expect it so.
-constexpr std::array Columns{Column{"Ax", campo::R16, Place},
-                             Column{"Bx", campo::R20, Place},
-                             Column{"Mx", campo::PosM, Place},
-                             Column{"Nx", campo::PosN, Place},
-                             Column{"Ay", campo::YA, Place},
-                             Column{"By", campo::YB, Place},
-                             Column{"My", campo::YM, Place},
-                             Column{"Ny", campo::YN, Place},
-                             Column{"Az", campo::R48, Place},
-                             Column{"Bz", campo::ZB, Place},
-                             Column{"Mz", campo::ZM, Place},
-                             Column{"Nz", campo::ZN, Place},
-                             Column{"i", campo::R72, Reading},
-                             Column{"v", campo::R68, Reading},
-                             Column{"Rho", campo::R76, Reading},
-                             Column{"q", campo::Qualita, Quality},
-                             Column{"m", campo::Caricabilita, Quality},
-                             Column{"UTMx", campo::GpsEst, Coordinate},
-                             Column{"UTMy", campo::GpsNord, Coordinate}};
+// in binary records: programs that read these tables expect it so.
+constexpr const char* Header = "N.\tAx\tBx\tMx\tNx\tAy\tBy\tMy\tNy\tAz\tBz\tMz\tNz\ti\tv\tRho\tq\tm\tUTMx\tUTMy\r\n";
+
+std::array<Value, 19> Colonne(const Quadrupole& q) {
+  return {{{q.x[0], Place},
+           {q.x[1], Place},
+           {q.x[2], Place},
+           {q.x[3], Place},
+           {q.y[0], Place},
+           {q.y[1], Place},
+           {q.y[2], Place},
+           {q.y[3], Place},
+           {q.z[0], Place},
+           {q.z[1], Place},
+           {q.z[2], Place},
+           {q.z[3], Place},
+           {q.current, Reading},
+           {q.potential, Reading},
+           {q.resistivity, Reading},
+           {q.quality, Quality},
+           {q.chargeability, Quality},
+           {q.est, Coordinate},
+           {q.nord, Coordinate}}};
+}
 
 }  // namespace
 
-void SalvaAscii(FileWriter& out, const Array1<RecordSyscalPro>& RecordOut, const std::int32_t& NqpBin) {
-  std::string line = "N.";
-  for (const Column& column : Columns) line.append("\t").append(column.name);
-  out.write(line + "\r\n");
+void SalvaAscii(FileWriter& out, const Array1<Quadrupole>& RecordOut, const std::int32_t& NqpBin) {
+  out.write(Header);
+  std::string line;
   for (std::size_t k = 1; k <= static_cast<std::size_t>(std::max(NqpBin, 0)); ++k) {
-    const RecordSyscalPro& record = RecordOut(k);
     line = " " + std::to_string(k) + " ";
-    for (const Column& column : Columns) {
+    for (const auto& [value, mask] : Colonne(RecordOut(k))) {
       line += '\t';
-      AggiungiNumero(line, static_cast<double>(record.leggi(column.field)), column.mask);
+      AggiungiNumero(line, static_cast<double>(value), mask);
     }
     out.write(line += "\r\n");
   }

@@ -47,6 +47,12 @@ std::string Sessantesimi(long long units, int places, int forced) {
   return digits;
 }
 
+/// Two pieces run together; the rounding of the sum may bring the lower one to 60, which is then carried.
+double Unisci(double head, double piece) {
+  const double number = head * 100.0 + piece;
+  return number - head * 100.0 < 60.0 ? number : (head + 1.0) * 100.0;
+}
+
 }  // namespace
 
 double GradiDaTesto(std::string_view text, AngleFormat format) {
@@ -98,10 +104,11 @@ double NumeroDaGradi(double degrees, AngleFormat format) {
   const double whole = std::floor(magnitude);
   const double minutes = (magnitude - whole) * 60.0;
   double number = magnitude;
-  if (format == AngleFormat::DMM_MMM) number = whole * 100.0 + minutes;
+  if (format == AngleFormat::DMM_MMM) number = Unisci(whole, minutes);
   if (format == AngleFormat::DMMSS) {
     const double wholeMinutes = std::floor(minutes);
-    number = whole * 10000.0 + wholeMinutes * 100.0 + (minutes - wholeMinutes) * 60.0;
+    number = Unisci(whole * 100.0 + wholeMinutes, (minutes - wholeMinutes) * 60.0);
+    if (number - whole * 10000.0 >= 6000.0) number = (whole + 1.0) * 10000.0;
   }
   return degrees < 0.0 ? -number : number;
 }

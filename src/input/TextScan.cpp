@@ -60,6 +60,17 @@ LineRead LeggiRiga(std::string_view line, bool coordUTM) {
 
 /// The walk over one text: where it stands and what it still holds back.
 class TextWalk {
+  /// Runs a look at one line; a number out of range is an error that names the line, and what came before is kept.
+  template <class Look>
+  auto named(std::size_t number, Look&& look) {
+    try {
+      return look();
+    } catch (const RunTimeError& error) {
+      release(number - 1);
+      throw RunTimeError("line " + std::to_string(number) + ": " + error.what());
+    }
+  }
+
  public:
   TextWalk(ReadSpan span, bool coordUTM, const MisuraSink& sink) : span_(span), coordUTM_(coordUTM), sink_(sink) {}
 
@@ -70,7 +81,7 @@ class TextWalk {
       return;
     }
     if (!scan_.anyFix) {
-      if (!RigaConFix(line)) return;
+      if (!named(number, [line] { return RigaConFix(line); })) return;
       scan_.anyFix = true;
       scan_.PrimoValido = number;
     }
@@ -79,7 +90,7 @@ class TextWalk {
 
   /// Parses a line and holds it back until it is known to belong to the data.
   void take(std::string_view line, std::size_t number) {
-    LineRead read = parse(line, number);
+    const LineRead read = named(number, [&] { return LeggiRiga(line, coordUTM_); });
     if (!read.fix && scan_.anyFix) {
       if (scan_.lostLine == 0) scan_.lostLine = number;
       if (span_ == ReadSpan::ToFirstLostFix) {
@@ -99,14 +110,6 @@ class TextWalk {
   TextScan finish() const { return scan_; }
 
  private:
-  LineRead parse(std::string_view line, std::size_t number) {
-    try {
-      return LeggiRiga(line, coordUTM_);
-    } catch (const RunTimeError& error) {
-      release(number - 1);
-      throw RunTimeError("line " + std::to_string(number) + ": " + error.what());
-    }
-  }
   void release(std::size_t lastLine) {
     for (const Misura& m : held_) sink_(m);
     if (!held_.empty()) scan_.UltimoValido = lastLine;
@@ -115,7 +118,11 @@ class TextWalk {
   void leaveOut(std::string_view line) {
     if (Rifila(line).empty()) return;
     ++scan_.lostFilled;
-    if (RigaConFix(line)) ++scan_.lostPositioned;
+    try {
+      scan_.lostPositioned += RigaConFix(line) ? 1U : 0U;
+    } catch (const RunTimeError&) {
+      return;  // a line that is left out anyway
+    }
   }
   void noteFields(std::string_view line, std::size_t fields, std::size_t number) {
     if (fields >= TextFields || Rifila(line).empty()) return;

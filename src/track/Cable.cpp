@@ -53,8 +53,10 @@ void CreaCavoDaMisure(Survey& survey) {
   cable.PosCavo[C2] = m.Val64;
   cable.StringaCavo = ComponiStringaCavo(cable.PosCavo);
   const double middle = (static_cast<double>(cable.PosCavo[1]) + static_cast<double>(cable.PosCavo[2])) * 0.5;
-  for (std::size_t k = 1; k <= CableElectrodes; ++k)
-    cable.PosCavoRel[k] = static_cast<double>(cable.PosCavo[k]) - middle;
+  for (std::size_t k = 1; k <= CableElectrodes; ++k) {
+    const double relative = static_cast<double>(cable.PosCavo.at(k)) - middle;
+    cable.PosCavoRel.at(k) = std::isfinite(relative) ? relative : 0.0;
+  }
 }
 
 std::array<float, CableElectrodes + 1> LeggiStringaCavo(std::string_view text) {

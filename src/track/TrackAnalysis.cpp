@@ -66,9 +66,9 @@ void CalcolaRho(Misura& m, const TrackExtent& t) {
   }
 }
 
-/// The scene holds positions as singles: a place beyond them has none.
+/// The scene holds positions and distances as singles: a place whose distance from another may exceed them has none.
 bool InScena(double x, double y) {
-  constexpr double limit = std::numeric_limits<float>::max();
+  constexpr double limit = static_cast<double>(std::numeric_limits<float>::max()) / 4.0;
   return std::abs(x) <= limit && std::abs(y) <= limit;
 }
 

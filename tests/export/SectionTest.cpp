@@ -54,21 +54,20 @@ TEST(Records, HoldThePlacesSnappedToTheElectrodeGrid) {
   f.request.OffsetCavo = 3;
   Section s = f.extract();
   ASSERT_EQ(s.NqpBin(), 20);
-  const RecordSyscalPro& r = s.RecordOut(11 + 3);  // second point, channel 4
+  const Quadrupole& r = s.RecordOut(11 + 3);  // second point, channel 4
   // D = 7: A = Fix((-5 + 7 + 60) / 5) 5 + 3 = 63, B = 68, M = E4 35 -> Fix(42 / 5) 5 + 3 = 43, N = 38.
-  EXPECT_EQ(r.leggi(campo::R16), 63);
-  EXPECT_EQ(r.leggi(campo::R20), 68);
-  EXPECT_EQ(r.leggi(campo::PosM), 43);
-  EXPECT_EQ(r.leggi(campo::PosN), 38);
-  EXPECT_EQ(r.leggi(campo::Inizio), 9);
-  EXPECT_EQ(r.leggi(campo::Canale), 4);
-  EXPECT_EQ(r.leggi(campo::R72), 1000.5F);
-  EXPECT_EQ(r.leggi(campo::R68), 4.5F);
-  EXPECT_EQ(r.leggi(campo::R76), 1.0F);
-  EXPECT_EQ(r.leggi(campo::R48), 0) << "no depths unless asked";
-  EXPECT_EQ(r.leggi(campo::GpsEst), 300007.0F);
-  EXPECT_EQ(r.leggi(campo::GpsNord), 5e6F);
-  EXPECT_EQ(s.RecordOut(1).leggi(campo::R16), 58);
+  EXPECT_EQ(r.x[0], 63);
+  EXPECT_EQ(r.x[1], 68);
+  EXPECT_EQ(r.x[2], 43);
+  EXPECT_EQ(r.x[3], 38);
+  EXPECT_EQ(r.channel, 4);
+  EXPECT_EQ(r.current, 1000.5F);
+  EXPECT_EQ(r.potential, 4.5F);
+  EXPECT_EQ(r.resistivity, 1.0F);
+  EXPECT_EQ(r.z[0], 0) << "no depths unless asked";
+  EXPECT_EQ(r.est, 300007.0F);
+  EXPECT_EQ(r.nord, 5e6F);
+  EXPECT_EQ(s.RecordOut(1).x[0], 58);
 }
 
 struct DirectionCase {
@@ -120,12 +119,12 @@ TEST(Depths, AreThoseUnderEachElectrode) {
   f.request.OffsetEco = 42;
   Section s = f.extract();
   // Point 1, channel 1: A at 55, looked up at 55 + 42 - 60 = 37 -> 4; M at 50 -> 32 -> 4; N at 45 -> 27 -> 4.
-  EXPECT_EQ(s.RecordOut(1).leggi(campo::R48), 4);
+  EXPECT_EQ(s.RecordOut(1).z[0], 4);
   // Channel 10: M = E10 at 5 -> -13 -> first depth; N = E11 at 0 likewise. Channel 5: M at 30 -> 12 -> 3, N at 25 -> 7
   // -> 2.
-  EXPECT_EQ(s.RecordOut(10).leggi(campo::ZM), 1);
-  EXPECT_EQ(s.RecordOut(5).leggi(campo::ZM), 3);
-  EXPECT_EQ(s.RecordOut(5).leggi(campo::ZN), 2);
+  EXPECT_EQ(s.RecordOut(10).z[2], 1);
+  EXPECT_EQ(s.RecordOut(5).z[2], 3);
+  EXPECT_EQ(s.RecordOut(5).z[3], 2);
   EXPECT_EQ(s.Profilo(2).prof, 2);
   EXPECT_EQ(s.Profilo(4).distanza, 30);
   // Profile of true positions: C1 of point p at 55 + 10 (p - 1), looked up 18 m before that.
@@ -143,9 +142,9 @@ TEST(LostFixes, KeepPlaceInTheProfileAndGiveNoGeometry) {
   EXPECT_EQ(s.Profilo(3).prof, 2) << "else the kept one before";
   EXPECT_EQ(s.Profilo(5).distanza, 7);
   EXPECT_EQ(s.ProfiloVero(3).est, s.ProfiloVero(2).est);
-  EXPECT_EQ(s.RecordOut(1).leggi(campo::GpsEst), 0) << "no position is written where there is none";
+  EXPECT_EQ(s.RecordOut(1).est, 0) << "no position is written where there is none";
   EXPECT_EQ(f.trueX(2), 300000 - 2.5) << "eastward, though the extremes have no position";
-  EXPECT_EQ(s.RecordOut(21).leggi(campo::R16), 60) << "third point: D = 7 from the first kept one";
+  EXPECT_EQ(s.RecordOut(21).x[0], 60) << "third point: D = 7 from the first kept one";
 }
 
 TEST(LostFixes, AllOverGiveNoRecords) {
@@ -160,8 +159,8 @@ TEST(ZeroSpacing, LeavesPlacesZeroAndSaysSo) {
   f.request.OffsetCavo = 3;
   Section s = f.extract();
   EXPECT_EQ(s.NqpBin(), 20);
-  EXPECT_EQ(s.RecordOut(1).leggi(campo::R16), 0);
-  EXPECT_EQ(s.RecordOut(1).leggi(campo::R76), 0.25F);
+  EXPECT_EQ(s.RecordOut(1).x[0], 0);
+  EXPECT_EQ(s.RecordOut(1).resistivity, 0.25F);
   EXPECT_TRUE(f.diagnostics.anyFault());
 }
 

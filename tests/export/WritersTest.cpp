@@ -27,25 +27,24 @@ std::string Written(Body&& body) {
   return test::Slurp(folder / "out");
 }
 
-std::string Bin(Array1<RecordSyscalPro>& records, std::int32_t count) {
+std::string Bin(const Array1<Quadrupole>& records, std::int32_t count) {
   return Written([&](FileWriter& out) { SalvaBinPro(out, records, count, {2026, 6, 5, 7, 8, 9}); });
 }
 
 TEST(BinFiles, CarryTheHeaderToTheByte) {
-  Array1<RecordSyscalPro> none;
+  const Array1<Quadrupole> none;
   const std::string file = Bin(none, 0);
   const std::string head = "\x02\0\0\x80\x08SYSCAL PRO\0 at 05/06/2026 07:08:09"s;
   EXPECT_EQ(file, head + std::string(1029 - head.size(), '\0') + "\x01");
 }
 
 TEST(BinFiles, OverlapHeaderAndFirstRecordAndNumberTheRest) {
-  Array1<RecordSyscalPro> records(65537);
-  records(1).scrivi(campo::Inizio, std::int16_t{9});
-  records(1).scrivi(campo::R68, 4.5F);
-  records(1).scrivi(campo::Tempo, 1.0);
+  Array1<Quadrupole> records(65537);
+  records(1).potential = 4.5F;
   const std::string one = Bin(records, 1);
   ASSERT_EQ(one.size(), 1309U);
   EXPECT_EQ(one[1029], 9);
+  EXPECT_EQ(one.substr(1029 + 68, 4), "\0\0\x90\x40"s);
   const std::string fixed = one.substr(1029 + 2, 14) + one.substr(1029 + 248, 16) + one.substr(1029 + 272, 8);
   EXPECT_EQ(fixed, "\1\0\0\0\xFA\x43\0\0\x20\x42\1\0\0\0"s + "\x58\x02\0\0\0myseq      "s + "\0\0\x40\x40\0\0\0\0"s);
   const std::string all = Bin(records, 65537);
@@ -55,28 +54,8 @@ TEST(BinFiles, OverlapHeaderAndFirstRecordAndNumberTheRest) {
 }
 
 TEST(TextTables, PutCurrentBeforePotentialAndQualityBeforeChargeability) {
-  Array1<RecordSyscalPro> records(1);
-  RecordSyscalPro& r = records(1);
-  const std::pair<Campo<float>, float> values[] = {{campo::R16, 1},
-                                                   {campo::R20, 2.5F},
-                                                   {campo::PosM, -3},
-                                                   {campo::PosN, 0.125F},
-                                                   {campo::YA, 5},
-                                                   {campo::YB, 6},
-                                                   {campo::YM, 7},
-                                                   {campo::YN, 8},
-                                                   {campo::R48, 9},
-                                                   {campo::ZB, 10},
-                                                   {campo::ZM, 11},
-                                                   {campo::ZN, 12},
-                                                   {campo::R68, 13},
-                                                   {campo::R72, 14},
-                                                   {campo::R76, 15},
-                                                   {campo::Caricabilita, 16},
-                                                   {campo::Qualita, 17},
-                                                   {campo::GpsNord, 5030000.5F},
-                                                   {campo::GpsEst, 288685.53F}};
-  for (const auto& [field, value] : values) r.scrivi(field, value);
+  Array1<Quadrupole> records(1);
+  records(1) = {{1, 2.5F, -3, 0.125F}, {5, 6, 7, 8}, {9, 10, 11, 12}, 13, 14, 15, 16, 17, 5030000.5F, 288685.53F, 1};
   const auto lines = test::CrLfLines(Written([&](FileWriter& out) { SalvaAscii(out, records, 1); }));
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0], "N.\tAx\tBx\tMx\tNx\tAy\tBy\tMy\tNy\tAz\tBz\tMz\tNz\ti\tv\tRho\tq\tm\tUTMx\tUTMy");

@@ -185,6 +185,12 @@ INSTANTIATE_TEST_SUITE_P(
                       AngleCase{"455959.999", AngleFormat::DMMSS, 45 + 59 / 60.0 + 59.999 / 3600, "460000.0"},
                       AngleCase{"-000000.001", AngleFormat::DMMSS, -0.001 / 3600, "00000.0"}));
 
+TEST(AnglesAsNumbers, CarryAPieceThatRoundsToSixty) {
+  EXPECT_EQ(NumeroDaGradi(45.99999999999999, AngleFormat::DMM_MMM), 4600.0);
+  EXPECT_EQ(NumeroDaGradi(45.99999999999999, AngleFormat::DMMSS), 460000.0);
+  EXPECT_EQ(NumeroDaGradi(-0.5, AngleFormat::DMM_MMM), -30.0);
+}
+
 // Karney 2011, table of WGS84 values: rectifying radius 6367449.1458 m, alpha1 = 8.3773182062446994e-4,
 // beta1 = 8.3773216405794875e-4; the polar radius stored to the millimetre moves them in the eighth digit.
 TEST(ZoneConstants, AreThoseOfTheKruegerSeries) {

@@ -156,7 +156,7 @@ TEST(Sources, GiveTheOtherPairAndNeverDrift) {
 }
 
 TEST(Sources, ThatCannotBeConvertedCountAsLost) {
-  Fixture f({{300000, 5e6}, {3e38, 5e6}});
+  Fixture f({{300000, 5e6}, {2e38, 5e6}});
   Misura far;
   ImpostaPosizione(far, 1e200, 1218);
   f.survey.Misure.append(far);
@@ -201,7 +201,9 @@ TEST(CableFromData, SkipsAnEmptyFirstFiring) {
   f.survey.Misure(1).Val60 = 0;
   f.survey.Misure(1).Elettrodi[1] = 0;
   f.survey.Misure(2).Elettrodi[2] = 45;
+  f.survey.Misure(2).Elettrodi[3] = std::numeric_limits<float>::infinity();
   CreaCavoDaMisure(f.survey);
+  EXPECT_EQ(f.survey.cavo.PosCavoRel[3], 0) << "no sum of our own is infinite";
   EXPECT_EQ(f.survey.cavo.PosCavo[12], 55);
   EXPECT_EQ(f.survey.cavo.PosCavoRel[1], 2.5);
 }
