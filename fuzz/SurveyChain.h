@@ -1,0 +1,127 @@
+// A file as bytes through its reader, the analysis and the extraction: nothing of our own arithmetic may leave the
+// finite.
+#pragma once
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "base/ErrorTrap.h"
+#include "base/File.h"
+#include "export/Section.h"
+#include "Fuzz.h"
+#include "input/InputDriver.h"
+#include "track/Cable.h"
+#include "track/TrackAnalysis.h"
+
+namespace corvan::fuzz {
+
+/// Puts the bytes into a file in memory, where readers find them.
+inline std::filesystem::path Place(std::string_view content) {
+  static const int file = memfd_create("corvan-fuzz", 0);
+  static const std::string path = "/proc/self/fd/" + std::to_string(file);
+  const bool placed = ftruncate(file, 0) == 0 &&
+                      pwrite(file, content.data(), content.size(), 0) == static_cast<ssize_t>(content.size());
+  Promise(placed, "the input can be placed");
+  return path;
+}
+
+inline void PromiseFinite(const Survey& survey) {
+  double distance = 0.0;
+  for (const Misura& m : survey.Misure) {
+    for (const double value : {m.UTMx, m.UTMy, m.Lat, m.Lon, m.Deriv[3], m.Deriv[4], m.Distanza}) {
+      Promise(std::isfinite(value), "a position or distance is finite");
+    }
+    Promise(m.Distanza >= distance, "distances never decrease");
+    distance = m.Distanza;
+    const bool place = m.UTMx != 0.0 || m.UTMy != 0.0 || m.Lat != 0.0 || m.Lon != 0.0;
+    Promise(HaPosizione(m) || !place, "a measurement without position has no coordinate");
+  }
+  const TrackExtent& t = survey.traccia;
+  for (const double value : {t.XMin, t.XMax, t.YMin, t.YMax, t.Lunghezza})
+    Promise(std::isfinite(value), "the extent is finite");
+  for (const float value :
+       {t.RhoMin, t.RhoMax, t.MinVal12, t.MaxVal12, t.PassoMedio, t.CentroX, t.CentroY, t.CentroZ}) {
+    Promise(std::isfinite(value), "the extremes are finite");
+  }
+  for (const float factor : t.FattoreK) Promise(std::isfinite(factor), "the geometric factors are finite");
+  for (const double position : survey.cavo.PosCavoRel) Promise(std::isfinite(position), "the cable is finite");
+  for (const Punto3D& p : t.PuntiGPS)
+    Promise(std::isfinite(p.x) && std::isfinite(p.y), "the track's points are finite");
+}
+
+inline void PromiseMarks(const Survey& survey, const TrackResult& result) {
+  std::size_t discarded = 0;
+  std::size_t interpolated = 0;
+  std::size_t bad = 0;
+  for (const Misura& m : survey.Misure) {
+    discarded += m.Scartata ? 1U : 0U;
+    interpolated += m.Interpolata ? 1U : 0U;
+    bad += m.SenzaFix ? 1U : 0U;
+  }
+  Promise(discarded == result.discarded && interpolated == result.interpolated && bad == result.bad,
+          "the marks are counted");
+}
+
+inline void PromiseSection(const Section& section, const Survey& survey) {
+  Promise(section.points <= survey.NumMisure(), "a section has no more points than measurements");
+  Promise(section.RecordOut.size() == static_cast<std::size_t>(section.NqpBin()), "ten records a point");
+  for (const Profile* profile : {&section.Profilo, &section.ProfiloVero}) {
+    double distance = 0.0;
+    for (std::int32_t p = section.E1; p <= section.E2; ++p) {
+      const ProfilePoint& point = (*profile)(p);
+      for (const double value : {point.est, point.nord, point.prof, point.distanza}) {
+        Promise(std::isfinite(value), "a profile is finite");
+      }
+      Promise(point.distanza >= distance, "distances along a section never decrease");
+      distance = point.distanza;
+    }
+  }
+  for (const Quadrupole& q : section.RecordOut) {
+    for (const float value : {q.x[0], q.x[1], q.x[2], q.x[3], q.z[0], q.z[3], q.potential, q.current, q.nord, q.est}) {
+      Promise(std::isfinite(value), "a record's own numbers are finite");
+    }
+  }
+}
+
+/// Carries a file through the chain; `choice` picks format, filter and reading past lost fixes.
+inline void Chain(std::string_view content, std::uint8_t choice) {
+  constexpr std::array filters{BadGps::NoFilter, BadGps::Skip, BadGps::Interpolate};
+  constexpr std::array formats{"DMMSS", "DMM.MMM", "D.DDDD"};
+  OneAnswer dialogs(choice % 5 == 0 ? "" : std::to_string(choice % 13));
+  Diagnostics diagnostics;
+  Survey survey;
+  GeoGeo geo(dialogs);
+  geo.LatLonFormat(formats.at(choice % 3));
+  survey.settings.filter = filters.at(choice / 3 % 3);
+  survey.settings.CoordUTM = choice / 9 % 4 == 0;
+  if (survey.settings.CoordUTM) geo.UTMzone(33);
+  survey.file.NomeFile = Place(content);
+  survey.file.NumFile = 1;
+  InputContext context{survey, dialogs, diagnostics,
+                       choice / 36 % 2 == 0 ? ReadSpan::ToFirstLostFix : ReadSpan::PastLostFixes};
+  LeggiFile(context);
+  if (survey.Misure.empty()) return;
+  CreaCavoDaMisure(survey);
+  for (const BadGps filter : {filters.at(choice / 3 % 3), BadGps::NoFilter, BadGps::Interpolate}) {
+    survey.settings.filter = filter;
+    TrackResult result;
+    Promise(Trappola(diagnostics, "AnalisiFile", [&] { result = AnalisiFile(survey, geo, diagnostics); }),
+            "the analysis comes to its end");
+    PromiseFinite(survey);
+    PromiseMarks(survey, result);
+  }
+  SectionRequest request;
+  request.E2 = survey.NumMisure();
+  request.position = choice % 2 == 0 ? TruePosition::BehindBoat : TruePosition::AsStored;
+  request.echoSounder = true;
+  const Section section = EstraiSezione(survey, geo, request, diagnostics);
+  PromiseFinite(survey);
+  PromiseSection(section, survey);
+}
+
+}  // namespace corvan::fuzz
