@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Peak memory of corvan-cli on large files: bench/memory.sh [BUILD_FOLDER]. Exit status 1 when a promise is missed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+build=$(realpath "${1:-build/release}")
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+"$build/bin/corvan-bench" --make "$folder/firings280.bin" 280
+"$build/bin/corvan-bench" --make "$folder/firings304.bin" 304
+
+# Runs a command and prints the largest resident set that it reached, in kilobytes.
+peak() {
+  "$@" >/dev/null 2>&1 &
+  local pid=$! most=0 now
+  while now=$(awk '/^VmHWM/ { print $2 }' "/proc/$pid/status" 2>/dev/null) && [ -n "$now" ]; do
+    most=$now
+    sleep 0.01
+  done
+  wait "$pid" || true
+  echo "$most"
+}
+
+file=$(($(stat -c %s "$folder/firings280.bin") / 1024))
+info=$(peak "$build/bin/corvan-cli" info "$folder/firings280.bin")
+process=$(peak "$build/bin/corvan-cli" process "$folder/firings304.bin" --out "$folder/section" --format bin,txt,ecs,kml,csv)
+awk -v info="$info" -v file="$file" -v process="$process" 'BEGIN {
+  printf "info: %.0f MB, %.2f times the file (at most 2.5)\n", info / 1024, info / file
+  printf "process of 100,000 firings to all formats: %.0f MB (under 1500)\n", process / 1024
+  exit !(info <= 2.5 * file && process < 1500 * 1024)
+}'
