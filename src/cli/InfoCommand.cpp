@@ -82,12 +82,6 @@ void EsaminaBinario(FileBytes bytes, FileInfo& info) {
   info.largestChannel = scan.MaxCanale;
   if (info.records > 0) EsaminaScatti(scan, info);
   info.findings = RilieviSyscal(scan, scan.UltimoValido, scan.counted, false);
-  if (info.records > 0 && scan.counted != scan.MaxCanale) {
-    info.findings.emplace_back(Severity::Note, "the counted " + std::to_string(scan.counted) +
-                                                   " channels differ from the largest channel number " +
-                                                   std::to_string(scan.MaxCanale) +
-                                                   ": the number is asked (--channels)");
-  }
 }
 
 void EsaminaEsportazione(std::string_view text, FileInfo& info) {

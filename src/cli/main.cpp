@@ -1,4 +1,5 @@
 // corvan-cli: the survey program without a window.
+#include <csignal>
 #include <exception>
 #include <iostream>
 
@@ -6,6 +7,9 @@
 
 int main(int argc, char** argv) {
   using namespace corvan::cli;
+#ifdef SIGXFSZ
+  std::signal(SIGXFSZ, SIG_IGN);  // a file grown to the user's limit fails like any other write instead of ending us
+#endif
   try {
     CLI::App app{"Corvan: pre-processing of marine electrical-resistivity surveys"};
     app.set_version_flag("--version", "corvan-cli " CORVAN_VERSION);

@@ -85,6 +85,38 @@ void RilieviEstremi(const SyscalScan& scan, std::size_t last, Rilievi& out) {
   }
 }
 
+bool LettureFinite(const SyscalRecords& records, std::size_t k) {
+  constexpr std::array fields{campo::R16, campo::R20, campo::PosM, campo::PosN,
+                              campo::R48, campo::R68, campo::R72,  campo::R76};
+  return std::all_of(fields.begin(), fields.end(),
+                     [&](const auto& field) { return std::isfinite(records.leggi(k, field)); });
+}
+
+bool PosizioneFinita(const SyscalRecords& records, std::size_t k) {
+  return std::isfinite(records.leggi(k, campo::GpsNord)) && std::isfinite(records.leggi(k, campo::GpsEst));
+}
+
+/// Records among those read that hold NaN or infinity.
+void RilieviNonFiniti(const SyscalScan& scan, std::size_t last, Rilievi& out) {
+  std::size_t readings = 0;
+  std::size_t firstReading = 0;
+  std::size_t positions = 0;
+  for (std::size_t k = scan.PrimoValido; k <= last; ++k) {
+    positions += PosizioneFinita(scan.records, k) ? 0U : 1U;
+    if (LettureFinite(scan.records, k)) continue;
+    if (readings++ == 0) firstReading = k;
+  }
+  if (readings > 0) {
+    out.emplace_back(Severity::Fault, Record(readings) +
+                                          " with a reading or electrode that is not a finite number, the "
+                                          "first is record " +
+                                          std::to_string(firstReading));
+  }
+  if (positions > 0) {
+    out.emplace_back(Severity::Note, Record(positions) + " with a position that is not a finite number: taken as lost");
+  }
+}
+
 /// Records between the first and the last one read that give no position or no room for their channel.
 void RilieviInterni(const SyscalScan& scan, std::size_t last, std::int32_t channels, bool gapsKept, Rilievi& out) {
   std::size_t halfFixes = 0;
@@ -93,6 +125,12 @@ void RilieviInterni(const SyscalScan& scan, std::size_t last, std::int32_t chann
   }
   if (halfFixes > 0 && !gapsKept) {
     out.emplace_back(Severity::Fault, Record(halfFixes) + " with a longitude or easting of 0 passed over");
+  }
+  if (scan.counted != scan.MaxCanale) {
+    out.emplace_back(Severity::Note, "the counted " + std::to_string(scan.counted) +
+                                         " channels differ from the largest channel number stored, " +
+                                         std::to_string(scan.MaxCanale) + ": read with " + std::to_string(channels) +
+                                         " a firing (--channels)");
   }
   if (channels > static_cast<std::int32_t>(MaxChannels)) {
     out.emplace_back(Severity::Fault, "channels 11 to " + std::to_string(channels) + " of each firing are not stored");
@@ -157,6 +195,7 @@ std::vector<std::pair<Severity, std::string>> RilieviSyscal(const SyscalScan& sc
   RilieviEstremi(scan, last, out);
   if (!scan.anyFix()) return out;
   RilieviInterni(scan, last, channels, gapsKept, out);
+  RilieviNonFiniti(scan, last, out);
   return out;
 }
 

@@ -18,6 +18,10 @@ std::int32_t IndiceDi(const std::string& box) { return AInt32(Val(box)); }
 }  // namespace
 
 void Session::ptlbl_Click(std::int32_t Index) {
+  if (survey_.Misure.empty()) {
+    diagnostics_.fault("ptlbl_Click", "there is no measurement to select");
+    return;
+  }
   if (Index < 1 || Index > survey_.NumMisure()) {
     diagnostics_.fault("ptlbl_Click",
                        "extreme " + std::to_string(Index) + " is not 1 to " + std::to_string(survey_.NumMisure()));

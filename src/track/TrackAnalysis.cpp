@@ -19,13 +19,18 @@ constexpr const char* Procedure = "AnalisiFile";
 
 void CalcolaFattori(Survey& survey, Diagnostics& diagnostics) {
   const auto& p = survey.cavo.PosCavo;
+  std::string without;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     try {
-      survey.traccia.FattoreK.at(c) = FattoreGeometrico(p[12], p[13], p.at(c), p.at(c + 1));
+      const float factor = FattoreGeometrico(p[12], p[13], p.at(c), p.at(c + 1));
+      survey.traccia.FattoreK.at(c) = factor;
+      if (factor == 0.0F) without += (without.empty() ? "" : ", ") + std::to_string(c);
     } catch (const RunTimeError& error) {
       diagnostics.fault(Procedure, "geometric factor of channel " + std::to_string(c) + ": " + error.what());
     }
   }
+  if (without.empty()) return;
+  diagnostics.note(Procedure, "electrodes coincide, geometric factor and resistivity are 0: channels " + without);
 }
 
 /// Widens [low, high] by a value; one that is not finite takes no part.
@@ -64,6 +69,21 @@ void CalcolaRho(Misura& m, const TrackExtent& t) {
     const double a = m.CanaleA.at(c), b = m.CanaleB.at(c), factor = t.FattoreK.at(c);
     m.Rho.at(c) = SingoloOppure((a / i1 + b / i2) * factor / 2.0, m.Rho.at(c));
   }
+}
+
+/// Tells of firings without current, whose resistivities cannot be computed anew.
+void RilevaCorrentiNulle(const Survey& survey, Diagnostics& diagnostics) {
+  const auto idle = [](const Misura& m) { return !m.SenzaFix && (m.Val180 == 0.0F || m.Val184 == 0.0F); };
+  const auto first = std::find_if(survey.Misure.begin(), survey.Misure.end(), idle);
+  if (first == survey.Misure.end()) return;
+  const auto file = static_cast<std::size_t>(first->NumFile);
+  const std::string name =
+      file >= 1 && file <= survey.files.size() ? " of " + survey.files[file - 1].path.string() : std::string();
+  diagnostics.note(Procedure,
+                   std::to_string(std::count_if(first, survey.Misure.end(), idle)) +
+                       " measurement(s) with a current of 0 keep the resistivities that were read, the first "
+                       "is measurement " +
+                       std::to_string(first - survey.Misure.begin() + 1) + name);
 }
 
 /// The scene holds positions and distances as singles: a place whose distance from another may exceed them has none.
@@ -206,6 +226,7 @@ TrackResult AnalisiFile(Survey& survey, GeoGeo& geo, Diagnostics& diagnostics) {
     CalcolaRho(m, t);
     for (std::size_t c = 1; c <= MaxChannels; ++c) Allarga(t.RhoMin, t.RhoMax, m.Rho.at(c));
   }
+  RilevaCorrentiNulle(survey, diagnostics);
   DerivaPosizioni(survey, geo, diagnostics);
   CalcolaEstensione(survey);
   survey.settings.CoordUTM = true;

@@ -96,6 +96,7 @@ TEST(Grouping, NeverCountsBelowTwoChannelsNorPastTheLastRecord) {
   Reading single;
   single.file(SyscalFile(Firings(5, 1)));
   EXPECT_EQ(single.dialogs.questions.at(0).defaultAnswer, "2");
+  EXPECT_TRUE(single.says("the counted 2 channels differ from the largest channel number stored, 1"));
   Reading one;
   one.file(SyscalFile(Firings(1, 1)));
   EXPECT_EQ(one.dialogs.questions.at(0).defaultAnswer, "2");
@@ -157,6 +158,17 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
   ASSERT_EQ(r.survey.NumMisure(), 2);
   EXPECT_TRUE(std::isnan(r.survey.Misure(1).Rho[1]));
   EXPECT_TRUE(std::isinf(r.survey.Misure(2).Val12));
+  EXPECT_TRUE(r.says("3 records with a reading or electrode that is not a finite number, the first is record 1"));
+  EXPECT_TRUE(r.diagnostics.anyFault());
+
+  Reading past;
+  past.span = ReadSpan::PastLostFixes;
+  records[4].north = records[5].north = 4524.0F;
+  records[2].east = records[3].east = -std::numeric_limits<float>::infinity();
+  past.file(SyscalFile(records));
+  ASSERT_EQ(past.survey.NumMisure(), 3);
+  EXPECT_TRUE(past.survey.Misure(2).SenzaFix);
+  EXPECT_TRUE(past.says("2 records with a position that is not a finite number"));
 }
 
 TEST(UtmFiles, FillEastingAndNorthingOnly) {

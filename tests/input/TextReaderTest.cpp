@@ -127,7 +127,8 @@ TEST(TextLines, WithAPositionOutOfRangeAreNamedOrLeftOut) {
   const Outcome before = Read(Header + TextLine({{26, "1e999"}}) + "\n" + TextLine({}) + "\n\n");
   EXPECT_EQ(before.survey.NumMisure(), 0);
   EXPECT_NE(before.diagnostics.entries().at(0).reason.find("line 2"), std::string::npos);
-  const Outcome behind = Read(Header + TextLine({}) + "\n" + TextLine({{26, "0"}}) + "\n" + TextLine({{26, "1e999"}}) + "\n");
+  const Outcome behind =
+      Read(Header + TextLine({}) + "\n" + TextLine({{26, "0"}}) + "\n" + TextLine({{26, "1e999"}}) + "\n");
   EXPECT_EQ(behind.survey.NumMisure(), 1);
   EXPECT_NE(behind.diagnostics.entries().at(0).reason.find("2 lines from there on left out"), std::string::npos);
 }

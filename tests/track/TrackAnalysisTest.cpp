@@ -67,6 +67,17 @@ TEST(Resistivity, IsRecomputedWhereThereIsACurrent) {
   EXPECT_EQ(f.m(2).Rho[1], 7) << "no current: as read";
   EXPECT_EQ(f.survey.traccia.RhoMax, 7);
   EXPECT_EQ(f.survey.traccia.RhoMin, 0);
+  EXPECT_EQ(f.diagnostics.entries().at(0).reason,
+            "1 measurement(s) with a current of 0 keep the resistivities that were read, the first is measurement 2");
+}
+
+TEST(Resistivity, TellsWhichChannelsHaveCoincidingElectrodes) {
+  Fixture f({{300000, 5e6}});
+  for (std::size_t e = 8; e <= 11; ++e) f.survey.cavo.PosCavo.at(e) = 0;
+  f.run();
+  EXPECT_EQ(f.m(1).Rho[8], 0);
+  EXPECT_EQ(f.diagnostics.entries().at(0).reason,
+            "electrodes coincide, geometric factor and resistivity are 0: channels 8, 9, 10");
 }
 
 TEST(Extent, IgnoresLostFixesAndNumbersThatAreNotFinite) {
