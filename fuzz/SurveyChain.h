@@ -81,7 +81,8 @@ inline void PromiseSection(const Section& section, const Survey& survey) {
       distance = point.distanza;
     }
   }
-  for (const Quadrupole& q : section.RecordOut) {
+  for (std::size_t k = 1; k <= section.RecordOut.size(); ++k) {
+    const Quadrupole q = section.RecordOut(k);
     for (const float value : {q.x[0], q.x[1], q.x[2], q.x[3], q.z[0], q.z[3], q.potential, q.current, q.nord, q.est}) {
       Promise(std::isfinite(value), "a record's own numbers are finite");
     }

@@ -43,7 +43,6 @@ RecordSyscalPro Costanti() {
 
 // Coordinates of A, B, M, N in file order.
 constexpr std::array FieldsX{campo::R16, campo::R20, campo::PosM, campo::PosN};
-constexpr std::array FieldsY{campo::YA, campo::YB, campo::YM, campo::YN};
 constexpr std::array FieldsZ{campo::R48, campo::ZB, campo::ZM, campo::ZN};
 
 }  // namespace
@@ -62,22 +61,18 @@ RecordSyscalPro CreaRecordBin(const Quadrupole& q, std::size_t k) {
   RecordSyscalPro record = constants;
   for (std::size_t i = 0; i < FieldsX.size(); ++i) {
     record.scrivi(FieldsX.at(i), q.x.at(i));
-    record.scrivi(FieldsY.at(i), q.y.at(i));
     record.scrivi(FieldsZ.at(i), q.z.at(i));
   }
   record.scrivi(campo::R68, q.potential);
   record.scrivi(campo::R72, q.current);
   record.scrivi(campo::R76, q.resistivity);
-  record.scrivi(campo::Caricabilita, q.chargeability);
-  record.scrivi(campo::Qualita, q.quality);
   record.scrivi(campo::Canale, static_cast<std::int16_t>((k - 1) & 0xFFFFU));
   record.scrivi(campo::GpsNord, q.nord);
   record.scrivi(campo::GpsEst, q.est);
   return record;
 }
 
-void SalvaBinPro(FileWriter& out, const Array1<Quadrupole>& RecordOut, const std::int32_t& NqpBin,
-                 const DateTime& now) {
+void SalvaBinPro(FileWriter& out, const SectionRecords& RecordOut, const std::int32_t& NqpBin, const DateTime& now) {
   std::string header;
   CreaHeaderBin(header, now);
   out.write(NqpBin > 0 ? std::string_view(header).substr(0, FirstRecord) : std::string_view(header));

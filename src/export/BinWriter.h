@@ -23,6 +23,6 @@ RecordSyscalPro CreaRecordBin(const Quadrupole& quadrupole, std::size_t k);
 /// Writes header and records 1..NqpBin of 280 bytes. Without records the file is the header alone, 1030 bytes.
 /// @param NqpBin records to write; not changed
 /// @throws FileError
-void SalvaBinPro(FileWriter& out, const Array1<Quadrupole>& RecordOut, const std::int32_t& NqpBin, const DateTime& now);
+void SalvaBinPro(FileWriter& out, const SectionRecords& RecordOut, const std::int32_t& NqpBin, const DateTime& now);
 
 }  // namespace corvan

@@ -15,7 +15,6 @@ namespace {
 
 constexpr const char* Procedure = "SalvaEstrattoFile";
 constexpr std::size_t C1 = 12;
-constexpr std::size_t C2 = 13;
 
 /// The electrode grid along the section.
 class ElectrodeGrid {
@@ -117,38 +116,32 @@ void CreaProfiloVero(Survey& survey, Extraction& x, const std::vector<std::int32
 /// A coordinate as the files hold it: rounded to centimetres through its text, then a single.
 float CoordinataScritta(double value) { return SingoloOppure(Val(FormattaNumero(value, "#######0.00")), 0.0F); }
 
-void ScriviElettrodi(Quadrupole& q, const Extraction& x, std::size_t channel, double D) {
-  const std::array<std::size_t, 4> electrodes{C1, C2, channel, channel + 1};
-  for (std::size_t i = 0; i < electrodes.size(); ++i) {
-    q.x.at(i) = SingoloOppure(x.grid.place(electrodes.at(i), D).value_or(0.0), 0.0F);
-    if (x.request.echoSounder) q.z.at(i) = Profondita(x, q.x.at(i));
+/// Electrodes and readings of one firing, D metres from the section's start.
+SectionPoint CreaPunto(const Misura& m, const Extraction& x, double D) {
+  SectionPoint point;
+  for (std::size_t e = 1; e <= CableElectrodes; ++e) {
+    point.x.at(e) = SingoloOppure(x.grid.place(e, D).value_or(0.0), 0.0F);
+    if (x.request.echoSounder) point.z.at(e) = Profondita(x, point.x.at(e));
   }
-}
-
-/// Appends the ten quadrupoles of one point.
-void ScriviPunto(const Misura& m, Extraction& x, double D) {
-  Quadrupole q;
-  q.current = SingoloOppure((static_cast<double>(m.Val180) - static_cast<double>(m.Val184)) / 2.0, 0.0F);
-  q.nord = CoordinataScritta(m.Deriv[4]);
-  q.est = CoordinataScritta(m.Deriv[3]);
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     const double a = m.CanaleA.at(c), b = m.CanaleB.at(c);
-    ScriviElettrodi(q, x, c, D);
-    q.potential = SingoloOppure((a - b) / 2.0, 0.0F);
-    q.resistivity = m.Rho.at(c);
-    q.channel = static_cast<std::int16_t>(c);
-    x.section.RecordOut.append(q);
+    point.potential.at(c) = SingoloOppure((a - b) / 2.0, 0.0F);
   }
+  point.resistivity = m.Rho;
+  point.current = SingoloOppure((static_cast<double>(m.Val180) - static_cast<double>(m.Val184)) / 2.0, 0.0F);
+  point.nord = CoordinataScritta(m.Deriv[4]);
+  point.est = CoordinataScritta(m.Deriv[3]);
+  return point;
 }
 
 void CreaRecord(Survey& survey, Extraction& x) {
   Section& section = x.section;
-  section.RecordOut.reserve(MaxChannels * static_cast<std::size_t>(section.E2 - section.E1 + 1));
+  section.RecordOut.reserve(static_cast<std::size_t>(section.E2 - section.E1 + 1));
   for (std::int32_t p = section.E1; p <= section.E2; ++p) {
     const Misura& m = Punto(survey, p);
     if (m.Scartata) continue;
     ++section.points;
-    ScriviPunto(m, x, DistanzaDaE1(section, p));
+    section.RecordOut.append(CreaPunto(m, x, DistanzaDaE1(section, p)));
   }
 }
 

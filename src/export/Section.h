@@ -3,7 +3,6 @@
 
 #include <cstdint>
 
-#include "base/Array1.h"
 #include "base/Diagnostics.h"
 #include "geo/GeoGeo.h"
 #include "survey/Quadrupole.h"
@@ -31,11 +30,11 @@ struct SectionRequest {
 struct Section {
   std::int32_t E1 = 1;
   std::int32_t E2 = 1;
-  std::int32_t points = 0;       ///< points that gave records
-  double Passo = 0;              ///< electrode spacing, m
-  Profile Profilo;               ///< stored positions and depths
-  Profile ProfiloVero;           ///< true positions and the depths under the cable; made for the echo sounder
-  Array1<Quadrupole> RecordOut;  ///< ten records a point
+  std::int32_t points = 0;   ///< points that gave records
+  double Passo = 0;          ///< electrode spacing, m
+  Profile Profilo;           ///< stored positions and depths
+  Profile ProfiloVero;       ///< true positions and the depths under the cable; made for the echo sounder
+  SectionRecords RecordOut;  ///< ten records a point
 
   std::int32_t NqpBin() const { return 10 * points; }
 };

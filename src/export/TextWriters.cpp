@@ -30,10 +30,10 @@ std::array<Value, 19> Colonne(const Quadrupole& q) {
            {q.x[1], Place},
            {q.x[2], Place},
            {q.x[3], Place},
-           {q.y[0], Place},
-           {q.y[1], Place},
-           {q.y[2], Place},
-           {q.y[3], Place},
+           {0.0F, Place},
+           {0.0F, Place},
+           {0.0F, Place},
+           {0.0F, Place},
            {q.z[0], Place},
            {q.z[1], Place},
            {q.z[2], Place},
@@ -41,15 +41,15 @@ std::array<Value, 19> Colonne(const Quadrupole& q) {
            {q.current, Reading},
            {q.potential, Reading},
            {q.resistivity, Reading},
-           {q.quality, Quality},
-           {q.chargeability, Quality},
+           {0.0F, Quality},
+           {0.0F, Quality},
            {q.est, Coordinate},
            {q.nord, Coordinate}}};
 }
 
 }  // namespace
 
-void SalvaAscii(FileWriter& out, const Array1<Quadrupole>& RecordOut, const std::int32_t& NqpBin) {
+void SalvaAscii(FileWriter& out, const SectionRecords& RecordOut, const std::int32_t& NqpBin) {
   out.write(Header);
   std::string line;
   for (std::size_t k = 1; k <= static_cast<std::size_t>(std::max(NqpBin, 0)); ++k) {

@@ -13,7 +13,7 @@ namespace corvan {
 /// The section's quadrupoles, one line each behind a header line; lines end in CR LF.
 /// @param NqpBin records to write; not changed
 /// @throws FileError
-void SalvaAscii(FileWriter& out, const Array1<Quadrupole>& RecordOut, const std::int32_t& NqpBin);
+void SalvaAscii(FileWriter& out, const SectionRecords& RecordOut, const std::int32_t& NqpBin);
 
 /// Points Primo..Ultimo of a profile: number, easting, northing, depth, distance in print zones of 14 columns, no
 /// header. @throws FileError

@@ -1,24 +1,64 @@
-// One quadrupole of a section: what a written record holds beside its constants.
+// The quadrupoles of a section: what written records hold beside their constants.
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+
+#include "base/Array1.h"
+#include "survey/Misura.h"
 
 namespace corvan {
 
-/// Electrodes in the order A, B, M, N. Kept small: a section of 100,000 firings holds a million of them.
+/// One reading between four electrodes, in the order A, B, M, N. They lie on one line, so their y is 0; chargeability
+/// and quality are not measured and 0.
 struct Quadrupole {
   std::array<float, 4> x{};  ///< place along the section, m
-  std::array<float, 4> y{};  ///< m, always 0
   std::array<float, 4> z{};  ///< water depth under the electrode, m
   float potential = 0;       ///< mV
   float current = 0;         ///< mA
   float resistivity = 0;     ///< ohm m
-  float chargeability = 0;   ///< mV/V
-  float quality = 0;         ///< %
   float nord = 0;            ///< true northing, m
   float est = 0;             ///< true easting, m
   std::int16_t channel = 0;  ///< 1..10
+};
+
+/// One firing of a section: its electrodes, which the ten quadrupoles share, and the readings of its channels.
+struct SectionPoint {
+  std::array<float, CableElectrodes + 1> x{};        ///< of electrodes 1..13 along the section, m
+  std::array<float, CableElectrodes + 1> z{};        ///< water depth under them, m
+  std::array<float, MaxChannels + 1> potential{};    ///< of channels 1..10, mV
+  std::array<float, MaxChannels + 1> resistivity{};  ///< of channels 1..10, ohm m
+  float current = 0;                                 ///< mA
+  float nord = 0;                                    ///< true northing, m
+  float est = 0;                                     ///< true easting, m
+};
+
+/// Ten quadrupoles a point, put together when asked for: a section of 100,000 firings has a million of them.
+class SectionRecords {
+ public:
+  void reserve(std::size_t points) { points_.reserve(points); }
+  void append(const SectionPoint& point) { points_.append(point); }
+  std::size_t size() const { return MaxChannels * points_.size(); }
+
+  /// @param k 1 to size(); any other index throws RunTimeError
+  Quadrupole operator()(std::size_t k) const {
+    const SectionPoint& p = points_((k + MaxChannels - 1) / MaxChannels);
+    const std::size_t c = (k - 1) % MaxChannels + 1;
+    constexpr std::size_t A = 12;
+    constexpr std::size_t B = 13;
+    return {{p.x[A], p.x[B], p.x.at(c), p.x.at(c + 1)},
+            {p.z[A], p.z[B], p.z.at(c), p.z.at(c + 1)},
+            p.potential.at(c),
+            p.current,
+            p.resistivity.at(c),
+            p.nord,
+            p.est,
+            static_cast<std::int16_t>(c)};
+  }
+
+ private:
+  Array1<SectionPoint> points_;
 };
 
 }  // namespace corvan

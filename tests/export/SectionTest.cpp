@@ -54,7 +54,7 @@ TEST(Records, HoldThePlacesSnappedToTheElectrodeGrid) {
   f.request.OffsetCavo = 3;
   Section s = f.extract();
   ASSERT_EQ(s.NqpBin(), 20);
-  const Quadrupole& r = s.RecordOut(11 + 3);  // second point, channel 4
+  const Quadrupole r = s.RecordOut(11 + 3);  // second point, channel 4
   // D = 7: A = Fix((-5 + 7 + 60) / 5) 5 + 3 = 63, B = 68, M = E4 35 -> Fix(42 / 5) 5 + 3 = 43, N = 38.
   EXPECT_EQ(r.x[0], 63);
   EXPECT_EQ(r.x[1], 68);

@@ -27,20 +27,22 @@ std::string Written(Body&& body) {
   return test::Slurp(folder / "out");
 }
 
-std::string Bin(const Array1<Quadrupole>& records, std::int32_t count) {
+std::string Bin(const SectionRecords& records, std::int32_t count) {
   return Written([&](FileWriter& out) { SalvaBinPro(out, records, count, {2026, 6, 5, 7, 8, 9}); });
 }
 
 TEST(BinFiles, CarryTheHeaderToTheByte) {
-  const Array1<Quadrupole> none;
+  const SectionRecords none;
   const std::string file = Bin(none, 0);
   const std::string head = "\x02\0\0\x80\x08SYSCAL PRO\0 at 05/06/2026 07:08:09"s;
   EXPECT_EQ(file, head + std::string(1029 - head.size(), '\0') + "\x01");
 }
 
 TEST(BinFiles, OverlapHeaderAndFirstRecordAndNumberTheRest) {
-  Array1<Quadrupole> records(65537);
-  records(1).potential = 4.5F;
+  SectionRecords records;
+  SectionPoint point;
+  point.potential[1] = 4.5F;
+  for (std::size_t k = 1; k <= 6554; ++k) records.append(point);
   const std::string one = Bin(records, 1);
   ASSERT_EQ(one.size(), 1309U);
   EXPECT_EQ(one[1029], 9);
@@ -53,15 +55,24 @@ TEST(BinFiles, OverlapHeaderAndFirstRecordAndNumberTheRest) {
   EXPECT_EQ(all.substr(1029 + 280 * 65536 + 250, 2), "\0\0"s);
 }
 
-TEST(TextTables, PutCurrentBeforePotentialAndQualityBeforeChargeability) {
-  Array1<Quadrupole> records(1);
-  records(1) = {{1, 2.5F, -3, 0.125F}, {5, 6, 7, 8}, {9, 10, 11, 12}, 13, 14, 15, 16, 17, 5030000.5F, 288685.53F, 1};
-  const auto lines = test::CrLfLines(Written([&](FileWriter& out) { SalvaAscii(out, records, 1); }));
-  ASSERT_EQ(lines.size(), 2U);
+TEST(TextTables, PutCurrentBeforePotentialAndEastingBeforeNorthing) {
+  SectionPoint point;
+  point.x = {0, -3, 0.125F, 7, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2.5F};
+  point.z = {0, 11, 12, 8, 0, 0, 0, 0, 0, 0, 0, 0, 9, 10};
+  point.potential = {0, 13, 23};
+  point.resistivity = {0, 15, 25};
+  point.current = 14;
+  point.nord = 5030000.5F;
+  point.est = 288685.53F;
+  SectionRecords records;
+  records.append(point);
+  const auto lines = test::CrLfLines(Written([&](FileWriter& out) { SalvaAscii(out, records, 2); }));
+  ASSERT_EQ(lines.size(), 3U);
   EXPECT_EQ(lines[0], "N.\tAx\tBx\tMx\tNx\tAy\tBy\tMy\tNy\tAz\tBz\tMz\tNz\ti\tv\tRho\tq\tm\tUTMx\tUTMy");
-  EXPECT_EQ(
-      lines[1],
-      " 1 \t1.\t2.5\t-3.\t0.13\t5.\t6.\t7.\t8.\t9.\t10.\t11.\t12.\t14.\t13.\t15.\t17.\t16.\t288685.53\t5030000.5");
+  EXPECT_EQ(lines[1],
+            " 1 \t1.\t2.5\t-3.\t0.13\t0.\t0.\t0.\t0.\t9.\t10.\t11.\t12.\t14.\t13.\t15.\t0.\t0.\t288685.53\t5030000.5");
+  EXPECT_EQ(lines[2],
+            " 2 \t1.\t2.5\t0.13\t7.\t0.\t0.\t0.\t0.\t9.\t10.\t12.\t8.\t14.\t23.\t25.\t0.\t0.\t288685.53\t5030000.5");
 }
 
 TEST(Profiles, StandInPrintZones) {
