@@ -68,7 +68,7 @@ void MakeSyscalFile(const std::filesystem::path& path, std::size_t firings, std:
 }
 
 std::filesystem::path TextFile(std::size_t lines) {
-  const std::filesystem::path path = Folder() / ("lines" + std::to_string(lines) + ".txt");
+  std::filesystem::path path = Folder() / ("lines" + std::to_string(lines) + ".txt");
   FileWriter file(path);
   file.write("DISTANCE;DEPTH\r\n");
   for (std::size_t k = 0; k < lines; ++k) {

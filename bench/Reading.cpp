@@ -15,7 +15,7 @@ constexpr std::size_t Lines = 100'000;
 
 const std::filesystem::path& BigSyscal() {
   static const std::filesystem::path path = [] {
-    const std::filesystem::path file = Folder() / "firings.bin";
+    std::filesystem::path file = Folder() / "firings.bin";
     MakeSyscalFile(file, Firings, 280);
     return file;
   }();

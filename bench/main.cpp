@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
   arguments.insert(arguments.begin() + 1, {"--benchmark_repetitions=5", "--benchmark_enable_random_interleaving=true",
                                            "--benchmark_min_time=0.05"});
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size());
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   int count = static_cast<int>(pointers.size());
   benchmark::Initialize(&count, pointers.data());

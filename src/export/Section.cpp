@@ -136,7 +136,7 @@ SectionPoint CreaPunto(const Misura& m, const Extraction& x, double D) {
 
 void CreaRecord(Survey& survey, Extraction& x) {
   Section& section = x.section;
-  section.RecordOut.reserve(static_cast<std::size_t>(section.E2 - section.E1 + 1));
+  section.RecordOut.reserve(static_cast<std::size_t>(section.E2 - section.E1) + 1);
   for (std::int32_t p = section.E1; p <= section.E2; ++p) {
     const Misura& m = Punto(survey, p);
     if (m.Scartata) continue;
