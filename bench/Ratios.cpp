@@ -10,7 +10,7 @@ namespace {
 struct Promise {
   const char* what;
   const char* slow;
-  const char* fast;
+  const char* fast;  // none: the time itself, in the benchmark's unit
   double goal;
 };
 
@@ -24,7 +24,18 @@ constexpr std::array Promises{
     Promise{".txt", "SalvaAscii/100000", "SalvaAscii/10000", 12.0},
     Promise{".ecs", "SalvaTraccia/100000", "SalvaTraccia/10000", 12.0},
     Promise{".kml", "SalvaKML/100000", "SalvaKML/10000", 12.0},
-    Promise{".csv", "SalvaTabella/100000", "SalvaTabella/10000", 12.0}};
+    Promise{".csv", "SalvaTabella/100000", "SalvaTabella/10000", 12.0},
+    Promise{"repaint / painting of its cells, 10,000 cells", "PaintAll/1000", "PaintFloor/1000", 1.6},
+    Promise{"100,000 cells", "PaintAll/10000", "PaintFloor/10000", 2.5},
+    Promise{"1,000,000 cells", "PaintAll/100000", "PaintFloor/100000", 4.0},
+    Promise{"the same with 99 % outside, 10,000 cells", "ZoomAll/1000", "ZoomFloor/1000", 1.3},
+    Promise{"100,000 cells", "ZoomAll/10000", "ZoomFloor/10000", 1.8},
+    Promise{"1,000,000 cells", "ZoomAll/100000", "ZoomFloor/100000", 3.0},
+    Promise{"drag frame / painting of the cells, 10,000 cells", "Drag/1000", "PaintFloor/1000", 0.5},
+    Promise{"100,000 cells", "Drag/10000", "PaintFloor/10000", 0.5},
+    Promise{"1,000,000 cells", "Drag/100000", "PaintFloor/100000", 0.5},
+    Promise{"markers, 100,000 / 1,000", "Markers/100000", "Markers/1000", 5.0},
+    Promise{"markers under the pointer, 100,000 of them: microseconds", "HitTest/100000", nullptr, 5.0}};
 
 double Median(std::vector<double> values) {
   std::sort(values.begin(), values.end());
@@ -47,9 +58,9 @@ bool RatioReporter::printRatios() const {
   std::cout << "\nratio   goal   \n";
   for (const Promise& p : Promises) {
     const auto slow = times_.find(p.slow);
-    const auto fast = times_.find(p.fast);
+    const auto fast = p.fast == nullptr ? slow : times_.find(p.fast);
     if (slow == times_.end() || fast == times_.end()) continue;
-    const double ratio = Median(slow->second) / Median(fast->second);
+    const double ratio = Median(slow->second) / (p.fast == nullptr ? 1.0 : Median(fast->second));
     kept = kept && ratio <= p.goal;
     std::cout.precision(3);
     std::cout << ratio << "\t<= " << p.goal << "\t" << (ratio <= p.goal ? "ok  " : "OVER") << "  " << p.what << '\n';

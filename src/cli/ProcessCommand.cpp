@@ -12,6 +12,7 @@
 
 #include "base/NumberText.h"
 #include "cli/Commands.h"
+#include "cli/PictureOptions.h"
 #include "cli/ProcessSummary.h"
 #include "cli/Report.h"
 #include "cli/ScriptedDialogs.h"
@@ -43,6 +44,7 @@ struct ProcessOptions {
   std::string range;
   std::string dataShift;
   std::string depthShift;
+  PictureOptions picture;
   bool json = false;
 
   bool writes(const std::string& format) const {
@@ -133,6 +135,7 @@ int Esegui(const ProcessOptions& options) {
       [&] { session.DTnordTxt_KeyPress(EnterKey); });
   if (!options.range.empty()) session.SetRange_Click();
   if (options.writes("csv")) session.SalvaTabella();
+  FaiImmagine(session, options.picture);
   ScegliEstremi(session, options);
   session.SalvaEstrattoFile();
   StampaDiagnostica(session.diagnostics());
@@ -153,10 +156,6 @@ void AggiungiRifiutate(CLI::App& command) {
         ->group("Not available yet");
   };
   for (const char* name : {"--gps", "--link", "--clock-offset", "--connect"}) refuse(name, "external GPS tracks are");
-  for (const char* name :
-       {"--picture", "--size", "--theta", "--phi", "--gamma", "--zoom", "--projection", "--layers"}) {
-    refuse(name, "pictures are");
-  }
 }
 
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
@@ -233,6 +232,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   AggiungiLettura(*command, *options);
   AggiungiSezione(*command, *options);
   AggiungiUscita(*command, *options);
+  AggiungiImmagine(*command, options->picture);
   AggiungiRifiutate(*command);
   command->callback([options, &work] { work = [options] { return Esegui(*options); }; });
 }

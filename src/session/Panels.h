@@ -54,6 +54,17 @@ struct ExtremaPanel {
   TaggedLabel SecondoLbl{"Extreme: 2", ""};
 };
 
+/// "View": the texts of its boxes and the angles that the mouse may turn.
+struct ViewPanel {
+  std::string Thetatxt = "90.";  ///< degrees
+  std::string Phitxt = "0.";
+  std::string GammaTxt = "0.";
+  std::string Zoomtxt = "1.";
+  bool ThetaChk = true;
+  bool PhiChk = true;
+  bool GammaChk = true;
+};
+
 /// The texts of the two translation panels.
 struct TranslationPanel {
   std::string TestTxt;    ///< data, east, m

@@ -19,6 +19,9 @@
 #include "survey/Survey.h"
 #include "track/TrackAnalysis.h"
 #include "view3d/ColourScale.h"
+#include "view3d/Renderer.h"
+#include "view3d/Scene.h"
+#include "view3d/ViewState.h"
 
 namespace corvan {
 
@@ -47,11 +50,14 @@ class Session {
   OutputPanel FrameFileOut;
   ExtremaPanel FrameExtrema;
   TranslationPanel FrameDataMove;
+  ViewPanel FrameView;
   InfoLabel InfoLbl;
 
   const Survey& survey() const { return survey_; }
   const TrackResult& fixes() const { return fixes_; }
   const ColourRange& colours() const { return colours_; }
+  const ViewState& view() const { return view_; }
+  const Scene& scene() const { return scene_; }
   const Diagnostics& diagnostics() const { return diagnostics_; }
   const std::vector<std::filesystem::path>& outputs() const { return outputs_.written(); }
   const std::optional<SectionSummary>& section() const { return section_; }
@@ -94,6 +100,37 @@ class Session {
   void DTestTxt_KeyPress(int key);
   void DTnordTxt_KeyPress(int key);
 
+  // The view.
+  /// Paints from now on on this canvas, which must outlive its use: takes over its size and repaints. None: the session
+  /// paints no more.
+  void Form_Resize(Canvas* canvas);
+  void DisegnaImmagineQ();  ///< repaints the picture
+  void Thetatxt_KeyPress(int key);
+  void Phitxt_KeyPress(int key);
+  void GammaTxt_KeyPress(int key);
+  void Zoomtxt_KeyPress(int key);
+  void LeftThetacmd_Click() { ruota(view_.AngoloVista, -1.0, FrameView.Thetatxt); }
+  void RightThetacmd_Click() { ruota(view_.AngoloVista, 1.0, FrameView.Thetatxt); }
+  void LeftPhicmd_Click() { ruota(view_.AngoloPhi, -1.0, FrameView.Phitxt); }
+  void RightPhicmd_Click() { ruota(view_.AngoloPhi, 1.0, FrameView.Phitxt); }
+  void LeftGammaCmd_Click() { ruota(view_.AngoloGamma, -1.0, FrameView.GammaTxt); }
+  void RightGammaCmd_Click() { ruota(view_.AngoloGamma, 1.0, FrameView.GammaTxt); }
+  void MaxZoomcmd_Click();
+  void MinZoomcmd_Click();
+  void Oopt_Click() { scegliProiezione(Projection::Orthographic); }
+  void Popt_Click() { scegliProiezione(Projection::Perspective); }
+  void Mopt_Click();        ///< "Map view (top view)"
+  void TopViewCmd_Click();  ///< "Reset Top View [ Zoom = 1 ]"; phi stays
+  void ResCmd_Click();      ///< back to the centre of the data
+  void SHelectrodes_Click();
+  void SH2ndGps_Click();
+  void SHdepth_Click();
+  void SHcolour_Click();
+  void SHNord_Click();
+  void SHInfoLabel_Click();
+  void SHtranslation_Click() { view_.MostraTraslazione = !view_.MostraTraslazione; }
+  void SaveCmd_Click();  ///< "Save Current Picture": img0.bmp in the current folder
+
   // Writing.
   void SaveFileOut_Click();     ///< shows "File Out" with .BIN ticked
   void SaveFileOutTxt_Click();  ///< with .TXT ticked
@@ -101,6 +138,8 @@ class Session {
   void SaveOutCmd_Click();      ///< ">> Save File Out <<"
   void SalvaEstrattoFile();     ///< extracts the section and writes the ticked formats
   void SalvaTabella();          ///< writes the whole survey as ROOT.csv
+  /// Writes a picture. @param compose puts it into the bytes of its format
+  void SalvaImmagine(const std::filesystem::path& name, const std::function<std::string()>& compose);
 
  private:
   static constexpr double Step = 0.1;
@@ -113,11 +152,25 @@ class Session {
   void scegliEstremo(std::int32_t index, std::string& box, TaggedLabel& label);
   void spostaDati(double east, double north);
   void spostaFondo(float& target, double step);
+  void CreaFourArray();
+  void rifaiStrati();
+  void rifaiDati();   ///< analysis, scene and picture after the data were translated
+  void rifaiFondo();  ///< echo sounder and picture after depths or their translation changed
+  void rifaiScena();  ///< cells, then a repaint
+  void leggiAngolo(int key, const std::string& box, double& angle);
+  void ruota(double& angle, double degrees, std::string& box);
+  void scegliProiezione(Projection projection);
+  void alterna(bool& shown);
+  void mostraAngoli();
+  void rifaiFinestra();
   void mostraUscita(bool bin, bool txt, bool echo);
   SectionRequest chiediSezione();
   void scriviSezione(Section& section);
   /// Opens ROOT + extension, lets `body` write it and lists it as written; failures end in the diagnostics.
   void scrivi(const char* procedure, const char* extension, const std::function<void(FileWriter&)>& body);
+  /// The same for a whole name.
+  void scriviFile(const char* procedure, const std::filesystem::path& name,
+                  const std::function<void(FileWriter&)>& body);
 
   Dialogs& dialogs_;
   Clock clock_;
@@ -127,6 +180,10 @@ class Session {
   ZoneConstants zona_;
   TrackResult fixes_;
   ColourRange colours_;
+  ViewState view_;
+  Scene scene_;
+  Renderer renderer_;
+  Canvas* canvas_ = nullptr;
   OutputFiles outputs_;
   std::unique_ptr<KmlGoogle> kml_;
   std::optional<SectionSummary> section_;

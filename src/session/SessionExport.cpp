@@ -98,9 +98,17 @@ void Session::SalvaTabella() {
   scrivi("SalvaTabella", ".csv", [this](FileWriter& out) { corvan::SalvaTabella(out, survey_); });
 }
 
+void Session::SalvaImmagine(const std::filesystem::path& name, const std::function<std::string()>& compose) {
+  scriviFile("SalvaImmagine", name, [&compose](FileWriter& out) { out.write(compose()); });
+}
+
 void Session::scrivi(const char* procedure, const char* extension, const std::function<void(FileWriter&)>& body) {
+  scriviFile(procedure, NomeUscita(FrameFileOut.FileOutTxt, extension), body);
+}
+
+void Session::scriviFile(const char* procedure, const std::filesystem::path& name,
+                         const std::function<void(FileWriter&)>& body) {
   Trappola(diagnostics_, procedure, [&] {
-    const std::filesystem::path name = NomeUscita(FrameFileOut.FileOutTxt, extension);
     outputs_.prepara(name);
     FileWriter out(name);
     body(out);

@@ -29,6 +29,8 @@ void Session::Form_Load() {
   FrameFileIn.LatLonCmbx = CoordinateEntry::DDMM;
   survey_.settings = Settings{};
   FrameDataMove = TranslationPanel{};
+  AzzeraVista(view_);
+  mostraAngoli();
   geo_.Reset();
   ImpostaZona(DefaultZone);
 }
@@ -66,6 +68,8 @@ void Session::ConvertAsciiCmd_Click() {
     AnalisiFile();
     colours_ = {survey_.traccia.RhoMin, survey_.traccia.RhoMax};
     if (chosen != CoordinateEntry::UTM) ImpostaZonaDaDati();
+  } else {
+    rifaiStrati();
   }
   azzeraSelezione();
   FrameExtrema.E1Txt = "1";
@@ -73,6 +77,7 @@ void Session::ConvertAsciiCmd_Click() {
   FrameExtrema.PrimoLbl.Caption = "Extreme 1";
   FrameExtrema.SecondoLbl.Caption = "Extreme 2";
   FrameFileIn.visible = FrameFileOut.visible = FrameExtrema.visible = false;
+  rifaiScena();
 }
 
 void Session::BatOperation() {
@@ -100,7 +105,10 @@ void Session::BatOperation() {
 }
 
 void Session::AnalisiFile() {
-  Trappola(diagnostics_, "AnalisiFile", [this] { fixes_ = corvan::AnalisiFile(survey_, geo_, diagnostics_); });
+  Trappola(diagnostics_, "AnalisiFile", [this] {
+    fixes_ = corvan::AnalisiFile(survey_, geo_, diagnostics_);
+    rifaiStrati();
+  });
   if (fixes_.bad == 0) return;
   if (survey_.settings.filter == BadGps::NoFilter) {
     InfoLbl.Caption = BadPositions;
@@ -109,6 +117,19 @@ void Session::AnalisiFile() {
   diagnostics_.note("AnalisiFile", std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " +
                                        std::to_string(survey_.NumMisure()) + ", " + std::to_string(fixes_.discarded) +
                                        " discarded, " + std::to_string(fixes_.interpolated) + " interpolated");
+}
+
+/// Window and layers around the cells.
+void Session::rifaiStrati() {
+  ImpostaFinestra(view_, survey_.traccia);
+  GeneraTraiettoria(scene_, survey_);
+  GeneraContorno(scene_, survey_);
+  GeneraEchoSounder(scene_, survey_);
+  GeneraNordG(scene_, survey_, view_.Lato);
+  AggiornaZoom(view_);
+  GeneraGPS(scene_, survey_);
+  GeneraGPSD(scene_, survey_);
+  scene_.cable.clear();
 }
 
 /// The zone of the first position, in decimal degrees whatever the file's layout; 32 when there is none.
@@ -148,6 +169,7 @@ void Session::CableConf_Click() {
     survey_.cavo.PosCavo = LeggiStringaCavo(answer);
     survey_.cavo.StringaCavo = answer;
     AnalisiFile();
+    rifaiScena();
   });
 }
 
@@ -165,6 +187,7 @@ void Session::SetUtmZone_Click() {
     }
     survey_.settings.CoordUTM = false;
     AnalisiFile();
+    rifaiScena();
   });
 }
 
@@ -178,6 +201,7 @@ void Session::SetRange_Click() {
     if (separator == std::string::npos) return;
     const ColourRange typed{ASingolo(Val(answer.substr(0, separator))), ASingolo(Val(answer.substr(separator + 1)))};
     colours_ = typed;
+    DisegnaImmagineQ();
   });
 }
 

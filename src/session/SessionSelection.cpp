@@ -31,6 +31,7 @@ void Session::ptlbl_Click(std::int32_t Index) {
   if (statoSelezione_ == 1) scegliEstremo(Index, FrameExtrema.E1Txt, FrameExtrema.PrimoLbl);
   if (statoSelezione_ == 2) scegliEstremo(Index, FrameExtrema.E2txt, FrameExtrema.SecondoLbl);
   if (statoSelezione_ > 2) azzeraSelezione();
+  DisegnaImmagineQ();
 }
 
 void Session::E1Txt_KeyPress(int key) {
@@ -61,6 +62,7 @@ void Session::dptlbl_DblClick(std::int32_t Index) {
       const double sum = static_cast<double>(Misure(k - 1).Val12) + static_cast<double>(Misure(k + 1).Val12);
       Misure(k).Val12 = ASingolo(sum * 0.5);
     }
+    rifaiFondo();
   });
 }
 
@@ -68,7 +70,7 @@ void Session::TestTxt_KeyPress(int key) {
   if (key != EnterKey) return;
   Trappola(diagnostics_, "TestTxt_KeyPress", [this] {
     survey_.settings.TraslDatiEst = Val(FrameDataMove.TestTxt);
-    AnalisiFile();
+    rifaiDati();
   });
 }
 
@@ -76,20 +78,24 @@ void Session::TnordTxt_KeyPress(int key) {
   if (key != EnterKey) return;
   Trappola(diagnostics_, "TnordTxt_KeyPress", [this] {
     survey_.settings.TraslDatiNord = Val(FrameDataMove.TnordTxt);
-    AnalisiFile();
+    rifaiDati();
   });
 }
 
 void Session::DTestTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "DTestTxt_KeyPress",
-           [this] { survey_.settings.TraslFondoEst = ASingolo(Val(FrameDataMove.DTestTxt)); });
+  Trappola(diagnostics_, "DTestTxt_KeyPress", [this] {
+    survey_.settings.TraslFondoEst = ASingolo(Val(FrameDataMove.DTestTxt));
+    rifaiFondo();
+  });
 }
 
 void Session::DTnordTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "DTnordTxt_KeyPress",
-           [this] { survey_.settings.TraslFondoNord = ASingolo(Val(FrameDataMove.DTnordTxt)); });
+  Trappola(diagnostics_, "DTnordTxt_KeyPress", [this] {
+    survey_.settings.TraslFondoNord = ASingolo(Val(FrameDataMove.DTnordTxt));
+    rifaiFondo();
+  });
 }
 
 void Session::azzeraSelezione() {
@@ -110,13 +116,25 @@ void Session::spostaDati(double east, double north) {
   s.TraslDatiNord += north;
   if (east != 0.0) FrameDataMove.TestTxt = FormattaNumero(s.TraslDatiEst, Shift);
   if (north != 0.0) FrameDataMove.TnordTxt = FormattaNumero(s.TraslDatiNord, Shift);
-  AnalisiFile();
+  rifaiDati();
 }
 
 void Session::spostaFondo(float& target, double step) {
   target = SingoloOppure(static_cast<double>(target) + step, target);
   // All four buttons show their value in the north box, the east ones too: a quirk of the panel that users know.
   FrameDataMove.DTnordTxt = FormattaNumero(static_cast<double>(target), Shift);
+  rifaiFondo();
+}
+
+void Session::rifaiDati() {
+  AnalisiFile();
+  rifaiScena();
+}
+
+void Session::rifaiFondo() {
+  GeneraTraiettoria(scene_, survey_);
+  GeneraEchoSounder(scene_, survey_);
+  DisegnaImmagineQ();
 }
 
 }  // namespace corvan

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/Array1.h"
+#include "survey/ExternalTrack.h"
 #include "survey/Misura.h"
 #include "survey/Punto3D.h"
 #include "survey/SyscalRecords.h"
@@ -79,6 +80,7 @@ struct Survey {
   Settings settings;
   Cable cavo;
   TrackExtent traccia;
+  Array1<PuntoGPSEst> PuntiGPSEst;  ///< the external track; kept from one reading to the next
 
   std::int32_t NumMisure() const { return static_cast<std::int32_t>(Misure.size()); }
 };

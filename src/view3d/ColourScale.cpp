@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstddef>
 
-#include "base/Rounding.h"
 #include "view3d/Palette.h"
+#include "view3d/Routine3D.h"
 
 namespace corvan {
 namespace {
@@ -15,6 +15,13 @@ constexpr std::int32_t Byte = 256;
 /// RRGGBB to a value with red in the low byte.
 constexpr std::int32_t RossoInBasso(std::uint32_t rgb) {
   return static_cast<std::int32_t>((rgb & 0xFFU) << 16U | (rgb & 0xFF00U) | rgb >> 16U);
+}
+
+/// Index 1..256 of a value on the scale; 0 when the bounds are equal or the value is not finite.
+std::size_t IndiceColore(double value, double low, double span) {
+  const double index = (value - low) * Byte / span;
+  if (!std::isfinite(index)) return 0;
+  return static_cast<std::size_t>(ArrotondaPixel(std::clamp(index, 1.0, 256.0)));
 }
 
 }  // namespace
@@ -28,10 +35,16 @@ Palette CreaScalaColore() {
 void CreaColore(const float& ScalaMax, const float& ScalaMin, const float& Valore, float& Colore) {
   static const Palette palette = CreaScalaColore();
   const double low = ScalaMin;
-  const double index = (Valore - low) * Byte / (static_cast<double>(ScalaMax) - low);
-  if (!std::isfinite(index)) return;
-  const double held = std::clamp(ArrotondaPari(index), 1.0, 256.0);
-  Colore = static_cast<float>(palette.at(static_cast<std::size_t>(held)));
+  const std::size_t index = IndiceColore(Valore, low, static_cast<double>(ScalaMax) - low);
+  if (index > 0) Colore = static_cast<float>(palette.at(index));
+}
+
+ColourLookup::ColourLookup(const ColourRange& range)
+    : low_(range.ScalaMin), span_(static_cast<double>(range.ScalaMax) - low_) {}
+
+std::uint32_t ColourLookup::operator()(float value) const {
+  const std::size_t index = IndiceColore(value, low_, span_);
+  return index == 0 ? 0U : PaletteRgb[index - 1];
 }
 
 ColourParts ScomponiColore(std::int32_t Colore) {

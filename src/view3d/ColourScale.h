@@ -22,6 +22,17 @@ Palette CreaScalaColore();
 /// Colore as it was.
 void CreaColore(const float& ScalaMax, const float& ScalaMin, const float& Valore, float& Colore);
 
+/// The colours of one range as 0xRRGGBB, for many values: the same as CreaColore gives, black where it gives none.
+class ColourLookup {
+ public:
+  explicit ColourLookup(const ColourRange& range);
+  std::uint32_t operator()(float value) const;
+
+ private:
+  double low_;
+  double span_;
+};
+
 struct ColourParts {
   std::int16_t Rosso = 0;
   std::int16_t Verde = 0;

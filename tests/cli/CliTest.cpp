@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
         StatusCase{"process good.bin --coords xyz", 2, "coords"},
         StatusCase{"process good.bin --range 5", 2, "MIN;MAX"},
         StatusCase{"process good.bin --cable-offset 3m", 2, "not a number"},
-        StatusCase{"process good.bin --picture x.png", 2, "not available"},
+        StatusCase{"process good.bin --picture x.jpg", 2, "does not end in"},
         StatusCase{"process good.bin --gps x.csv --link time", 2, "not available"}, StatusCase{"info good.bin", 0, ""},
         StatusCase{"info gap.bin", 1, "fix lost"}, StatusCase{"info missing", 1, "missing"},
         StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""}, StatusCase{"--version", 0, ""},

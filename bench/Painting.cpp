@@ -1,0 +1,167 @@
+// A whole repaint against the bare painting of its quadrilaterals, drags, and the labels of the point layers.
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <memory>
+
+#include "BigSurvey.h"
+#include "track/TrackAnalysis.h"
+#include "view3d/BufferCanvas.h"
+#include "view3d/Renderer.h"
+
+namespace corvan::bench {
+namespace {
+
+constexpr std::int32_t Width = 1600;
+constexpr std::int32_t Height = 1000;
+
+/// A canvas without fonts.
+class PixelCanvas : public BufferCanvas {
+ public:
+  explicit PixelCanvas(std::vector<std::uint32_t>& pixels)
+      : BufferCanvas(PixelBuffer{pixels.data(), Width, Height, Width}) {}
+  void Poligono(std::span<const PuntoPixel>, Colour) override {}
+  void Testo(const PuntoPixel&, std::string_view, Colour) override {}
+  std::int32_t LarghezzaTesto(std::string_view) const override { return 0; }
+  std::int32_t AltezzaTesto() const override { return 0; }
+};
+
+/// An analysed survey of one size, seen from the south-west and above.
+struct Prepared {
+  Silent dialogs;
+  Diagnostics diagnostics;
+  GeoGeo geo{dialogs};
+  Survey survey;
+  Scene scene;
+  ColourRange colours;
+  ViewState view;
+  std::vector<std::uint32_t> pixels = std::vector<std::uint32_t>(static_cast<std::size_t>(Width) * Height);
+  PixelCanvas canvas{pixels};
+  Renderer renderer;
+
+  explicit Prepared(std::size_t count) : survey(Measurements(count)) {
+    AnalisiFile(survey, geo, diagnostics);
+    CreaFourArray(scene, survey, colours);
+    GeneraTraiettoria(scene, survey);
+    GeneraContorno(scene, survey);
+    view.AreaPixel = canvas.area();
+    view.AngoloVista = InRadianti(125);
+    view.AngoloPhi = InRadianti(15);
+    view.MostraElettrodi = false;
+    ImpostaFinestra(view, survey.traccia);
+  }
+  void zoom(double factor) {
+    view.ZoomFattore = static_cast<float>(factor);
+    AggiornaZoom(view);
+  }
+  void repaint() { renderer.DisegnaImmagineQ(scene, survey, view, colours, {}, canvas); }
+};
+
+Prepared& At(const benchmark::State& state) {
+  static std::map<std::int64_t, std::unique_ptr<Prepared>> sizes;
+  auto& slot = sizes[state.range(0)];
+  if (!slot) slot = std::make_unique<Prepared>(static_cast<std::size_t>(state.range(0)));
+  return *slot;
+}
+
+constexpr double Whole = 1.0;
+constexpr double Close = 0.05;  // about one cell in a hundred is inside
+
+/// The quadrilaterals of all cells in the order of painting, those outside the window too.
+std::vector<PixelQuad> Projected(Prepared& p) {
+  ViewState all = p.view;
+  all.AreaPixel = {-1'000'000, 1'000'000, -1'000'000, 1'000'000};  // nothing is outside
+  const PixelArea& a = p.view.AreaPixel;
+  // The same pixels from a larger area: the window grows about its middle with the area.
+  const ViewWindow<float>& w = p.view.Finestra;
+  const double perPixelX = (static_cast<double>(w.xmax) - w.xmin) / a.width();
+  const double perPixelZ = (static_cast<double>(w.zmax) - w.zmin) / a.height();
+  all.Finestra = {static_cast<float>(w.xmin - 1e6 * perPixelX), static_cast<float>(w.xmin + 1e6 * perPixelX),
+                  static_cast<float>(w.zmin - 1e6 * perPixelZ), static_cast<float>(w.zmin + 1e6 * perPixelZ)};
+  CurtainPainter painter;
+  painter.prepara(p.scene.cells, all, p.colours);
+  std::vector<PixelQuad> sorted;
+  sorted.reserve(painter.order().size());
+  for (const DepthKey key : painter.order()) sorted.push_back(painter.quads()[key & 0xFFFFFFFFU]);
+  return sorted;
+}
+
+void Floor(benchmark::State& state, double zoom) {
+  Prepared& p = At(state);
+  p.zoom(zoom);
+  const std::vector<PixelQuad> quads = Projected(p);
+  SpanPainter painter(p.canvas.picture());
+  for (auto _ : state) {
+    painter.box(p.view.AreaPixel, qbcolor::White);
+    for (const PixelQuad& quad : quads) painter.quad(quad);
+    benchmark::ClobberMemory();
+  }
+  state.counters["cells"] = static_cast<double>(quads.size());
+}
+
+void Repaint(benchmark::State& state, double zoom) {
+  Prepared& p = At(state);
+  p.zoom(zoom);
+  for (auto _ : state) {
+    p.repaint();
+    benchmark::ClobberMemory();
+  }
+}
+
+void PaintFloor(benchmark::State& state) { Floor(state, Whole); }
+void PaintAll(benchmark::State& state) { Repaint(state, Whole); }
+void ZoomFloor(benchmark::State& state) { Floor(state, Close); }
+void ZoomAll(benchmark::State& state) { Repaint(state, Close); }
+
+void Drag(benchmark::State& state) {
+  Prepared& p = At(state);
+  p.zoom(Whole);
+  for (auto _ : state) {
+    p.renderer.DisegnaContorno(p.scene, p.view, p.canvas);
+    benchmark::ClobberMemory();
+  }
+}
+
+/// A picture of nothing but markers.
+void Markers(benchmark::State& state) {
+  Prepared& p = At(state);
+  p.zoom(Whole);
+  p.view.MostraElettrodi = true;
+  Scene bare;
+  bare.trajectory = p.scene.trajectory;
+  for (auto _ : state) {
+    p.renderer.DisegnaImmagineQ(bare, p.survey, p.view, p.colours, {}, p.canvas);
+    benchmark::ClobberMemory();
+  }
+  p.view.MostraElettrodi = false;
+}
+
+/// One question for the label under the pointer, at places all over the track.
+void HitTest(benchmark::State& state) {
+  Prepared& p = At(state);
+  p.zoom(Whole);
+  p.view.MostraElettrodi = true;
+  p.repaint();
+  const std::vector<PointLabel>& labels = p.renderer.ptlbl().labels();
+  std::size_t k = 0;
+  for (auto _ : state) {
+    k = (k + 7919) % labels.size();
+    benchmark::DoNotOptimize(p.renderer.ptlbl().at(labels[k].at));
+  }
+  p.view.MostraElettrodi = false;
+}
+
+void Sizes(benchmark::internal::Benchmark* b) {
+  b->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(PaintFloor)->Apply(Sizes);
+BENCHMARK(PaintAll)->Apply(Sizes);
+BENCHMARK(ZoomFloor)->Apply(Sizes);
+BENCHMARK(ZoomAll)->Apply(Sizes);
+BENCHMARK(Drag)->Apply(Sizes);
+BENCHMARK(Markers)->Apply(Sizes);
+BENCHMARK(HitTest)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace corvan::bench

@@ -1,0 +1,143 @@
+#include "cli/PictureOptions.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <optional>
+#include <QGuiApplication>
+#include <vector>
+
+#include "base/NumberText.h"
+#include "cli/Validators.h"
+#include "paint/ImageCanvas.h"
+#include "paint/PictureFile.h"
+
+namespace corvan::cli {
+namespace {
+
+constexpr int LargestSide = 20000;  // pixels
+
+/// Width and height of "WxH"; zeros when it is no size.
+PuntoPixel Dimensioni(const std::string& size) {
+  const std::size_t at = size.find('x');
+  if (at == std::string::npos) return {};
+  const auto side = [](const std::string& text) {
+    const bool digits = !text.empty() && text.size() <= 5 && text.find_first_not_of("0123456789") == std::string::npos;
+    return digits ? std::stoi(text) : 0;
+  };
+  const PuntoPixel sides{side(size.substr(0, at)), side(size.substr(at + 1))};
+  const bool fits = sides.X >= 1 && sides.X <= LargestSide && sides.Y >= 1 && sides.Y <= LargestSide;
+  return fits ? sides : PuntoPixel{};
+}
+
+CLI::Validator Dimensione() {
+  return {[](std::string& text) -> std::string {
+            return Dimensioni(text).X > 0
+                       ? ""
+                       : "\"" + text + "\" is not WxH with sides of 1 to " + std::to_string(LargestSide) + " pixels";
+          },
+          "WxH"};
+}
+
+CLI::Validator FileImmagine() {
+  return {[](std::string& text) -> std::string {
+            return NomeImmagine(text) ? "" : "\"" + text + "\" does not end in .bmp or .png";
+          },
+          "FILE"};
+}
+
+CLI::Validator Positivo() {
+  return {[](std::string& text) -> std::string {
+            return SoloNumero(text) && Val(text) > 0.0 ? "" : "\"" + text + "\" is not a number greater than 0";
+          },
+          "NUMBER"};
+}
+
+/// Fonts need a running toolkit; it needs no display.
+class Toolkit {
+ public:
+  Toolkit() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});  // hints meant for desktops
+    application_.emplace(count_, arguments_.data());
+  }
+
+ private:
+  std::string name_ = "corvan-cli";
+  int count_ = 1;
+  std::array<char*, 2> arguments_{name_.data(), nullptr};
+  std::optional<QGuiApplication> application_;
+};
+
+void Mostra(Session& session, bool shown, bool wanted, void (Session::*toggle)()) {
+  if (shown != wanted) (session.*toggle)();
+}
+
+void ImpostaVista(Session& session, const PictureOptions& options) {
+  ViewPanel& boxes = session.FrameView;
+  boxes.Thetatxt = options.theta;
+  session.Thetatxt_KeyPress(EnterKey);
+  boxes.Phitxt = options.phi;
+  session.Phitxt_KeyPress(EnterKey);
+  boxes.GammaTxt = options.gamma;
+  session.GammaTxt_KeyPress(EnterKey);
+  boxes.Zoomtxt = options.zoom;
+  session.Zoomtxt_KeyPress(EnterKey);
+  if (options.projection == Projection::Perspective) session.Popt_Click();
+
+  const std::vector<std::string> layers = Voci(options.layers);
+  const auto wanted = [&layers](const char* layer) {
+    return std::find(layers.begin(), layers.end(), layer) != layers.end();
+  };
+  const ViewState& view = session.view();
+  Mostra(session, view.MostraElettrodi, wanted("electrodes"), &Session::SHelectrodes_Click);
+  Mostra(session, view.MostraGPS2, wanted("gps"), &Session::SH2ndGps_Click);
+  Mostra(session, view.MostraProfondita, wanted("depth"), &Session::SHdepth_Click);
+  Mostra(session, view.MostraScalaColori, wanted("scale"), &Session::SHcolour_Click);
+  Mostra(session, view.MostraNord, wanted("north"), &Session::SHNord_Click);
+}
+
+}  // namespace
+
+void AggiungiImmagine(CLI::App& command, PictureOptions& o) {
+  command.add_option("--picture", o.file, "Write the picture of the survey, as .bmp or .png")
+      ->check(FileImmagine())
+      ->type_name("FILE");
+  command.add_option("--size", o.size, "Size of the picture in pixels (default 1280x800)")
+      ->check(Dimensione())
+      ->type_name("WxH");
+  command.add_option("--theta", o.theta, "Rotation about the X axis, degrees (default 90: the map view)")
+      ->check(Numero())
+      ->type_name("D");
+  command.add_option("--phi", o.phi, "Rotation about the Z axis, degrees (default 0)")->check(Numero())->type_name("D");
+  command.add_option("--gamma", o.gamma, "Rotation about the Y axis, degrees (default 0)")
+      ->check(Numero())
+      ->type_name("D");
+  command.add_option("--zoom", o.zoom, "Zoom factor; a larger one shows more (default 1)")
+      ->check(Positivo())
+      ->type_name("F");
+  const std::map<std::string, Projection> projections{{"orthographic", Projection::Orthographic},
+                                                      {"perspective", Projection::Perspective}};
+  command.add_option("--projection", o.projection, "Projection of the picture (default orthographic)")
+      ->transform(CLI::Transformer(projections))
+      ->type_name("orthographic|perspective");
+  command
+      .add_option("--layers", o.layers,
+                  "Comma-separated list of electrodes, gps, depth, scale, north (default electrodes)")
+      ->check(Elenco({"electrodes", "gps", "depth", "scale", "north"}))
+      ->type_name("LIST");
+}
+
+void FaiImmagine(Session& session, const PictureOptions& options) {
+  if (options.file.empty()) return;
+  const Toolkit toolkit;
+  ImpostaVista(session, options);
+  const PuntoPixel size = Dimensioni(options.size);
+  QImage image = CreaImmagine(size.X, size.Y);
+  ImageCanvas canvas(image);
+  session.Form_Resize(&canvas);
+  session.SalvaImmagine(options.file, [&] { return ComponiImmagine(image, options.file); });
+  session.Form_Resize(nullptr);
+}
+
+}  // namespace corvan::cli

@@ -1,0 +1,109 @@
+#include "view3d/ViewState.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace corvan {
+namespace {
+
+/// Angle of a normalised position: -pi at edge 1, pi at edge 2.
+double Angolo(double p, double edge1, double edge2) { return (2.0 * (p - edge1) / (edge2 - edge1) - 1.0) * Pi; }
+
+/// -1 at the top of the picture, 1 at its bottom.
+double Altezza(std::int32_t y, const PixelArea& area) {
+  const double place = (2.0 * y - area.top - area.bottom) / area.height();
+  return std::clamp(place, -1.0, 1.0);
+}
+
+/// A change that a picture without size would make meaningless is left out.
+void Assegna(double& target, double value) {
+  if (std::isfinite(value)) target = value;
+}
+
+}  // namespace
+
+void AzzeraVista(ViewState& view) {
+  view.AngoloVista = Pi / 2;
+  view.AngoloPhi = view.AngoloGamma = 0.0;
+  view.ZoomFattore = 1.0F;
+  view.LogZoom0 = 0.0F;
+  view.MostraGPS2 = view.MostraNord = view.MostraScalaColori = view.MostraProfondita = view.MostraTraslazione = false;
+  view.MostraElettrodi = true;
+}
+
+void ImpostaFinestra(ViewState& view, const TrackExtent& extent) {
+  const float north = SingoloOppure(extent.EstensioneY, 0.0F);
+  const float east = SingoloOppure(extent.EstensioneX, 0.0F);
+  view.Lato = std::max({north, east, 0.01F});
+  const double half = 0.5 * view.Lato;
+  const double ratio = view.AreaPixel.height() > 0.0 ? view.AreaPixel.width() / view.AreaPixel.height() : 1.0;
+  const Punto3D& c = view.CentroVista;
+  view.FinestraBase = {c.x - half * ratio, c.x + half * ratio, c.z - half, c.z + half};
+  const ViewWindow<double>& base = view.FinestraBase;
+  view.FinestraIniziale = {SingoloOppure(base.xmin, 0.0F), SingoloOppure(base.xmax, 0.0F),
+                           SingoloOppure(base.zmin, 0.0F), SingoloOppure(base.zmax, 0.0F)};
+  view.OrizzonteMin = 0.0F;
+  view.OrizzonteMax = 0.01F;
+  ImpostaProspettiva(view);
+}
+
+void AggiornaZoom(ViewState& view) {
+  const ViewWindow<double>& base = view.FinestraBase;
+  const double f = view.ZoomFattore;
+  const double cx = (base.xmin + base.xmax) / 2.0, halfWidth = (base.xmax - base.xmin) / 2.0;
+  const double cz = (base.zmin + base.zmax) / 2.0, halfHeight = (base.zmax - base.zmin) / 2.0;
+  ViewWindow<float>& w = view.Finestra;
+  w.xmax = SingoloOppure(cx + halfWidth * f, w.xmax);
+  w.xmin = SingoloOppure(cx - halfWidth * f, w.xmin);
+  w.zmax = SingoloOppure(cz + halfHeight * (f * 1.2), w.zmax);
+  w.zmin = SingoloOppure(cz - halfHeight * f, w.zmin);
+}
+
+void ImpostaProspettiva(ViewState& view) {
+  const PixelArea& a = view.AreaPixel;
+  const ViewWindow<float>& w = view.FinestraIniziale;
+  if (!view.marcatorePosto) {
+    view.MarcatoreX = UnitaMarcatore((static_cast<double>(a.left) + a.right) / 2.0, a.right);
+    view.MarcatoreY = UnitaMarcatore((static_cast<double>(a.top) + a.bottom) / 2.0, a.bottom);
+  }
+  const double qx = 4.0 * view.MarcatoreX - a.right;
+  const double qy = 4.0 * view.MarcatoreY - a.bottom;
+  const double range = static_cast<double>(view.OrizzonteMax) - view.OrizzonteMin;
+  const double span = static_cast<double>(w.xmax) - w.xmin;
+  view.OrizzonteZ = SingoloOppure(view.OrizzonteMin + range * (qy - a.top) / a.height(), view.OrizzonteZ);
+  view.FugaX = SingoloOppure(w.xmin + span * (qx - a.left) / a.width(), view.FugaX);
+  view.DistanzaFuga = SingoloOppure(static_cast<double>(view.FugaX) - w.xmin, view.DistanzaFuga);
+}
+
+void CalcolaThetaPhi(ViewState& view, DragAxis axis, const FreeAngles& free) {
+  if (axis == DragAxis::None) return;
+  const PixelArea& a = view.AreaPixel;
+  if (axis == DragAxis::Theta && free.theta) {  // edges reversed: dragging upwards increases theta
+    Assegna(view.AngoloVista,
+            view.AngoloVista0 + Angolo(view.YNow, a.bottom, a.top) - Angolo(view.YDown, a.bottom, a.top));
+  }
+  if (axis == DragAxis::Gamma && free.gamma) {
+    Assegna(view.AngoloGamma,
+            view.AngoloGamma0 + Angolo(view.YNow, a.top, a.bottom) - Angolo(view.YDown, a.top, a.bottom));
+  }
+  if (free.phi) {
+    Assegna(view.AngoloPhi, view.AngoloPhi0 + Angolo(view.XNow, a.left, a.right) - Angolo(view.XDown, a.left, a.right));
+  }
+}
+
+void CalcolaZoom(ViewState& view) {
+  const double a = Altezza(view.YZoomDown, view.AreaPixel);
+  const double b = Altezza(view.YZoomNow, view.AreaPixel);
+  const float zoom = SingoloOppure(std::pow(10.0, b + view.LogZoom0 - a), 0.0F);
+  if (zoom > 0.0F) view.ZoomFattore = zoom;
+}
+
+void PassoZoom(ViewState& view, double decades) {
+  const double exponent = std::log10(static_cast<double>(view.ZoomFattore)) + decades;
+  if (std::isnan(exponent)) return;
+  view.ZoomFattore = static_cast<float>(std::pow(10.0, std::clamp(exponent, -1.0, 1.0)));
+}
+
+void PassoAngolo(double& angle, double degrees) { angle = std::clamp(angle + InRadianti(degrees), -Pi, Pi); }
+
+}  // namespace corvan

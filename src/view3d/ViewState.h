@@ -1,0 +1,102 @@
+// From where the survey is looked at: angles, zoom, window, projection and which layers are shown.
+#pragma once
+
+#include <cstdint>
+
+#include "base/Rounding.h"
+#include "survey/Punto3D.h"
+#include "survey/Survey.h"
+
+namespace corvan {
+
+/// Edges of a view window, m. zmin falls on the top row of the picture: a larger z is drawn lower.
+template <class Number>
+struct ViewWindow {
+  Number xmin = 0, xmax = 0, zmin = 0, zmax = 0;
+};
+
+/// Edges of the drawing area, pixels.
+struct PixelArea {
+  std::int32_t left = 0, right = 0, top = 0, bottom = 0;
+
+  double width() const { return static_cast<double>(right) - left; }
+  double height() const { return static_cast<double>(bottom) - top; }
+};
+
+enum class Projection { Orthographic, Perspective };
+
+struct ViewState {
+  double AngoloVista = Pi / 2;  ///< theta, about the X axis, rad; pi/2 is the map view
+  double AngoloPhi = 0;         ///< phi, about the Z axis, rad
+  double AngoloGamma = 0;       ///< gamma, about the Y axis, rad
+  double AngoloVista0 = Pi / 2, AngoloPhi0 = 0, AngoloGamma0 = 0;  ///< the same when a drag began
+
+  float XDown = 0, XNow = 0, YDown = 0, YNow = 0;  ///< where a drag began and where the mouse is, pixels
+  std::int32_t YZoomDown = 0, YZoomNow = 0;        ///< the same of a zoom drag
+  float ZoomFattore = 1;                           ///< a larger one shows more of the survey
+  float LogZoom0 = 0;                              ///< its decimal logarithm when a zoom drag began
+
+  Punto3D CentroVista;                 ///< centre of rotation: the scene's origin
+  float Lato = 0.01F;                  ///< L: the survey's larger extent, m
+  ViewWindow<double> FinestraBase;     ///< at zoom 1
+  ViewWindow<float> FinestraIniziale;  ///< the same, before it was moved; for the perspective
+  ViewWindow<float> Finestra;          ///< at the current zoom
+  PixelArea AreaPixel{0, 1280, 0, 800};
+
+  Projection projection = Projection::Orthographic;
+  float FugaX = 0;         ///< vanishing point, m
+  float OrizzonteZ = 0;    ///< height of the horizon, m
+  float DistanzaFuga = 0;  ///< from the left edge of FinestraIniziale to the vanishing point, m
+  float OrizzonteMin = 0, OrizzonteMax = 0.01F;
+  double MarcatoreX = 0, MarcatoreY = 0;  ///< the perspective marker in its own units
+  bool marcatorePosto = false;            ///< the user has placed it
+
+  bool MostraTraslazione = false;
+  bool MostraElettrodi = true;
+  bool MostraGPS2 = false;
+  bool MostraNord = false;
+  bool MostraScalaColori = false;
+  bool MostraProfondita = false;
+};
+
+/// Angles, zoom and layers back to those of the start; window, drawing area and projection stay.
+void AzzeraVista(ViewState& view);
+
+/// The window at zoom 1 around the survey: its height is the larger of the survey's extents (at least 0.01 m), its
+/// width such that a metre has the same number of pixels on both axes.
+void ImpostaFinestra(ViewState& view, const TrackExtent& extent);
+
+/// The window at the current zoom. Its lower edge lies 1.2 times as far from the middle as the upper one, which leaves
+/// a band free at the bottom of the picture.
+void AggiornaZoom(ViewState& view);
+
+/// The vanishing point from the perspective marker's end point (X1, Y1), which counts quarter pixels from the far
+/// edges: see UnitaMarcatore. Without a marker placed by the user it is that of one in the middle of the picture.
+void ImpostaProspettiva(ViewState& view);
+
+/// The marker's own units for a pixel coordinate p of a picture that ends at `far`: 4 x units - far = p.
+inline double UnitaMarcatore(double p, std::int32_t far) { return (p + far) / 4.0; }
+
+/// What the mouse turns during a drag.
+enum class DragAxis { Theta, Gamma, None };
+
+/// The angles of a drag from (XDown, YDown) to (XNow, YNow): across the whole picture 2 pi. The three flags are the
+/// boxes that let the mouse turn an angle.
+struct FreeAngles {
+  bool theta = true, phi = true, gamma = true;
+};
+void CalcolaThetaPhi(ViewState& view, DragAxis axis, const FreeAngles& free);
+
+/// The zoom of a drag from YZoomDown to YZoomNow: from the top to the bottom edge 100 times. Not held to 0.1..10.
+void CalcolaZoom(ViewState& view);
+
+/// A tenth of a decade more or less, held to 0.1..10.
+void PassoZoom(ViewState& view, double decades);
+
+/// One of the angles changed by a number of degrees, held to -180..180.
+void PassoAngolo(double& angle, double degrees);
+
+constexpr double InRadianti(double degrees) { return degrees * Pi / 180.0; }
+constexpr double InGradi(double radians) { return radians * 180.0 / Pi; }
+
+}  // namespace corvan
