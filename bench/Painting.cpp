@@ -1,6 +1,7 @@
 // A whole repaint against the bare painting of its quadrilaterals, drags, and the labels of the point layers.
 #include <benchmark/benchmark.h>
 
+#include <cmath>
 #include <map>
 #include <memory>
 
@@ -26,6 +27,23 @@ class PixelCanvas : public BufferCanvas {
   std::int32_t AltezzaTesto() const override { return 0; }
 };
 
+/// A survey as boats sail them: parallel lines 50 m apart, a firing every 5 m, about as wide as it is long.
+Survey Lines(std::size_t count) {
+  Survey survey = Measurements(count);
+  const auto lines = static_cast<std::size_t>(std::sqrt(static_cast<double>(count) / 10.0));
+  const std::size_t perLine = (count + lines - 1) / lines;
+  for (std::size_t k = 0; k < count; ++k) {
+    Misura& m = survey.Misure(k + 1);
+    const double along = 5.0 * static_cast<double>(k % perLine);
+    const auto line = static_cast<double>(k / perLine);
+    m.NumFile = static_cast<std::int16_t>(k / perLine + 1);
+    m.SorgenteUTM = true;
+    ImpostaPosizione(m, 5'030'000.0 + along, 300'000.0 + 50.0 * line + 10.0 * std::sin(along / 80.0));
+  }
+  survey.file.NumCanali = 10;
+  return survey;
+}
+
 /// An analysed survey of one size, seen from the south-west and above.
 struct Prepared {
   Silent dialogs;
@@ -39,7 +57,8 @@ struct Prepared {
   PixelCanvas canvas{pixels};
   Renderer renderer;
 
-  explicit Prepared(std::size_t count) : survey(Measurements(count)) {
+  explicit Prepared(std::size_t count) : survey(Lines(count)) {
+    geo.UTMzone(33);
     AnalisiFile(survey, geo, diagnostics);
     CreaFourArray(scene, survey, colours);
     GeneraTraiettoria(scene, survey);
@@ -54,7 +73,7 @@ struct Prepared {
     view.ZoomFattore = static_cast<float>(factor);
     AggiornaZoom(view);
   }
-  void repaint() { renderer.DisegnaImmagineQ(scene, survey, view, colours, {}, canvas); }
+  void repaint() { renderer.DisegnaImmagineQ(scene, view, colours, {}, canvas); }
 };
 
 Prepared& At(const benchmark::State& state) {
@@ -129,8 +148,9 @@ void Markers(benchmark::State& state) {
   p.view.MostraElettrodi = true;
   Scene bare;
   bare.trajectory = p.scene.trajectory;
+  bare.placed = p.scene.placed;
   for (auto _ : state) {
-    p.renderer.DisegnaImmagineQ(bare, p.survey, p.view, p.colours, {}, p.canvas);
+    p.renderer.DisegnaImmagineQ(bare, p.view, p.colours, {}, p.canvas);
     benchmark::ClobberMemory();
   }
   p.view.MostraElettrodi = false;

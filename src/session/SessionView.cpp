@@ -50,7 +50,7 @@ void Session::DisegnaImmagineQ() {
       if (!label->Tag.empty()) notes.picked.push_back(AInt32(Val(label->Tag)));
     }
     if (InfoLbl.Visible) notes.info = InfoLbl.Caption;
-    renderer_.DisegnaImmagineQ(scene_, survey_, view_, colours_, notes, *canvas_);
+    renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes, *canvas_);
   });
 }
 

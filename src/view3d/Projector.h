@@ -1,12 +1,20 @@
 // One view applied to points: rotated about the scene's centre and mapped to pixels.
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <optional>
+#include <span>
+#include <vector>
 
 #include "view3d/Routine3D.h"
 #include "view3d/ViewState.h"
 
 namespace corvan {
+
+/// A place that no picture has.
+inline constexpr PuntoPixel SenzaPixel{std::numeric_limits<std::int32_t>::min(),
+                                       std::numeric_limits<std::int32_t>::min()};
 
 /// Sines and cosines are taken once, when it is made; the view must outlive it.
 class Projector {
@@ -28,6 +36,18 @@ class Projector {
     if (view_.projection == Projection::Orthographic) return ortogonale(rotated);
     return prospettico(rotated);
   }
+
+  /// The same for many points at once, in the straight projection.
+  template <class Floats, class Pixels>
+  void ortogonali(const Floats& x, const Floats& z, Pixels& px, Pixels& py) const {
+    const ViewWindow<float>& w = view_.Finestra;
+    const PixelArea& a = view_.AreaPixel;
+    for (std::size_t k = 0; k < x.size(); ++k) px[k] = MappaPixelX(x[k], w.xmin, w.xmax, a.left, a.right);
+    for (std::size_t k = 0; k < z.size(); ++k) py[k] = MappaPixelY(z[k], w.zmin, w.zmax, a.top, a.bottom);
+  }
+
+  /// Rotates and projects points; SenzaPixel stands for those without a picture point.
+  void tutti(std::span<const Punto3D> points, std::vector<PuntoPixel>& pixels) const;
 
   /// x to the right, z downwards; the rotated y, the depth into the screen, is dropped.
   PuntoPixel ortogonale(const Punto3D& rotated) const { return mappa(rotated.x, rotated.z); }

@@ -1,7 +1,8 @@
 #include "view3d/Renderer.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
+#include <span>
 
 #include "view3d/Projector.h"
 
@@ -18,56 +19,44 @@ LabelStyle Stile(MarkerShape shape, std::int32_t radius, Colour colour, const Pi
   return {shape, static_cast<std::int32_t>(ArrotondaPixel(radius * size)), colour};
 }
 
-/// Rotates, projects and draws the points first..last of a layer; those without a picture point are left out.
-class PathDrawer {
- public:
-  PathDrawer(const Array1<Punto3D>& points, const ViewState& view, std::vector<PuntoPixel>& path)
-      : points_(points), projector_(view), path_(path) {
-    path_.clear();
-  }
-
-  void add(std::size_t first, std::size_t last) {
-    for (std::size_t k = first; k <= last; ++k) {
-      if (const auto seen = projector_.proietta(projector_.ruota(points_(k)))) path_.push_back(*seen);
-    }
-  }
-  void draw(Canvas& canvas, Colour colour) {
-    canvas.Linea(path_, colour);
-    path_.clear();
-  }
-
- private:
-  const Array1<Punto3D>& points_;
-  Projector projector_;
-  std::vector<PuntoPixel>& path_;
-};
+std::span<const Punto3D> Tutti(const Array1<Punto3D>& points) {
+  return points.empty() ? std::span<const Punto3D>() : std::span<const Punto3D>(&points(1), points.size());
+}
 
 /// Draws an outline of 2N + 1 points as a ring for each survey line, so that nothing joins one line to the next.
 void DisegnaAnelli(const Array1<Punto3D>& outline, const Scene& scene, const ViewState& view,
                    std::vector<PuntoPixel>& path, Canvas& canvas, Colour colour) {
   if (outline.empty()) return;
-  PathDrawer ring(outline, view, path);
+  std::vector<PuntoPixel> all;
+  Projector(view).tutti(Tutti(outline), all);
+  const auto add = [&](std::size_t from, std::size_t to) {
+    for (std::size_t k = from; k <= to; ++k) {
+      if (all[k - 1] != SenzaPixel) path.push_back(all[k - 1]);
+    }
+  };
   const std::size_t back = outline.size();  // point k of the way out stands at `back` - k on the way home
   std::size_t first = 1;
   for (const std::size_t last : scene.lineEnds) {
-    ring.add(first, last);
-    ring.add(back - last, back - first);
-    ring.add(first, first);
-    ring.draw(canvas, colour);
+    path.clear();
+    add(first, last);
+    add(back - last, back - first);
+    add(first, first);
+    canvas.Linea(path, colour);
     first = last + 1;
   }
 }
 
-/// A label for each point that `wanted` accepts by its index.
+/// A label for each of the points 1..count that `wanted` accepts by its index.
 template <class Wanted>
-std::vector<PointLabel> Etichette(const Array1<Punto3D>& points, const ViewState& view, Colour colour, Wanted wanted) {
-  const Projector projector(view);
+std::vector<PointLabel> Etichette(const Array1<Punto3D>& points, std::size_t count, const ViewState& view,
+                                  Colour colour, Wanted wanted) {
+  std::vector<PuntoPixel> pixels;
+  Projector(view).tutti(Tutti(points).first(count), pixels);
   std::vector<PointLabel> labels;
-  labels.reserve(points.size());
-  for (std::size_t k = 1; k <= points.size(); ++k) {
-    if (!wanted(k)) continue;
-    if (const auto seen = projector.proietta(projector.ruota(points(k)))) {
-      labels.push_back({static_cast<std::int32_t>(k), *seen, true, colour, 0});
+  labels.reserve(count);
+  for (std::size_t k = 1; k <= count; ++k) {
+    if (wanted(k) && pixels[k - 1] != SenzaPixel) {
+      labels.push_back({static_cast<std::int32_t>(k), pixels[k - 1], true, colour, 0});
     }
   }
   return labels;
@@ -75,13 +64,15 @@ std::vector<PointLabel> Etichette(const Array1<Punto3D>& points, const ViewState
 
 /// Dots that lie closer than they are wide become smaller: a band of them would hide the cells below it.
 LabelStyle Diradato(LabelStyle style, const std::vector<PointLabel>& labels) {
-  double length = 0.0;
+  if (labels.size() < 2) return style;
+  std::int64_t length = 0;
   for (std::size_t i = 1; i < labels.size(); ++i) {
-    length += std::hypot(static_cast<double>(labels[i].at.X) - labels[i - 1].at.X,
-                         static_cast<double>(labels[i].at.Y) - labels[i - 1].at.Y);
+    const PuntoPixel& a = labels[i - 1].at;
+    const PuntoPixel& b = labels[i].at;
+    length += std::max(std::abs(static_cast<std::int64_t>(b.X) - a.X), std::abs(static_cast<std::int64_t>(b.Y) - a.Y));
   }
-  const bool dense = length < (2.0 * style.radius + 3.0) * static_cast<double>(labels.size());
-  if (dense && labels.size() > 1) style.radius = std::max(1, style.radius / 2);
+  const auto needed = static_cast<std::int64_t>(labels.size()) * (2 * style.radius + 3);
+  if (length < needed) style.radius = std::max(1, style.radius / 2);
   return style;
 }
 
@@ -97,15 +88,15 @@ void DisegnaNordG(const Scene& scene, const ViewState& view, std::vector<PuntoPi
 
 }  // namespace
 
-void Renderer::DisegnaImmagineQ(const Scene& scene, const Survey& survey, const ViewState& view,
-                                const ColourRange& colours, const PictureNotes& notes, Canvas& canvas) {
+void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourRange& colours,
+                                const PictureNotes& notes, Canvas& canvas) {
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
   curtain_.dipingi(scene.cells, view, colours, canvas);
-  DisegnaTraiettoria(scene, survey, view, notes, canvas);
+  DisegnaTraiettoria(scene, view, notes, canvas);
   if (view.MostraNord) DisegnaNordG(scene, view, path_, canvas);
   if (view.MostraScalaColori) DisegnaScalaColori3D(colours, canvas);
   if (view.MostraProfondita) {
-    DisegnaEchoSounder(scene, survey, view, canvas);
+    DisegnaEchoSounder(scene, view, canvas);
   } else {
     dptlbl_.hide();
   }
@@ -128,19 +119,19 @@ void Renderer::DisegnaContorno(const Scene& scene, const ViewState& view, Canvas
 
 void Renderer::DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& canvas) {
   const LabelStyle style = Stile(MarkerShape::Diamond, 5, ElectrodeColour, view.AreaPixel);
-  CableLbl_.assign(Etichette(scene.cable, view, style.colour, Every), style, view.AreaPixel);
+  CableLbl_.assign(Etichette(scene.cable, scene.cable.size(), view, style.colour, Every), style, view.AreaPixel);
   CableLbl_.dipingi(canvas);
 }
 
-void Renderer::DisegnaTraiettoria(const Scene& scene, const Survey& survey, const ViewState& view,
-                                  const PictureNotes& notes, Canvas& canvas) {
+void Renderer::DisegnaTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes,
+                                  Canvas& canvas) {
   if (!view.MostraElettrodi) {
     ptlbl_.hide();
     return;
   }
   const LabelStyle style = Stile(MarkerShape::Dot, 2, MeasurementColour, view.AreaPixel);
-  auto labels = Etichette(scene.trajectory, view, style.colour,
-                          [&survey](std::size_t k) { return HaPosizione(survey.Misure(k)); });
+  auto labels = Etichette(scene.trajectory, scene.trajectory.size(), view, style.colour,
+                          [&scene](std::size_t k) { return scene.placed[k - 1]; });
   for (PointLabel& label : labels) {
     if (std::find(notes.picked.begin(), notes.picked.end(), label.index) != notes.picked.end())
       label.colour = PickedColour;
@@ -150,12 +141,11 @@ void Renderer::DisegnaTraiettoria(const Scene& scene, const Survey& survey, cons
   ptlbl_.dipingi(canvas);
 }
 
-void Renderer::DisegnaEchoSounder(const Scene& scene, const Survey& survey, const ViewState& view, Canvas& canvas) {
+void Renderer::DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas) {
   DisegnaAnelli(scene.echoSounder, scene, view, path_, canvas, qbcolor::DarkBlue);
   const LabelStyle style = Stile(MarkerShape::Dot, 2, qbcolor::DarkBlue, view.AreaPixel);
-  const std::size_t count = survey.Misure.size();
-  auto labels = Etichette(scene.echoSounder, view, style.colour,
-                          [&](std::size_t k) { return k <= count && HaPosizione(survey.Misure(k)); });
+  auto labels = Etichette(scene.echoSounder, scene.placed.size(), view, style.colour,
+                          [&scene](std::size_t k) { return scene.placed[k - 1]; });
   const LabelStyle fitting = Diradato(style, labels);
   dptlbl_.assign(std::move(labels), fitting, view.AreaPixel);
   dptlbl_.dipingi(canvas);
@@ -165,13 +155,13 @@ void Renderer::DisegnaEchoSounder(const Scene& scene, const Survey& survey, cons
 /// line and hides nothing.
 void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas) {
   const LabelStyle style = Stile(MarkerShape::Dot, 2, FixColour, view.AreaPixel);
-  auto labels = Etichette(scene.gps, view, style.colour, Every);
+  auto labels = Etichette(scene.gps, scene.gps.size(), view, style.colour, Every);
   const LabelStyle fitting = Diradato(style, labels);
   gpslbl_.assign(std::move(labels), fitting, view.AreaPixel);
   gpslbl_.dipingi(canvas);
-  PathDrawer bottom(scene.gpsDepth, view, path_);
-  bottom.add(1, scene.gpsDepth.size());
-  bottom.draw(canvas, qbcolor::DarkBlue);
+  Projector(view).tutti(Tutti(scene.gpsDepth), path_);
+  std::erase(path_, SenzaPixel);
+  canvas.Linea(path_, qbcolor::DarkBlue);
 }
 
 }  // namespace corvan

@@ -28,7 +28,7 @@ class Renderer {
  public:
   /// Repaints everything: white ground, cells from far to near, labels, north arrow, colour scale, echo sounder and
   /// external track, as far as the view shows them.
-  void DisegnaImmagineQ(const Scene& scene, const Survey& survey, const ViewState& view, const ColourRange& colours,
+  void DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourRange& colours,
                         const PictureNotes& notes, Canvas& canvas);
 
   /// The frame of a drag: white ground and the outline of the section, the north arrow where it is shown.
@@ -48,9 +48,8 @@ class Renderer {
   void CavoGNonVisibile() { CableLbl_.hide(); }
 
  private:
-  void DisegnaTraiettoria(const Scene& scene, const Survey& survey, const ViewState& view, const PictureNotes& notes,
-                          Canvas& canvas);
-  void DisegnaEchoSounder(const Scene& scene, const Survey& survey, const ViewState& view, Canvas& canvas);
+  void DisegnaTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes, Canvas& canvas);
+  void DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas);
   void DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas);
 
   CurtainPainter curtain_;

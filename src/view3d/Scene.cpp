@@ -122,8 +122,10 @@ void GeneraTraiettoria(Scene& scene, const Survey& survey) {
   const Origin origin(survey);
   scene.trajectory = Aperto(survey.Misure.size());
   scene.lineEnds.clear();
+  scene.placed.clear();
   for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
     const bool last = k == survey.Misure.size();
+    scene.placed.push_back(HaPosizione(survey.Misure(k)));
     if (last || survey.Misure(k).NumFile != survey.Misure(k + 1).NumFile) scene.lineEnds.push_back(k);
   }
   // A measurement without position repeats the one before it, at the start the first that has one: outlines then run

@@ -37,6 +37,7 @@ struct Curtain {
 struct Scene {
   Curtain cells;
   std::vector<std::size_t> lineEnds;  ///< last measurement of each survey line (file of the batch)
+  std::vector<bool> placed;           ///< of each measurement, from 0: it has a position
   Array1<Punto3D> trajectory;         ///< one per measurement; w is the depth
   Array1<Punto3D> gps;                ///< one per fix of the external track
   Array1<Punto3D> gpsDepth;           ///< the same at the depth that the track holds
