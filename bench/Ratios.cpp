@@ -34,7 +34,7 @@ constexpr std::array Promises{
     Promise{"drag frame / painting of the cells, 10,000 cells", "Drag/1000", "PaintFloor/1000", 0.5},
     Promise{"100,000 cells", "Drag/10000", "PaintFloor/10000", 0.5},
     Promise{"1,000,000 cells", "Drag/100000", "PaintFloor/100000", 0.5},
-    Promise{"markers, 100,000 / 1,000", "Markers/100000", "Markers/1000", 5.0},
+    Promise{"repaint with 100,000 / 1,000 markers over 10,000 cells", "Markers/100000", "Markers/1000", 5.0},
     Promise{"markers under the pointer, 100,000 of them: microseconds", "HitTest/100000", nullptr, 5.0}};
 
 double Median(std::vector<double> values) {

@@ -35,7 +35,7 @@ void BufferCanvas::Linea(std::span<const PuntoPixel> points, Colour colour) {
 
 void BufferCanvas::Marcatori(std::span<const PuntoPixel> points, MarkerShape shape, std::int32_t radius,
                              Colour colour) {
-  for (const PuntoPixel& point : points) painter_.mark(point, shape, radius, colour);
+  painter_.marks(points, shape, radius, colour);
 }
 
 }  // namespace corvan

@@ -156,16 +156,21 @@ void SpanPainter::fill(const PixelQuad& quad, std::int32_t first, std::int32_t l
   for (std::int32_t y = first; y <= last; ++y) row(y, spans[y].low, spans[y].high, quad.colour | Opaque);
 }
 
-void SpanPainter::mark(const PuntoPixel& centre, MarkerShape shape, std::int32_t radius, Colour colour) {
-  const PuntoPixel c = Tenuto(centre);
-  if (c.X + radius < 0 || c.X - radius >= buffer_.width) return;
+void SpanPainter::marks(std::span<const PuntoPixel> centres, MarkerShape shape, std::int32_t radius, Colour colour) {
+  std::vector<std::int32_t> half;  // pixels beside the centre in the rows -radius..radius
   for (std::int32_t dy = -radius; dy <= radius; ++dy) {
-    const std::int32_t y = c.Y + dy;
-    if (y < 0 || y >= buffer_.height) continue;
     // A disc of radius + 1/2, so that small marks are round rather than crosses.
     const double round = std::sqrt((radius + 0.5) * (radius + 0.5) - static_cast<double>(dy) * dy);
-    const std::int32_t half = shape == MarkerShape::Dot ? static_cast<std::int32_t>(round) : radius - std::abs(dy);
-    row(y, c.X - half, c.X + half, colour | Opaque);
+    half.push_back(shape == MarkerShape::Dot ? static_cast<std::int32_t>(round) : radius - std::abs(dy));
+  }
+  for (const PuntoPixel& centre : centres) {
+    const PuntoPixel c = Tenuto(centre);
+    if (c.X + radius < 0 || c.X - radius >= buffer_.width) continue;
+    const std::int32_t last = std::min(c.Y + radius, buffer_.height - 1);
+    for (std::int32_t y = std::max(c.Y - radius, 0); y <= last; ++y) {
+      const std::int32_t wide = half[static_cast<std::size_t>(y - c.Y + radius)];
+      row(y, c.X - wide, c.X + wide, colour | Opaque);
+    }
   }
 }
 

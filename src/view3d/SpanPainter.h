@@ -24,7 +24,7 @@ class SpanPainter {
   void box(const PixelArea& area, Colour colour);
   void line(const PuntoPixel& from, const PuntoPixel& to, Colour colour);
   void quad(const PixelQuad& quad);
-  void mark(const PuntoPixel& centre, MarkerShape shape, std::int32_t radius, Colour colour);
+  void marks(std::span<const PuntoPixel> centres, MarkerShape shape, std::int32_t radius, Colour colour);
 
  private:
   struct Span {
