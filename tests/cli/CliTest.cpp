@@ -136,6 +136,10 @@ INSTANTIATE_TEST_SUITE_P(
         StatusCase{"process good.bin --range 5", 2, "MIN;MAX"},
         StatusCase{"process good.bin --cable-offset 3m", 2, "not a number"},
         StatusCase{"process good.bin --picture x.jpg", 2, "does not end in"},
+        StatusCase{"process good.bin --picture x.png --size 0x5", 2, "sides of 1 to 20000"},
+        StatusCase{"process good.bin --picture x.png --size 320", 2, "sides of 1 to 20000"},
+        StatusCase{"process good.bin --picture x.png --zoom 0", 2, "greater than 0"},
+        StatusCase{"process good.bin --picture x.png --layers cells", 2, "not one of"},
         StatusCase{"process good.bin --gps x.csv --link time", 2, "not available"}, StatusCase{"info good.bin", 0, ""},
         StatusCase{"info gap.bin", 1, "fix lost"}, StatusCase{"info missing", 1, "missing"},
         StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""}, StatusCase{"--version", 0, ""},
@@ -189,6 +193,43 @@ TEST(Convert, GoesBothWaysLineByLine) {
   EXPECT_EQ(cli("convert --to-geo --zone 56 --south --format d.dddd", "334000 6252000\n").out.substr(0, 9),
             "-33.85925");
   EXPECT_TRUE(Contains(cli("convert --datums").out, "Clarke 1866\tNorth Amercia\n"));
+}
+
+/// Width and height of a bitmap's bytes.
+std::pair<int, int> BitmapSize(const std::string& bytes) {
+  const auto number = [&](std::size_t at) {
+    return static_cast<unsigned char>(bytes.at(at)) + 256 * static_cast<unsigned char>(bytes.at(at + 1));
+  };
+  return {number(18), number(22)};
+}
+
+TEST(Picture, IsPaintedAsTheOptionsAsk) {
+  const Cli cli;
+  const std::string process = "process " + Sample + " --past-gaps --out s --picture ";
+  ASSERT_EQ(cli(process + "map.bmp --size 320x200").status, 0);
+  ASSERT_EQ(cli(process + "again.bmp --size 320x200 --theta 90 --phi 0 --gamma 0 --zoom 1").status, 0);
+  ASSERT_EQ(cli(process + "side.bmp --size 320x200 --theta 180").status, 0);
+  ASSERT_EQ(cli(process + "rich.bmp --size 320x200 --layers electrodes,scale,north,depth").status, 0);
+  ASSERT_EQ(cli(process + "range.bmp --size 320x200 --theta 180 --range '5;1'").status, 0);
+  const auto bytes = [&](const char* name) { return test::Slurp(cli.folder / name); };
+  EXPECT_EQ(BitmapSize(bytes("map.bmp")), std::make_pair(320, 200));
+  EXPECT_EQ(bytes("map.bmp"), bytes("again.bmp")) << "the defaults are those of the manual";
+  EXPECT_NE(bytes("map.bmp"), bytes("side.bmp"));
+  EXPECT_NE(bytes("map.bmp"), bytes("rich.bmp"));
+  EXPECT_NE(bytes("side.bmp"), bytes("range.bmp"));
+  const Outcome json = cli(process + "view.PNG --json");
+  EXPECT_EQ(json.status, 0);
+  EXPECT_EQ(json.err.find("QStandardPaths"), std::string::npos) << json.err;
+  EXPECT_TRUE(Contains(json.out, "\"view.PNG\"")) << "listed among the outputs";
+  EXPECT_EQ(bytes("view.PNG").substr(1, 3), "PNG");
+}
+
+TEST(Picture, ThatCannotBeWrittenIsNamedAndTheRestIsDone) {
+  const Cli cli;
+  const Outcome run = cli("process " + Sample + " --past-gaps --out s --picture missing/view.png");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(Contains(run.err, "missing/view.png")) << run.err;
+  EXPECT_TRUE(cli.exists("s.bin"));
 }
 
 }  // namespace

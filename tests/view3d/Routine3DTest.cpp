@@ -1,0 +1,176 @@
+// Rotations, the way to pixels, crossing lines; and the view state that they serve.
+#include "view3d/Routine3D.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "base/Errors.h"
+#include "view3d/ViewState.h"
+
+namespace corvan {
+namespace {
+
+constexpr Punto3D Origin{};
+
+TEST(Rotations, TurnTheSameWayAboutEveryAxis) {
+  const Punto3D p{1, 2, 3, 7};
+  // A quarter turn takes the first of the two coordinates to the second with a minus, the second to the first.
+  const Punto3D x = RuotaX(p, Origin, Pi / 2), y = RuotaY(p, Origin, Pi / 2), z = RuotaZ(p, Origin, Pi / 2);
+  EXPECT_FLOAT_EQ(x.y, 3);
+  EXPECT_FLOAT_EQ(x.z, -2);
+  EXPECT_FLOAT_EQ(y.x, 3);
+  EXPECT_FLOAT_EQ(y.z, -1);
+  EXPECT_FLOAT_EQ(z.x, 2);
+  EXPECT_FLOAT_EQ(z.y, -1);
+  EXPECT_EQ(x.x, 1);
+  EXPECT_EQ(y.y, 2);
+  EXPECT_EQ(z.z, 3);
+  EXPECT_EQ(z.w, 7) << "the value is carried along";
+  const Punto3D about = RuotaZ({5, 1, 0, 0}, {4, 1, 0, 0}, Pi / 2);
+  EXPECT_FLOAT_EQ(about.x, 4);
+  EXPECT_FLOAT_EQ(about.y, 0);
+}
+
+TEST(Pixels, AreRoundedHalvesToEvenAndHeldToTheirRange) {
+  struct Case {
+    double v, w1, w2;
+    std::int32_t p1, p2, pixel;
+  };
+  const Case cases[] = {{0.5, 0, 1, 0, 5, 2},  // 2.5
+                        {0.7, 0, 1, 0, 5, 4},  // 3.5
+                        {-0.5, 0, 1, 0, 5, -2},
+                        {0.5, 0, 1, 10, 15, 12},
+                        {0.25, 0, 1, 1, 3, 1},  // 1 + 0.5 to even 0
+                        {1, 0, 1, 800, 0, 0},
+                        {7, 3, 3, 0, 1279, 640},  // no width: the middle, 639.5 to even
+                        {1e30, 0, 1, 0, 100, 2147483647},
+                        {-1e30, 0, 1, 0, 100, -2147483647 - 1},
+                        {1e300, 0, 1e-300, 0, 100, 2147483647}};
+  for (const Case& c : cases) EXPECT_EQ(MappaPixelX(c.v, c.w1, c.w2, c.p1, c.p2), c.pixel) << c.v;
+}
+
+Punto3D Crossing(Punto3D a, Punto3D b, Punto3D c, Punto3D d) { return IntersecaRette(a, b, c, d); }
+
+TEST(Lines, CrossWhateverTheirSlopes) {
+  const auto point = [](float x, float y) { return Punto3D{x, y, 0, 0}; };
+  // Line P1-P3 with line P2-P4.
+  const Punto3D plain = Crossing(point(0, 0), point(0, 2), point(2, 2), point(2, 0));
+  EXPECT_FLOAT_EQ(plain.x, 1);
+  EXPECT_FLOAT_EQ(plain.y, 1);
+  const Punto3D first = Crossing(point(3, 0), point(0, 1), point(3, 5), point(2, 5));
+  EXPECT_FLOAT_EQ(first.x, 3);
+  EXPECT_FLOAT_EQ(first.y, 7);
+  const Punto3D second = Crossing(point(0, 1), point(3, 0), point(2, 5), point(3, 5));
+  EXPECT_FLOAT_EQ(second.x, 3);
+  EXPECT_FLOAT_EQ(second.y, 7);
+  const Punto3D both = Crossing(point(0, 1), point(4, 3), point(0, 5), point(4, 7));
+  EXPECT_FLOAT_EQ(both.x, 2);
+  EXPECT_FLOAT_EQ(both.y, 4);
+  // Parallel, slopes 0: tilted to y 0.1 -> -0.1 over 2 and 1.1 -> 0.9 over 4, slopes -0.1 and -0.05.
+  Punto3D a = point(0, 0), b = point(0, 1), c = point(2, 0), d = point(4, 1);
+  const Punto3D tilted = IntersecaRette(a, b, c, d);
+  EXPECT_NEAR(tilted.x, -20, 1e-4);
+  EXPECT_NEAR(tilted.y, 2.1, 1e-5);
+  EXPECT_FLOAT_EQ(a.y, 0.1F) << "the caller's points are tilted too";
+  EXPECT_THROW(Crossing(point(0, 0), point(0, 0), point(2, 0), point(2, 0)), RunTimeError) << "one and the same";
+}
+
+TEST(Vectors, HaveProductsAndAngles) {
+  const Punto3D n = ProdottoVettore({1, 2, 3, 9}, {4, 5, 6, 9});
+  EXPECT_EQ(n.x, -3);
+  EXPECT_EQ(n.y, 6);
+  EXPECT_EQ(n.z, -3);
+  EXPECT_EQ(n.w, 0);
+  EXPECT_DOUBLE_EQ(CosenoAngolo({0, 2, 0, 0}, {0, 3, 4, 0}), 0.6);
+  EXPECT_EQ(CosenoAngolo({}, {0, 3, 4, 0}), 1.0);
+}
+
+ViewState View(double east, double north) {
+  ViewState view;
+  view.AreaPixel = {0, 1200, 0, 800};
+  TrackExtent extent;
+  extent.EstensioneX = east;
+  extent.EstensioneY = north;
+  ImpostaFinestra(view, extent);
+  AggiornaZoom(view);
+  return view;
+}
+
+TEST(Window, HoldsTheSurveyWithSquarePixelsAndABandBelow) {
+  ViewState view = View(100, 300);
+  EXPECT_EQ(view.FinestraBase.xmin, -225);  // 300 high, 1200 to 800 wide
+  EXPECT_EQ(view.FinestraBase.xmax, 225);
+  EXPECT_EQ(view.Finestra.zmin, -150);
+  EXPECT_FLOAT_EQ(view.Finestra.zmax, 180) << "1.2 times as far below the middle";
+  view.ZoomFattore = 2;
+  AggiornaZoom(view);
+  EXPECT_EQ(view.Finestra.xmax, 450);
+  EXPECT_FLOAT_EQ(view.Finestra.zmax, 360);
+  EXPECT_FLOAT_EQ(View(0, 0).Lato, 0.01F) << "a survey of one place";
+}
+
+TEST(Window, HasItsVanishingPointUnderTheMarker) {
+  ViewState view = View(100, 300);
+  EXPECT_EQ(view.FugaX, 0) << "without a marker in the middle";
+  EXPECT_EQ(view.DistanzaFuga, 225);
+  EXPECT_FLOAT_EQ(view.OrizzonteZ, 0.005F);
+  view.marcatorePosto = true;
+  view.MarcatoreX = UnitaMarcatore(300, 1200);
+  view.MarcatoreY = UnitaMarcatore(800, 800);
+  ImpostaProspettiva(view);
+  EXPECT_FLOAT_EQ(view.FugaX, -112.5F);
+  EXPECT_FLOAT_EQ(view.OrizzonteZ, 0.01F);
+}
+
+TEST(Zoom, MovesByTenthsOfADecadeBetweenATenthAndTen) {
+  ViewState view;
+  PassoZoom(view, 0.1);
+  EXPECT_FLOAT_EQ(view.ZoomFattore, 1.2589254F);
+  for (int i = 0; i < 12; ++i) PassoZoom(view, 0.1);
+  EXPECT_EQ(view.ZoomFattore, 10.0F);
+  for (int i = 0; i < 30; ++i) PassoZoom(view, -0.1);
+  EXPECT_EQ(view.ZoomFattore, 0.1F);
+  view.ZoomFattore = 40;
+  PassoZoom(view, -0.1);
+  EXPECT_EQ(view.ZoomFattore, 10.0F) << "a button brings a dragged zoom back inside";
+
+  ViewState drag = View(1, 1);
+  drag.YZoomDown = -50;  // above the picture counts as its edge
+  drag.YZoomNow = 800;
+  CalcolaZoom(drag);
+  EXPECT_FLOAT_EQ(drag.ZoomFattore, 100);
+}
+
+TEST(Angles, FollowADragAcrossThePicture) {
+  struct Case {
+    DragAxis axis;
+    FreeAngles free;
+    double theta, phi, gamma;
+  };
+  const Case cases[] = {{DragAxis::Theta, {}, 1 + Pi / 2, 2 + Pi, 3},
+                        {DragAxis::Gamma, {}, 1, 2 + Pi, 3 - Pi / 2},
+                        {DragAxis::None, {}, 1, 2, 3},
+                        {DragAxis::Theta, {false, true, true}, 1, 2 + Pi, 3},
+                        {DragAxis::Gamma, {true, false, false}, 1, 2, 3}};
+  for (const Case& c : cases) {
+    ViewState view = View(1, 1);
+    view.AngoloVista = view.AngoloVista0 = 1;
+    view.AngoloPhi = view.AngoloPhi0 = 2;
+    view.AngoloGamma = view.AngoloGamma0 = 3;
+    view.XDown = 100;
+    view.YDown = 500;
+    view.XNow = 700;  // half the width to the right: pi
+    view.YNow = 300;  // a quarter of the height up: pi / 2
+    CalcolaThetaPhi(view, c.axis, c.free);
+    EXPECT_NEAR(view.AngoloVista, c.theta, 1e-12);
+    EXPECT_NEAR(view.AngoloPhi, c.phi, 1e-12);
+    EXPECT_NEAR(view.AngoloGamma, c.gamma, 1e-12);
+  }
+  double angle = InRadianti(179.5);
+  PassoAngolo(angle, 1);
+  EXPECT_EQ(angle, Pi) << "no turning over";
+}
+
+}  // namespace
+}  // namespace corvan

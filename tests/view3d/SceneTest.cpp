@@ -1,0 +1,121 @@
+// The survey as points of the scene.
+#include "view3d/Scene.h"
+
+#include <gtest/gtest.h>
+
+#include "Pictures.h"
+
+namespace corvan {
+namespace {
+
+using test::SurveyOf;
+
+Scene SceneOf(const Survey& survey) {
+  Scene scene;
+  ColourRange colours;
+  CreaFourArray(scene, survey, colours);
+  GeneraTraiettoria(scene, survey);
+  GeneraContorno(scene, survey);
+  GeneraEchoSounder(scene, survey);
+  return scene;
+}
+
+void ExpectPoint(const Punto3D& p, float x, float y, float z, const char* what) {
+  EXPECT_FLOAT_EQ(p.x, x) << what;
+  EXPECT_FLOAT_EQ(p.y, y) << what;
+  EXPECT_FLOAT_EQ(p.z, z) << what;
+}
+
+TEST(Cells, ReachHalfWayToTheirNeighboursOfTheSameLine) {
+  // Line 1: three firings 10 m apart, a lost fix, one more; line 2: one.
+  const Survey survey =
+      SurveyOf({{300000, 5e6}, {300010, 5e6}, {300020, 5000004}, {0, 0}, {300040, 5e6}, {300040, 5000020, 2}});
+  const Scene scene = SceneOf(survey);
+  EXPECT_EQ(scene.cells.NQuad, 60);
+  const auto corner = [&](std::int32_t firing, std::int32_t level, std::size_t c) {
+    return scene.cells.QuadPunti((firing - 1) * 10 + level, c);
+  };
+  ExpectPoint(corner(1, 1, 1), 0, 0, 0, "the line begins at its first firing");
+  ExpectPoint(corner(1, 1, 2), 5, 0, 0, "half-way to the next");
+  ExpectPoint(corner(2, 3, 3), 15, 2, -30, "lower edge of level 3, half-way");
+  ExpectPoint(corner(2, 3, 4), 5, 0, -30, "and back");
+  ExpectPoint(corner(3, 1, 2), 20, 4, 0, "ends at its own place before a lost fix");
+  ExpectPoint(corner(4, 1, 2), 0, 0, 0, "no cell without a position");
+  ExpectPoint(corner(5, 1, 1), 40, 0, 0, "begins anew behind it");
+  ExpectPoint(corner(5, 1, 2), 40, 0, 0, "and does not reach to the next line");
+  EXPECT_FLOAT_EQ(corner(2, 3, 4).w, 2.03F);
+  EXPECT_EQ(corner(4, 3, 4).w, 0);
+}
+
+TEST(Cells, AreMovedByTheTranslationAndLeaveOutDiscardedFirings) {
+  Survey survey = SurveyOf({{300000, 5e6}, {300010, 5e6}, {300020, 5e6}});
+  survey.settings.TraslDatiEst = 0.5;
+  survey.settings.TraslDatiNord = -2;
+  survey.Misure(2).Scartata = true;
+  const Scene scene = SceneOf(survey);
+  EXPECT_FALSE(scene.cells.columns(2).present);
+  ExpectPoint(scene.cells.QuadPunti(1, 2), 0.5F, -2, 0, "ends at its own place");
+}
+
+TEST(ColourRanges, AreTakenFromTheDataOnlyWhenNeverSet) {
+  Survey survey = SurveyOf({{300000, 5e6}});
+  survey.traccia.RhoMin = 0.5F;
+  survey.traccia.RhoMax = 8;
+  Scene scene;
+  ColourRange unset, typed{1, 0};
+  CreaFourArray(scene, survey, unset);
+  CreaFourArray(scene, survey, typed);
+  EXPECT_EQ(unset.ScalaMax, 8);
+  EXPECT_EQ(typed.ScalaMin, 1);
+  EXPECT_EQ(typed.ScalaMax, 0);
+}
+
+TEST(Outlines, RunAlongTheSurfaceAndBackAlongTheBottom) {
+  Survey survey = SurveyOf({{0, 0}, {300010, 5e6}, {0, 0}, {300020, 5e6, 2}});
+  survey.file.NumCanali = 12;
+  const Scene scene = SceneOf(survey);
+  ASSERT_EQ(scene.outline.size(), 9U);
+  ExpectPoint(scene.outline(1), 10, 0, 0, "a lost fix at the start takes the first place");
+  ExpectPoint(scene.outline(3), 10, 0, 0, "a later one the place before it");
+  ExpectPoint(scene.outline(5), 20, 0, -100, "no deeper than ten levels");
+  ExpectPoint(scene.outline(8), 10, 0, -100, "back at the start");
+  ExpectPoint(scene.outline(9), 10, 0, 0, "closed");
+  EXPECT_EQ(scene.lineEnds, (std::vector<std::size_t>{3, 4}));
+}
+
+TEST(EchoSounder, IsTranslatedOnTheWayOutOnly) {
+  Survey survey = SurveyOf({{300000, 5e6}, {300010, 5e6}});
+  survey.Misure(2).Val12 = -0.4F;
+  survey.settings.TraslFondoEst = 1;
+  survey.settings.TraslFondoNord = 2;
+  const Scene scene = SceneOf(survey);
+  ASSERT_EQ(scene.echoSounder.size(), 5U);
+  ExpectPoint(scene.echoSounder(1), 1, 2, -30, "3 m in levels of 10 m");
+  ExpectPoint(scene.echoSounder(2), 11, 2, -4, "whatever the sign");
+  ExpectPoint(scene.echoSounder(3), 10, 0, -4, "back without the translation");
+  ExpectPoint(scene.echoSounder(5), 1, 2, -30, "closed");
+}
+
+TEST(NorthArrow, StandsInTheSouthWestAndPointsNorth) {
+  Scene scene;
+  GeneraNordG(scene, SurveyOf({{300000, 5e6}}), 100);
+  ASSERT_EQ(scene.northArrow.size(), 18U);
+  // Tip (17, 4): x = -0.375 L, y = -0.425 L + 13 x 100 / 200.
+  ExpectPoint(scene.northArrow(3), -37.5F, -36, 0, "tip");
+  ExpectPoint(scene.northArrow(5), -35, -50, 0, "right foot");
+}
+
+TEST(Cable, LiesTowardsIncreasingEasting) {
+  Survey survey = SurveyOf({{300010, 5e6}, {300007, 4999996}, {300004, 4999992}, {300004, 5000050}});
+  survey.cavo.PosCavo[1] = 50;
+  survey.cavo.PosCavo[12] = 55;
+  Scene scene;
+  GeneraCavoDiMisura(scene, survey, 2);  // sailing southwest along a 3-4-5 slope
+  ASSERT_EQ(scene.cable.size(), 13U);
+  ExpectPoint(scene.cable(1), 7 + 30, -4 + 40, 0, "E1 at 50 m");
+  GeneraCavoDiMisura(scene, survey, 4);  // its only neighbour lies due south
+  ExpectPoint(scene.cable(12), 4, 50 + 55, 0, "C1 straight north");
+}
+
+}  // namespace
+}  // namespace corvan
