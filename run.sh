@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds Corvan and processes the sample survey: every output goes to out/.
+# Builds Corvan and processes the sample survey: every output and two pictures go to out/.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -8,7 +8,9 @@ cmake --preset release -DCORVAN_TESTS=OFF -DCORVAN_BENCH=OFF -B build/run
 cmake --build build/run
 
 mkdir -p out
-build/run/bin/corvan-cli process samples/lagoon_1.bin samples/lagoon_2.bin \
-  --past-gaps --bad-gps interpolate --true-position --cable-offset 8 --echo-offset 1 \
-  --out out/lagoon --format bin,txt,ecs,kml,csv
+survey=(samples/lagoon_1.bin samples/lagoon_2.bin --past-gaps --bad-gps interpolate --out out/lagoon)
+build/run/bin/corvan-cli process "${survey[@]}" --true-position --cable-offset 8 --echo-offset 1 \
+  --format bin,txt,ecs,kml,csv --picture out/lagoon_map.png --zoom 1.1 --layers electrodes,scale,north
+build/run/bin/corvan-cli process "${survey[@]}" --format csv \
+  --picture out/lagoon_oblique.png --theta 135 --phi -30 --zoom 0.8 --layers electrodes,scale,north | grep _oblique
 echo "The outputs are in $PWD/out."
