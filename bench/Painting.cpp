@@ -35,8 +35,9 @@ Survey Lines(std::size_t count) {
   for (std::size_t k = 0; k < count; ++k) {
     Misura& m = survey.Misure(k + 1);
     const double along = 5.0 * static_cast<double>(k % perLine);
-    const auto line = static_cast<double>(k / perLine);
-    m.NumFile = static_cast<std::int16_t>(k / perLine + 1);
+    const std::size_t number = k / perLine;
+    const auto line = static_cast<double>(number);
+    m.NumFile = static_cast<std::int16_t>(number + 1);
     m.SorgenteUTM = true;
     ImpostaPosizione(m, 5'030'000.0 + along, 300'000.0 + 50.0 * line + 10.0 * std::sin(along / 80.0));
   }

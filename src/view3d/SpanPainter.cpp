@@ -101,7 +101,7 @@ void PercorriLinea(PuntoPixel a, PuntoPixel b, std::int32_t first, std::int32_t 
 SpanPainter::SpanPainter(const PixelBuffer& buffer)
     : buffer_(buffer), spans_(static_cast<std::size_t>(std::max(buffer.height, 0))) {}
 
-void SpanPainter::row(std::int32_t y, std::int32_t low, std::int32_t high, std::uint32_t pixel) {
+void SpanPainter::row(std::int32_t y, std::int32_t low, std::int32_t high, std::uint32_t pixel) const {
   low = std::max(low, 0);
   high = std::min(high, buffer_.width - 1);
   if (low > high) return;
@@ -168,7 +168,7 @@ void SpanPainter::marks(std::span<const PuntoPixel> centres, MarkerShape shape, 
     if (c.X + radius < 0 || c.X - radius >= buffer_.width) continue;
     const std::int32_t last = std::min(c.Y + radius, buffer_.height - 1);
     for (std::int32_t y = std::max(c.Y - radius, 0); y <= last; ++y) {
-      const std::int32_t wide = half[static_cast<std::size_t>(y - c.Y + radius)];
+      const std::int32_t wide = half.at(static_cast<std::size_t>(std::int64_t{y} - c.Y + radius));
       row(y, c.X - wide, c.X + wide, colour | Opaque);
     }
   }

@@ -33,7 +33,7 @@ class SpanPainter {
 
   template <class Integer>
   void fill(const PixelQuad& quad, std::int32_t first, std::int32_t last);
-  void row(std::int32_t y, std::int32_t low, std::int32_t high, std::uint32_t pixel);
+  void row(std::int32_t y, std::int32_t low, std::int32_t high, std::uint32_t pixel) const;
 
   PixelBuffer buffer_;
   std::vector<Span> spans_;  // of the rows of the quadrilateral at work

@@ -40,7 +40,7 @@ void PlainLine(PuntoPixel a, PuntoPixel b, Paint paint) {
 }
 
 std::vector<std::uint32_t> PlainQuad(const PixelQuad& quad) {
-  std::vector<std::uint32_t> pixels(W * H, 0xFFFFFFFF);
+  std::vector<std::uint32_t> pixels(std::size_t{W} * H, 0xFFFFFFFF);
   for (std::int64_t y = 0; y < H; ++y) {
     std::int64_t low = std::numeric_limits<std::int64_t>::max(), high = std::numeric_limits<std::int64_t>::min();
     for (std::size_t i = 0; i < 4; ++i) {
@@ -130,6 +130,7 @@ TEST(Depths, AreOrderedAsNumbersAndTiesKeepTheirOrder) {
 /// A survey that winds about, with a lost fix, two lines and a reading that is not finite.
 Survey Winding() {
   std::vector<test::Firing> firings;
+  firings.reserve(60);
   for (int i = 0; i < 60; ++i) {
     firings.push_back({300000 + 40 * std::sin(i / 9.0), 5e6 + 1.5 * i - 40, static_cast<std::int16_t>(i < 35 ? 1 : 2)});
   }
