@@ -1,7 +1,5 @@
 // corvan-cli process: the whole chain from survey files to a written section.
 #include <algorithm>
-#include <chrono>
-#include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <map>
@@ -10,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Clock.h"
 #include "base/NumberText.h"
 #include "cli/Commands.h"
 #include "cli/PictureOptions.h"
@@ -52,18 +51,6 @@ struct ProcessOptions {
     return std::find(chosen.begin(), chosen.end(), format) != chosen.end();
   }
 };
-
-DateTime Adesso() {
-  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  std::tm local{};
-#ifdef _WIN32
-  localtime_s(&local, &now);
-#else
-  localtime_r(&now, &local);
-#endif
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-          local.tm_hour,        local.tm_min,     std::min(local.tm_sec, 59)};
-}
 
 void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
   if (!options.channels.empty()) dialogs.answer("Set Channel Number", options.channels);

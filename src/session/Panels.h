@@ -63,6 +63,10 @@ struct ViewPanel {
   bool ThetaChk = true;
   bool PhiChk = true;
   bool GammaChk = true;
+  // Read-outs on the picture while the mouse turns or zooms.
+  std::string thetalbl = "theta", philbl = "phi", gammalbl = "gamma", Zoomlbl = "zoom";
+  bool angleLabelsVisible = false;
+  bool ZoomlblVisible = false;
 };
 
 /// The texts of the two translation panels.

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "base/Diagnostics.h"
 #include "base/Dialogs.h"
@@ -34,6 +35,20 @@ struct SectionSummary {
 };
 
 inline constexpr int EnterKey = 13;
+
+enum class MouseButton { Left, Right };
+
+/// The mouse on the picture, in its pixels.
+struct MouseEvent {
+  MouseButton button = MouseButton::Left;
+  bool shift = false;
+  bool ctrl = false;
+  std::int32_t x = 0;
+  std::int32_t y = 0;
+};
+
+/// What the pressed mouse is doing on the picture.
+enum class Dragging { Nothing, Rotation, Zoom, Move, Marker, Label, Cable };
 
 /// Window and command line own one Session each and turn every control or option into one of its commands. Commands
 /// trap their own errors: what went wrong is in diagnostics(), what the user must hear goes through Dialogs.
@@ -131,6 +146,20 @@ class Session {
   void SHtranslation_Click() { view_.MostraTraslazione = !view_.MostraTraslazione; }
   void SaveCmd_Click();  ///< "Save Current Picture": img0.bmp in the current folder
 
+  // The mouse on the picture. A label under the pointer takes the press; else the picture does.
+  void CoordPic_MouseDown(const MouseEvent& mouse);
+  void CoordPic_MouseMove(const MouseEvent& mouse);
+  void CoordPic_MouseUp(const MouseEvent& mouse);
+  void CoordPic_DblClick(const MouseEvent& mouse);
+  Dragging dragging() const { return dragging_; }
+  /// What the label under a pixel stands for: its tool tip. Empty where there is none.
+  std::string Suggerimento(std::int32_t x, std::int32_t y) const;
+  /// The measurement whose label lies under a pixel.
+  std::optional<std::int32_t> MisuraSotto(std::int32_t x, std::int32_t y) const;
+  /// Easting and northing of the place on the water's surface under a pixel, m. None in perspective, for an empty
+  /// survey and where the surface is seen edge-on.
+  std::optional<std::pair<double, double>> PostoSotto(std::int32_t x, std::int32_t y) const;
+
   // Writing.
   void SaveFileOut_Click();     ///< shows "File Out" with .BIN ticked
   void SaveFileOutTxt_Click();  ///< with .TXT ticked
@@ -162,6 +191,10 @@ class Session {
   void scegliProiezione(Projection projection);
   void alterna(bool& shown);
   void mostraAngoli();
+  void mostraTrascinamento();
+  void iniziaTrascinamento(Dragging kind, const MouseEvent& mouse);
+  void DisegnaContorno();
+  void mostraCavo(std::int32_t index);
   void rifaiFinestra();
   void mostraUscita(bool bin, bool txt, bool echo);
   SectionRequest chiediSezione();
@@ -184,6 +217,8 @@ class Session {
   Scene scene_;
   Renderer renderer_;
   Canvas* canvas_ = nullptr;
+  Dragging dragging_ = Dragging::Nothing;
+  std::int32_t pressedLabel_ = 0;  ///< the measurement whose label took the press
   OutputFiles outputs_;
   std::unique_ptr<KmlGoogle> kml_;
   std::optional<SectionSummary> section_;

@@ -4,10 +4,14 @@
 #include "base/OleDate.h"
 
 namespace corvan {
+namespace {
 
-std::string DescriviMisura(const Survey& survey, std::size_t k) {
+constexpr Mask Distance = "####0.0";
+constexpr Mask Depth = "###0.##";
+
+/// File, time and position: what all labels of a measurement begin with.
+std::string Inizio(const Survey& survey, const Misura& m) {
   constexpr Mask angle = "###00.######";
-  const Misura& m = survey.Misure(k);
   const auto ordinal = static_cast<std::size_t>(m.NumFile);
   const std::string file =
       ordinal >= 1 && ordinal <= survey.files.size() ? survey.files[ordinal - 1].path.filename().string() : "";
@@ -17,7 +21,27 @@ std::string DescriviMisura(const Survey& survey, std::size_t k) {
     when = TestoData(date) + " " + TestoOra(date);
   }
   return "File." + file + " Data. " + when + " Lg." + FormattaNumero(m.Lon, angle) + " Lt." +
-         FormattaNumero(m.Lat, angle) + " D.Prog. " + FormattaNumero(m.Distanza, "####0.0");
+         FormattaNumero(m.Lat, angle);
+}
+
+}  // namespace
+
+std::string DescriviMisura(const Survey& survey, std::size_t k) {
+  const Misura& m = survey.Misure(k);
+  return Inizio(survey, m) + " D.Prog. " + FormattaNumero(m.Distanza, Distance);
+}
+
+std::string DescriviFondo(const Survey& survey, std::size_t k) {
+  const Misura& m = survey.Misure(k);
+  return Inizio(survey, m) + " Dpt. " + FormattaNumero(static_cast<double>(m.Val12), Depth);
+}
+
+std::string DescriviFix(const Survey& survey, std::size_t k) {
+  constexpr Mask position = "#####00.##";
+  const PuntoGPSEst& fix = survey.PuntiGPSEst(k);
+  return " GPS: " + std::to_string(k) + " Lg." + FormattaNumero(fix.GeoB, position) + " Lt." +
+         FormattaNumero(fix.GeoA, position) + " D.Prog. " + FormattaNumero(fix.Progressiva, Distance) +
+         " Depth: " + FormattaNumero(fix.Prof, Depth);
 }
 
 }  // namespace corvan

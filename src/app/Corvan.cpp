@@ -1,0 +1,262 @@
+#include "app/Corvan.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "app/AboutBox.h"
+#include "base/Clock.h"
+#include "base/NumberText.h"
+
+namespace corvan {
+namespace {
+
+constexpr int LeftWidth = 33 * Unit;
+constexpr int RightWidth = 29 * Unit;
+
+QVBoxLayout* Colonna(QWidget* column, int width) {
+  column->setFixedWidth(width);
+  auto* layout = new QVBoxLayout(column);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(Unit);
+  return layout;
+}
+
+QStringList Files(const QMimeData& data) {
+  QStringList files;
+  for (const QUrl& url : data.urls()) {
+    if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) files << url.toLocalFile();
+  }
+  files.sort(Qt::CaseInsensitive);
+  return files;
+}
+
+}  // namespace
+
+void Corvan::WindowDialogs::Avanzamento(const ProgressStep& step) {
+  if (step.subject.empty()) {
+    window_.statusBar()->clearMessage();
+    return;
+  }
+  window_.statusBar()->showMessage(QStringLiteral("Reading %1 (%2 of %3)")
+                                       .arg(QString::fromStdString(step.subject))
+                                       .arg(step.done + 1)
+                                       .arg(step.total));
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+Corvan::Corvan(Dialogs& dialogs) : dialogs_(dialogs, *this), session_(dialogs_, Adesso) {
+  setObjectName("Corvan");
+  setWindowTitle("Ardevo - Corvan Data Pre-Process");
+  setWindowIcon(QIcon(":/app/corvan.png"));
+  setAcceptDrops(true);
+  setMinimumSize(1024, 680);
+  creaPannelli();
+  creaStato();
+  creaMenu();
+  aggiorna();
+}
+
+Corvan::~Corvan() { session_.Form_Resize(nullptr); }
+
+void Corvan::creaPannelli() {
+  const auto changed = [this] { aggiorna(); };
+  fileIn_ = new FrameFileIn(session_, changed);
+  fileOut_ = new FrameFileOut(session_, changed);
+  extrema_ = new FrameExtrema(session_, changed);
+  view_ = new FrameView(session_, changed);
+  dataMove_ = TranslationFrame::dati(session_, changed);
+  depthMove_ = TranslationFrame::fondo(session_, changed);
+  picture_ = new CoordPic(session_, changed, [this](const PuntoPixel& place) { mostraPunto(place); });
+
+  left_ = new QWidget;
+  QVBoxLayout* left = Colonna(left_, LeftWidth);
+  left->addWidget(fileIn_, 1);
+  left->addWidget(fileOut_);
+  left->addWidget(extrema_);
+  left->addStretch(0);
+  right_ = new QWidget;
+  QVBoxLayout* right = Colonna(right_, RightWidth);
+  right->addWidget(view_);
+  right->addWidget(dataMove_);
+  right->addWidget(depthMove_);
+  right->addStretch(1);
+
+  auto* centre = new QWidget;
+  auto* layout = new QHBoxLayout(centre);
+  layout->setContentsMargins(Unit, Unit, Unit, 0);
+  layout->setSpacing(Unit);
+  layout->addWidget(left_);
+  layout->addWidget(picture_, 1);
+  layout->addWidget(right_);
+  setCentralWidget(centre);
+  connect(view_->pin(), &QCheckBox::toggled, this, [this](bool pinned) {
+    if (pinned) right_->show();
+  });
+}
+
+void Corvan::creaStato() {
+  for (QLabel** label : {&filesLbl_, &placeLbl_, &pointLbl_}) {
+    *label = new QLabel;
+    (*label)->setContentsMargins(Unit, 0, Unit, 0);
+    statusBar()->addWidget(*label);
+  }
+  noteLbl_ = new QLabel;
+  noteLbl_->setContentsMargins(Unit, 0, Unit, 0);
+  noteLbl_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  statusBar()->addWidget(noteLbl_, 1);
+  filesLbl_->setObjectName("StatusFiles");
+  placeLbl_->setObjectName("StatusPlace");
+  pointLbl_->setObjectName("StatusPoint");
+  noteLbl_->setObjectName("StatusNote");
+}
+
+QAction* Corvan::voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, Command command) {
+  QAction* action = menu->addAction(caption);
+  action->setObjectName(QLatin1String(name));
+  action->setShortcut(key);
+  if (command == nullptr) return action;
+  connect(action, &QAction::triggered, this, [this, command] {
+    (session_.*command)();
+    aggiorna();
+  });
+  return action;
+}
+
+QAction* Corvan::interruttore(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
+                              Command command, bool (Corvan::*shown)() const) {
+  QAction* action = voce(menu, name, caption, key, command);
+  action->setCheckable(true);
+  switches_.push_back({action, shown});
+  return action;
+}
+
+void Corvan::creaMenu() {
+  QMenu* file = menuBar()->addMenu("&File");
+  file->setObjectName("File");
+  voce(file, "LoadFiles", "&Load Floating Electrodes File(s)", QKeySequence::Open, &Session::LoadFiles_Click);
+  QAction* LoadGPS = voce(file, "LoadGPS", "Load E&xternal GPS file", {}, nullptr);
+  file->addSeparator();
+  voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, &Session::SaveFileOut_Click);
+  voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"), &Session::SaveFileOutTxt_Click);
+  voce(file, "SaveEcho", "Save &EchoSounder Profile", QKeySequence("Ctrl+E"), &Session::SaveEcho_Click);
+  file->addSeparator();
+  QAction* exit = voce(file, "Exit", "E&xit", QKeySequence("Ctrl+Q"), nullptr);
+  connect(exit, &QAction::triggered, this, &QWidget::close);
+
+  QMenu* operation = menuBar()->addMenu("Operation");
+  operation->setObjectName("Operation");
+  QAction* byTime = voce(operation, "LinkToGPST", "Link Data to External GPS by Time", {}, nullptr);
+  QAction* byPlace = voce(operation, "LinkToGPSP", "Link Data to External GPS by Pos.", {}, nullptr);
+  for (QAction* later : {LoadGPS, byTime, byPlace}) later->setEnabled(false);
+  operation->addSeparator();
+  voce(operation, "SetUtmZone", "Set UTM Zone", QKeySequence("Ctrl+U"), &Session::SetUtmZone_Click);
+  voce(operation, "CableConf", "Set Cable Configuration", QKeySequence("Ctrl+K"), &Session::CableConf_Click);
+  operation->addSeparator();
+  QAction* first = voce(operation, "SelFirst", "Select First Data", QKeySequence("Ctrl+1"), &Session::SelFirst_Click);
+  connect(first, &QAction::triggered, this, [this] { extrema_->primo(); });
+  voce(operation, "SelectLast", "Select Last Data", QKeySequence("Ctrl+2"), &Session::SelectLast_Click);
+
+  QMenu* image = menuBar()->addMenu("Image");
+  image->setObjectName("Image");
+  interruttore(image, "SHelectrodes", "Show/Hide Floating Electrodes", QKeySequence("F2"), &Session::SHelectrodes_Click,
+               &Corvan::mostraElettrodi);
+  interruttore(image, "SH2ndGps", "Show/Hide 2nd GPS", QKeySequence("F3"), &Session::SH2ndGps_Click,
+               &Corvan::mostraGPS2);
+  interruttore(image, "SHdepth", "Show/Hide Depth Profile", QKeySequence("F4"), &Session::SHdepth_Click,
+               &Corvan::mostraProfondita);
+  interruttore(image, "SHcolour", "Show/Hide Colour Scale", QKeySequence("F5"), &Session::SHcolour_Click,
+               &Corvan::mostraScala);
+  interruttore(image, "SHNord", "Show/Hide Nord Arrow", QKeySequence("F6"), &Session::SHNord_Click,
+               &Corvan::mostraNord);
+  interruttore(image, "SHInfoLabel", "Show/Hide Info Label", QKeySequence("F7"), &Session::SHInfoLabel_Click,
+               &Corvan::mostraInfo);
+  interruttore(image, "SHtranslation", "Show/Hide Translation Panel", QKeySequence("F8"), &Session::SHtranslation_Click,
+               &Corvan::mostraTraslazione);
+  image->addSeparator();
+  voce(image, "SetRange", "Set Colour Scale Range", QKeySequence("Ctrl+R"), &Session::SetRange_Click);
+
+  QAction* info = menuBar()->addAction("Info");
+  info->setObjectName("Info");
+  info->setShortcut(QKeySequence::HelpContents);
+  connect(info, &QAction::triggered, this, [this] { AboutBox(this).exec(); });
+}
+
+void Corvan::aggiorna() {
+  for (Frame* frame : {static_cast<Frame*>(fileIn_), static_cast<Frame*>(fileOut_), static_cast<Frame*>(extrema_),
+                       static_cast<Frame*>(view_), static_cast<Frame*>(dataMove_), static_cast<Frame*>(depthMove_)}) {
+    frame->mostra();
+  }
+  const bool anyLeft = session_.FrameFileIn.visible || session_.FrameFileOut.visible || session_.FrameExtrema.visible;
+  left_->setVisible(anyLeft);
+  for (const Switch& s : switches_) s.action->setChecked((this->*s.shown)());
+  picture_->update();
+  mostraStato();
+}
+
+void Corvan::mostraStato() {
+  const Survey& survey = session_.survey();
+  const auto files = static_cast<int>(survey.files.size());
+  filesLbl_->setText(files == 0 ? QStringLiteral("No survey")
+                                : QStringLiteral("%1 %2, %3 measurements")
+                                      .arg(files)
+                                      .arg(files == 1 ? "file" : "files")
+                                      .arg(survey.NumMisure()));
+  const auto& entries = session_.diagnostics().entries();
+  QString note = entries.empty() ? QString() : QString::fromStdString(entries.back().reason);
+  const auto& outputs = session_.outputs();
+  if (outputs.size() > outputsShown_) {
+    QStringList names;
+    for (std::size_t i = outputsShown_; i < outputs.size(); ++i) {
+      const QFileInfo info(QString::fromStdU16String(outputs[i].u16string()));
+      names << (names.isEmpty() ? QDir::toNativeSeparators(info.absoluteFilePath()) : info.fileName());
+    }
+    outputsShown_ = outputs.size();
+    note = "Written: " + names.join(", ");
+  }
+  noteLbl_->setText(note);
+  noteLbl_->setToolTip(note);
+}
+
+void Corvan::mostraPunto(const PuntoPixel& place) {
+  QString text;
+  if (const auto at = session_.PostoSotto(place.X, place.Y)) {
+    text = QStringLiteral("E %1  N %2")
+               .arg(QString::fromStdString(FormattaNumero(at->first, "0.0")),
+                    QString::fromStdString(FormattaNumero(at->second, "0.0")));
+  }
+  placeLbl_->setText(text);
+  const auto measurement = session_.MisuraSotto(place.X, place.Y);
+  pointLbl_->setText(measurement ? QStringLiteral("measurement %1").arg(*measurement) : QString());
+  disponiVista(picture_->mapTo(this, QPoint(place.X, place.Y) / devicePixelRatioF()));
+}
+
+/// The unpinned panel of the view shows while the pointer is near the window's right edge or over it.
+void Corvan::disponiVista(const QPoint& pointer) {
+  if (view_->fissato() || session_.dragging() != Dragging::Nothing) return;
+  constexpr int near = 24;
+  const bool wanted = pointer.x() >= width() - near || (right_->isVisible() && pointer.x() >= right_->x());
+  if (wanted != right_->isVisible()) right_->setVisible(wanted);
+}
+
+void Corvan::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  mostraStato();
+}
+
+void Corvan::dragEnterEvent(QDragEnterEvent* event) {
+  if (!Files(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void Corvan::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  leggi(Files(*event->mimeData()));
+}
+
+}  // namespace corvan

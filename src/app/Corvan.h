@@ -1,0 +1,93 @@
+// The main window: menus, panels, picture and status bar around one session.
+#pragma once
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <vector>
+
+#include "app/CoordPic.h"
+#include "app/FrameExtrema.h"
+#include "app/FrameFileIn.h"
+#include "app/FrameFileOut.h"
+#include "app/FrameView.h"
+#include "app/SaveOpen.h"
+#include "app/TranslationFrame.h"
+#include "session/Session.h"
+
+namespace corvan {
+
+class Corvan : public QMainWindow {
+ public:
+  /// @param dialogs answers the program's questions; must outlive the window
+  explicit Corvan(Dialogs& dialogs);
+  ~Corvan() override;
+
+  Session& session() { return session_; }
+  /// Reads survey files, as if they had been selected and "Read File" pressed.
+  void leggi(const QStringList& files) { fileIn_->leggi(files); }
+
+ protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  /// Hands questions on, and shows the progress of a batch in the status bar.
+  class WindowDialogs : public Dialogs {
+   public:
+    WindowDialogs(Dialogs& inner, Corvan& window) : inner_(inner), window_(window) {}
+    Answer MsgBox(const MessageRequest& request) override { return inner_.MsgBox(request); }
+    std::string InputBox(const InputRequest& request) override { return inner_.InputBox(request); }
+    void Avanzamento(const ProgressStep& step) override;
+
+   private:
+    Dialogs& inner_;
+    Corvan& window_;
+  };
+
+  using Command = void (Session::*)();
+
+  void creaMenu();
+  void creaPannelli();
+  void creaStato();
+  QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, Command command);
+  QAction* interruttore(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, Command command,
+                        bool (Corvan::*shown)() const);
+  void aggiorna();
+  void mostraStato();
+  void mostraPunto(const PuntoPixel& place);
+  void disponiVista(const QPoint& pointer);
+
+  WindowDialogs dialogs_;
+  Session session_;
+  SaveOpen DialogoFile_;
+
+  FrameFileIn* fileIn_ = nullptr;
+  FrameFileOut* fileOut_ = nullptr;
+  FrameExtrema* extrema_ = nullptr;
+  FrameView* view_ = nullptr;
+  TranslationFrame* dataMove_ = nullptr;
+  TranslationFrame* depthMove_ = nullptr;
+  QWidget* left_ = nullptr;
+  QWidget* right_ = nullptr;
+  CoordPic* picture_ = nullptr;
+
+  struct Switch {
+    QAction* action;
+    bool (Corvan::*shown)() const;
+  };
+  std::vector<Switch> switches_;
+  QLabel *filesLbl_ = nullptr, *placeLbl_ = nullptr, *pointLbl_ = nullptr, *noteLbl_ = nullptr;
+  std::size_t outputsShown_ = 0;
+
+  bool mostraElettrodi() const { return session_.view().MostraElettrodi; }
+  bool mostraGPS2() const { return session_.view().MostraGPS2; }
+  bool mostraProfondita() const { return session_.view().MostraProfondita; }
+  bool mostraScala() const { return session_.view().MostraScalaColori; }
+  bool mostraNord() const { return session_.view().MostraNord; }
+  bool mostraInfo() const { return session_.InfoLbl.Visible; }
+  bool mostraTraslazione() const { return session_.view().MostraTraslazione; }
+};
+
+}  // namespace corvan

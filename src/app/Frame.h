@@ -1,0 +1,60 @@
+// What all panels of the window have in common.
+#pragma once
+
+#include <functional>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "session/Session.h"
+
+namespace corvan {
+
+/// The unit of all distances in the window, pixels.
+inline constexpr int Unit = 8;
+
+/// One panel: turns its controls into commands of the session, and shows what the session holds.
+class Frame : public QGroupBox {
+ public:
+  /// @param changed runs after each command, so that the whole window shows what it did
+  Frame(Session& session, const char* name, const QString& caption, std::function<void()> changed);
+
+  /// Puts the session's state into the controls.
+  virtual void mostra() = 0;
+
+ protected:
+  Session& session() const { return session_; }
+  void changed() const { changed_(); }
+  /// A command without arguments, followed by changed().
+  template <class Command>
+  auto esegui(Command command) {
+    return [this, command] {
+      (session_.*command)();
+      changed_();
+    };
+  }
+
+ private:
+  Session& session_;
+  std::function<void()> changed_;
+};
+
+/// A control with the name that it is known by.
+template <class Widget>
+Widget* Named(Widget* widget, const char* name, const QString& toolTip = {}) {
+  widget->setObjectName(QLatin1String(name));
+  if (!toolTip.isEmpty()) widget->setToolTip(toolTip);
+  return widget;
+}
+
+/// A box for a number: right-aligned, the whole of it selected when entered.
+QLineEdit* NumberBox(const char* name, const QString& toolTip);
+
+/// A small square button for one step.
+QPushButton* StepButton(const char* name, const QString& sign, const QString& toolTip = {});
+
+/// Sets a text unless it is there already, so that a cursor in the box stays where it is.
+void SetText(QLineEdit* box, const std::string& text);
+
+}  // namespace corvan

@@ -1,0 +1,174 @@
+#include "app/FrameFileIn.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLocale>
+#include <QSignalBlocker>
+#include <QStorageInfo>
+#include <QVBoxLayout>
+
+namespace corvan {
+namespace {
+
+constexpr int PathRole = Qt::UserRole;
+
+std::filesystem::path Percorso(const QString& name) { return std::filesystem::path(name.toStdU16String()); }
+
+/// Volumes that a user knows: not the system's own file systems.
+bool Mostrabile(const QStorageInfo& volume) {
+  if (!volume.isValid() || !volume.isReady()) return false;
+  if (volume.isRoot()) return true;
+  const QString root = volume.rootPath();
+#ifdef Q_OS_LINUX
+  return root.startsWith("/media/") || root.startsWith("/mnt/") || root.startsWith("/run/media/") || root == "/home";
+#else
+  return !root.isEmpty();
+#endif
+}
+
+QString Descrizione(const QStorageInfo& volume) {
+  const QString name = volume.name().isEmpty() ? QString() : volume.name() + ", ";
+  return QStringLiteral("%1  (%2%3 free)")
+      .arg(QDir::toNativeSeparators(volume.rootPath()), name, QLocale::c().formattedDataSize(volume.bytesFree(), 0));
+}
+
+/// A folder's name behind as many blanks as it has parents.
+void AggiungiCartella(QListWidget* list, const QString& text, const QString& path, int depth) {
+  auto* item = new QListWidgetItem(QString(2 * depth, QLatin1Char(' ')) + text, list);
+  item->setData(PathRole, path);
+  item->setToolTip(QDir::toNativeSeparators(path));
+}
+
+}  // namespace
+
+FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
+    : Frame(session, "FrameFileIn", "File In", std::move(changed)),
+      Drive1_(Named(new QComboBox, "Drive1", "Volume")),
+      Dir1_(Named(new QListWidget, "Dir1")),
+      File1_(Named(new QListWidget, "File1")),
+      LatLonCmbx_(Named(new QComboBox, "LatLonCmbx", "Format of the coordinates in the files")),
+      Option1_(Named(new QRadioButton("No Filter"), "Option1")),
+      Option2_(Named(new QRadioButton("Skip bad GPS"), "Option2")),
+      Option3_(Named(new QRadioButton("Interpolate bad GPS"), "Option3")),
+      pastGaps_(Named(new QCheckBox("Read past lost fixes"), "PastGapsChk",
+                      "Go on behind a lost fix to the last record with a position; else the file ends there")),
+      Donelbl_(Named(new QLabel, "Donelbl")) {
+  LatLonCmbx_->addItems({"DDMMSS", "DDMM:MMM", "DD.DDDDD", "UTM"});
+  LatLonCmbx_->setCurrentIndex(static_cast<int>(session.FrameFileIn.LatLonCmbx));
+  File1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  Drive1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  auto* CancCmd = Named(new QPushButton("Cancel"), "CancCmd");
+  auto* ConvertAsciiCmd = Named(new QPushButton("Read File"), "ConvertAsciiCmd");
+  ConvertAsciiCmd->setDefault(true);
+
+  auto* format = new QLabel("Coordinates");
+  format->setBuddy(LatLonCmbx_);
+  auto* grid = new QGridLayout;
+  grid->setSpacing(Unit);
+  grid->addWidget(format, 0, 0);
+  grid->addWidget(LatLonCmbx_, 0, 1);
+  grid->addWidget(CancCmd, 5, 0);
+  grid->addWidget(ConvertAsciiCmd, 5, 1);
+  int row = 1;
+  for (QWidget* choice : {static_cast<QWidget*>(Option1_), static_cast<QWidget*>(Option2_),
+                          static_cast<QWidget*>(Option3_), static_cast<QWidget*>(pastGaps_)}) {
+    grid->addWidget(choice, row++, 0, 1, 2);
+  }
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  auto* layout = new QVBoxLayout(this);
+  layout->setSpacing(Unit);
+  layout->addWidget(Drive1_);
+  layout->addWidget(Dir1_, 2);
+  layout->addWidget(File1_, 3);
+  layout->addLayout(grid);
+  layout->addWidget(Donelbl_);
+
+  connect(Drive1_, &QComboBox::activated, this,
+          [this](int index) { apriCartella(Drive1_->itemData(index).toString()); });
+  connect(Dir1_, &QListWidget::itemActivated, this,
+          [this](QListWidgetItem* item) { apriCartella(item->data(PathRole).toString()); });
+  connect(File1_, &QListWidget::itemDoubleClicked, this, [this] { leggiSelezione(); });
+  connect(ConvertAsciiCmd, &QPushButton::clicked, this, [this] { leggiSelezione(); });
+  connect(CancCmd, &QPushButton::clicked, this, esegui(&Session::CancCmd_Click));
+  apriCartella(QDir::currentPath());
+}
+
+void FrameFileIn::apriCartella(const QString& folder) {
+  if (!QDir(folder).exists() || !QDir::setCurrent(folder)) return;
+  session().FrameFileIn.Dir1 = Percorso(folder);
+  session().FrameFileIn.DonelblVisible = false;
+  mostraCartelle();
+  mostra();
+}
+
+void FrameFileIn::mostraCartelle() {
+  const QString folder = QDir(QString::fromStdU16String(session().FrameFileIn.Dir1.u16string())).absolutePath();
+  const QSignalBlocker quiet(Drive1_);
+  Drive1_->clear();
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    if (!Mostrabile(volume)) continue;
+    Drive1_->addItem(Descrizione(volume), volume.rootPath());
+    if (folder.startsWith(volume.rootPath())) Drive1_->setCurrentIndex(Drive1_->count() - 1);
+  }
+  Dir1_->clear();
+  QStringList parents{folder};
+  for (QDir above(folder); above.cdUp();) parents.prepend(above.absolutePath());
+  int depth = 0;
+  for (const QString& path : parents) {
+    const QString name = QFileInfo(path).fileName();
+    AggiungiCartella(Dir1_, name.isEmpty() ? QDir::toNativeSeparators(path) : name, path, depth++);
+  }
+  Dir1_->setCurrentRow(depth - 1);
+  const QDir current(folder);
+  for (const QString& name : current.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase)) {
+    AggiungiCartella(Dir1_, name, current.absoluteFilePath(name), depth);
+  }
+  Dir1_->scrollToItem(Dir1_->item(depth - 1));
+  File1_->clear();
+  File1_->addItems(current.entryList(QDir::Files, QDir::Name | QDir::IgnoreCase));
+}
+
+void FrameFileIn::leggi(const QStringList& files) {
+  if (files.isEmpty()) return;
+  apriCartella(QFileInfo(files.front()).absolutePath());
+  InputPanel& in = session().FrameFileIn;
+  in.File1.clear();
+  for (const QString& file : files) in.File1.push_back(Percorso(file));
+  in.LatLonCmbx = static_cast<CoordinateEntry>(LatLonCmbx_->currentIndex());
+  in.Option1 = Option1_->isChecked();
+  in.Option2 = Option2_->isChecked();
+  in.Option3 = Option3_->isChecked();
+  in.pastGaps = pastGaps_->isChecked();
+  setCursor(Qt::WaitCursor);
+  session().ConvertAsciiCmd_Click();
+  unsetCursor();
+  changed();
+}
+
+void FrameFileIn::leggiSelezione() {
+  QStringList files;
+  const QDir folder(QString::fromStdU16String(session().FrameFileIn.Dir1.u16string()));
+  for (int row = 0; row < File1_->count(); ++row) {
+    if (File1_->item(row)->isSelected()) files << folder.absoluteFilePath(File1_->item(row)->text());
+  }
+  if (!files.isEmpty()) {
+    leggi(files);
+    return;
+  }
+  session().FrameFileIn.File1.clear();
+  session().ConvertAsciiCmd_Click();
+  changed();
+}
+
+void FrameFileIn::mostra() {
+  const InputPanel& in = session().FrameFileIn;
+  setVisible(in.visible);
+  Option1_->setChecked(in.Option1);
+  Option2_->setChecked(in.Option2);
+  Option3_->setChecked(in.Option3);
+  Donelbl_->setText(in.DonelblVisible ? QString::fromStdString(in.Donelbl) : QString());
+}
+
+}  // namespace corvan

@@ -1,0 +1,39 @@
+// "File In": the choice of files, their coordinate format and the treatment of bad fixes.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QRadioButton>
+
+#include "app/Frame.h"
+
+namespace corvan {
+
+class FrameFileIn : public Frame {
+ public:
+  FrameFileIn(Session& session, std::function<void()> changed);
+
+  void mostra() override;
+  /// Shows a folder and makes it the current one, in which outputs without a folder of their own are written.
+  void apriCartella(const QString& folder);
+  /// Reads these files, as if they had been selected in their folder and "Read File" pressed.
+  void leggi(const QStringList& files);
+
+ private:
+  void leggiSelezione();
+  void mostraCartelle();
+
+  QComboBox* Drive1_;
+  QListWidget* Dir1_;
+  QListWidget* File1_;
+  QComboBox* LatLonCmbx_;
+  QRadioButton* Option1_;
+  QRadioButton* Option2_;
+  QRadioButton* Option3_;
+  QCheckBox* pastGaps_;
+  QLabel* Donelbl_;
+};
+
+}  // namespace corvan

@@ -1,0 +1,55 @@
+#include "app/FrameFileOut.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+namespace corvan {
+
+FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
+    : Frame(session, "FrameFileOut", "File Out", std::move(changed)),
+      FileOutTxt_(Named(new QLineEdit, "FileOutTxt", "Set root file name without the extension")) {
+  auto* FileOutLbl = Named(new QLabel("File Name Root"), "FileOutLbl");
+  FileOutLbl->setBuddy(FileOutTxt_);
+  auto* grid = new QGridLayout(this);
+  grid->setSpacing(Unit);
+  const auto add = [&](int row, int column, int span, const Choice& choice) {
+    grid->addWidget(choice.box, row, column, 1, span);
+    choices_.push_back(choice);
+  };
+  grid->addWidget(FileOutLbl, 0, 0, 1, 2);
+  grid->addWidget(FileOutTxt_, 1, 0, 1, 2);
+  add(2, 0, 1, aggiungi("BinChk", ".BIN", &OutputPanel::BinChk, "Export selection in IRIS .BIN format"));
+  add(2, 1, 1, aggiungi("TxtChk", ".TXT", &OutputPanel::TxtChk, "Export section in IRIS Corvan .TXT format"));
+  add(3, 0, 1,
+      aggiungi("EchoZChk", ".ECS", &OutputPanel::EchoZChk, "Save the Echo Sounder profile .ECS (UTMx, UTMy, Depth)"));
+  add(3, 1, 1, aggiungi("KMLchk", ".KML", &OutputPanel::KMLchk));
+  add(4, 0, 1, aggiungi("TPGChk", ".TPG", &OutputPanel::TPGChk));
+  add(5, 0, 2,
+      aggiungi("TruePosChk", "True Position", &OutputPanel::TruePosChk,
+               "Correct UTM data for distance between syscal and current electrodes"));
+  add(6, 0, 2, aggiungi("ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "));
+  auto* SaveOutCmd = Named(new QPushButton(">> Save File Out <<"), "SaveOutCmd", "Save selection with option ");
+  grid->addWidget(SaveOutCmd, 7, 0, 1, 2);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+
+  connect(SaveOutCmd, &QPushButton::clicked, this, esegui(&Session::SaveOutCmd_Click));
+  connect(FileOutTxt_, &QLineEdit::textChanged, this,
+          [this](const QString& text) { this->session().FrameFileOut.FileOutTxt = text.toStdString(); });
+}
+
+FrameFileOut::Choice FrameFileOut::aggiungi(const char* name, const QString& caption, bool OutputPanel::*value,
+                                            const QString& toolTip) {
+  auto* box = Named(new QCheckBox(caption), name, toolTip);
+  connect(box, &QCheckBox::toggled, this, [this, value](bool on) { session().FrameFileOut.*value = on; });
+  return {box, value};
+}
+
+void FrameFileOut::mostra() {
+  const OutputPanel& out = session().FrameFileOut;
+  setVisible(out.visible);
+  for (const Choice& choice : choices_) choice.box->setChecked(out.*choice.value);
+  SetText(FileOutTxt_, out.FileOutTxt);
+}
+
+}  // namespace corvan

@@ -1,0 +1,26 @@
+// "File Out": which formats of the section are written, and under which name.
+#pragma once
+
+#include <QCheckBox>
+
+#include "app/Frame.h"
+
+namespace corvan {
+
+class FrameFileOut : public Frame {
+ public:
+  FrameFileOut(Session& session, std::function<void()> changed);
+  void mostra() override;
+
+ private:
+  struct Choice {
+    QCheckBox* box;
+    bool OutputPanel::*value;
+  };
+  Choice aggiungi(const char* name, const QString& caption, bool OutputPanel::*value, const QString& toolTip = {});
+
+  std::vector<Choice> choices_;
+  QLineEdit* FileOutTxt_;
+};
+
+}  // namespace corvan

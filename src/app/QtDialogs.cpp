@@ -1,0 +1,31 @@
+#include "app/QtDialogs.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+
+namespace corvan {
+
+Answer QtDialogs::MsgBox(const MessageRequest& request) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setWindowTitle(QString::fromStdString(request.title));
+  box.setText(QString::fromStdString(request.text));
+  const bool choice = request.buttons == Buttons::OkCancel;
+  box.setStandardButtons(choice ? QMessageBox::Ok | QMessageBox::Cancel
+                                : QMessageBox::StandardButtons(QMessageBox::Ok));
+  box.setDefaultButton(QMessageBox::Ok);
+  box.setEscapeButton(choice ? QMessageBox::Cancel : QMessageBox::Ok);
+  return box.exec() == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
+}
+
+std::string QtDialogs::InputBox(const InputRequest& request) {
+  QInputDialog box(QApplication::activeWindow());
+  box.setWindowTitle(QString::fromStdString(request.title));
+  box.setLabelText(QString::fromStdString(request.prompt));
+  box.setTextValue(QString::fromStdString(request.defaultAnswer));
+  box.resize(420, box.sizeHint().height());
+  return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
+}
+
+}  // namespace corvan

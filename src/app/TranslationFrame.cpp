@@ -1,0 +1,63 @@
+#include "app/TranslationFrame.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <utility>
+
+namespace corvan {
+
+TranslationFrame::TranslationFrame(Session& session, const char* name, const QString& caption, const Axis& east,
+                                   const Axis& north, std::function<void()> changed)
+    : Frame(session, name, caption, std::move(changed)) {
+  auto* grid = new QGridLayout(this);
+  grid->setSpacing(Unit);
+  int row = 0;
+  for (const Axis& axis : {east, north}) {
+    QPushButton* minus = StepButton(axis.minus, "\u2212");
+    QPushButton* plus = StepButton(axis.plus, "+");
+    QLineEdit* box = NumberBox(axis.box, axis.toolTip);
+    auto* label = new QLabel(axis.caption);
+    label->setBuddy(box);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(minus, row, 1);
+    grid->addWidget(box, row, 2);
+    grid->addWidget(plus, row, 3);
+    ++row;
+    connect(minus, &QPushButton::clicked, this, esegui(axis.less));
+    connect(plus, &QPushButton::clicked, this, esegui(axis.more));
+    connect(box, &QLineEdit::returnPressed, this, [this, box, axis] {
+      this->session().FrameDataMove.*axis.text = box->text().toStdString();
+      (this->session().*axis.enter)(EnterKey);
+      this->changed();
+    });
+    boxes_.push_back({box, axis.text});
+  }
+  grid->setColumnStretch(2, 1);
+}
+
+TranslationFrame* TranslationFrame::dati(Session& session, std::function<void()> changed) {
+  return new TranslationFrame(
+      session, "FrameDataMove", "Data Translation",
+      {"East [m]", "EmCmd", "TestTxt", "EpCmd", "Data: East Tranlation [m]", &TranslationPanel::TestTxt,
+       &Session::EmCmd_Click, &Session::EpCmd_Click, &Session::TestTxt_KeyPress},
+      {"North [m]", "NmCmd", "TnordTxt", "NpCmd", "Data: Notrh Translation [m]", &TranslationPanel::TnordTxt,
+       &Session::NmCmd_Click, &Session::NpCmd_Click, &Session::TnordTxt_KeyPress},
+      std::move(changed));
+}
+
+TranslationFrame* TranslationFrame::fondo(Session& session, std::function<void()> changed) {
+  return new TranslationFrame(
+      session, "FrameDepthMove", "Depth Translation",
+      {"East [m]", "DEmCmd", "DTestTxt", "DEpCmd", "Depth: East Translation [m]", &TranslationPanel::DTestTxt,
+       &Session::DEmCmd_Click, &Session::DEpCmd_Click, &Session::DTestTxt_KeyPress},
+      {"North [m]", "DNmCmd", "DTnordTxt", "DNpCmd", "Depth: North Translation [m]", &TranslationPanel::DTnordTxt,
+       &Session::DNmCmd_Click, &Session::DNpCmd_Click, &Session::DTnordTxt_KeyPress},
+      std::move(changed));
+}
+
+void TranslationFrame::mostra() {
+  setVisible(session().view().MostraTraslazione);
+  for (const Box& box : boxes_) SetText(box.edit, session().FrameDataMove.*box.text);
+}
+
+}  // namespace corvan
