@@ -85,6 +85,13 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   layout->addLayout(grid);
   layout->addWidget(Donelbl_);
 
+  InputPanel& in = session.FrameFileIn;
+  connect(LatLonCmbx_, &QComboBox::currentIndexChanged, this,
+          [&in](int index) { in.LatLonCmbx = static_cast<CoordinateEntry>(index); });
+  connect(Option1_, &QRadioButton::toggled, this, [&in](bool on) { in.Option1 = on; });
+  connect(Option2_, &QRadioButton::toggled, this, [&in](bool on) { in.Option2 = on; });
+  connect(Option3_, &QRadioButton::toggled, this, [&in](bool on) { in.Option3 = on; });
+  connect(pastGaps_, &QCheckBox::toggled, this, [&in](bool on) { in.pastGaps = on; });
   connect(Drive1_, &QComboBox::activated, this,
           [this](int index) { apriCartella(Drive1_->itemData(index).toString()); });
   connect(Dir1_, &QListWidget::itemActivated, this,
@@ -136,11 +143,6 @@ void FrameFileIn::leggi(const QStringList& files) {
   InputPanel& in = session().FrameFileIn;
   in.File1.clear();
   for (const QString& file : files) in.File1.push_back(Percorso(file));
-  in.LatLonCmbx = static_cast<CoordinateEntry>(LatLonCmbx_->currentIndex());
-  in.Option1 = Option1_->isChecked();
-  in.Option2 = Option2_->isChecked();
-  in.Option3 = Option3_->isChecked();
-  in.pastGaps = pastGaps_->isChecked();
   setCursor(Qt::WaitCursor);
   session().ConvertAsciiCmd_Click();
   unsetCursor();
@@ -165,9 +167,9 @@ void FrameFileIn::leggiSelezione() {
 void FrameFileIn::mostra() {
   const InputPanel& in = session().FrameFileIn;
   setVisible(in.visible);
-  Option1_->setChecked(in.Option1);
-  Option2_->setChecked(in.Option2);
-  Option3_->setChecked(in.Option3);
+  LatLonCmbx_->setCurrentIndex(static_cast<int>(in.LatLonCmbx));
+  (in.Option3 ? Option3_ : in.Option2 ? Option2_ : Option1_)->setChecked(true);
+  pastGaps_->setChecked(in.pastGaps);
   Donelbl_->setText(in.DonelblVisible ? QString::fromStdString(in.Donelbl) : QString());
 }
 
