@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Builds Corvan and processes the sample survey: every output and two pictures go to out/.
+# Where there is a display, the window opens with the survey.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -14,3 +15,8 @@ build/run/bin/corvan-cli process "${survey[@]}" --true-position --cable-offset 8
 build/run/bin/corvan-cli process "${survey[@]}" --format csv \
   --picture out/lagoon_oblique.png --theta 135 --phi -30 --zoom 0.8 --layers electrodes,scale,north | grep _oblique
 echo "The outputs are in $PWD/out."
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  echo "Opening the window with the sample survey."
+  build/run/bin/corvan samples/lagoon_1.bin samples/lagoon_2.bin
+fi

@@ -97,7 +97,7 @@ void Corvan::creaPannelli() {
   layout->addWidget(right_);
   setCentralWidget(centre);
   connect(view_->pin(), &QCheckBox::toggled, this, [this](bool pinned) {
-    if (pinned) right_->show();
+    if (pinned) mostraVista(true);
   });
 }
 
@@ -195,6 +195,7 @@ void Corvan::aggiorna() {
   }
   const bool anyLeft = session_.FrameFileIn.visible || session_.FrameFileOut.visible || session_.FrameExtrema.visible;
   left_->setVisible(anyLeft);
+  mostraVista(!view_->isHidden());
   for (const Switch& s : switches_) s.action->setChecked((this->*s.shown)());
   picture_->update();
   mostraStato();
@@ -225,6 +226,7 @@ void Corvan::mostraStato() {
 }
 
 void Corvan::mostraPunto(const PuntoPixel& place) {
+  if (session_.dragging() != Dragging::Nothing) view_->mostra();
   QString text;
   if (const auto at = session_.PostoSotto(place.X, place.Y)) {
     text = QStringLiteral("E %1  N %2")
@@ -241,8 +243,13 @@ void Corvan::mostraPunto(const PuntoPixel& place) {
 void Corvan::disponiVista(const QPoint& pointer) {
   if (view_->fissato() || session_.dragging() != Dragging::Nothing) return;
   constexpr int near = 24;
-  const bool wanted = pointer.x() >= width() - near || (right_->isVisible() && pointer.x() >= right_->x());
-  if (wanted != right_->isVisible()) right_->setVisible(wanted);
+  const bool over = view_->isVisible() && pointer.x() >= right_->x();
+  mostraVista(over || pointer.x() >= width() - near);
+}
+
+void Corvan::mostraVista(bool shown) {
+  if (shown == view_->isHidden()) view_->setVisible(shown);
+  right_->setVisible(shown || session_.view().MostraTraslazione);
 }
 
 void Corvan::resizeEvent(QResizeEvent* event) {

@@ -58,6 +58,7 @@ class Corvan : public QMainWindow {
   void mostraStato();
   void mostraPunto(const PuntoPixel& place);
   void disponiVista(const QPoint& pointer);
+  void mostraVista(bool shown);
 
   WindowDialogs dialogs_;
   Session session_;

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLocale>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStorageInfo>
 #include <QVBoxLayout>
@@ -68,13 +69,13 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   grid->setSpacing(Unit);
   grid->addWidget(format, 0, 0);
   grid->addWidget(LatLonCmbx_, 0, 1);
-  grid->addWidget(CancCmd, 5, 0);
-  grid->addWidget(ConvertAsciiCmd, 5, 1);
   int row = 1;
   for (QWidget* choice : {static_cast<QWidget*>(Option1_), static_cast<QWidget*>(Option2_),
                           static_cast<QWidget*>(Option3_), static_cast<QWidget*>(pastGaps_)}) {
     grid->addWidget(choice, row++, 0, 1, 2);
   }
+  grid->addWidget(CancCmd, row, 0);
+  grid->addWidget(ConvertAsciiCmd, row, 1);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
   auto* layout = new QVBoxLayout(this);
@@ -97,6 +98,8 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   connect(Dir1_, &QListWidget::itemActivated, this,
           [this](QListWidgetItem* item) { apriCartella(item->data(PathRole).toString()); });
   connect(File1_, &QListWidget::itemDoubleClicked, this, [this] { leggiSelezione(); });
+  auto* enter = new QShortcut(Qt::Key_Return, File1_, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(enter, &QShortcut::activated, this, [this] { leggiSelezione(); });
   connect(ConvertAsciiCmd, &QPushButton::clicked, this, [this] { leggiSelezione(); });
   connect(CancCmd, &QPushButton::clicked, this, esegui(&Session::CancCmd_Click));
   apriCartella(QDir::currentPath());

@@ -71,10 +71,10 @@ struct ViewPanel {
 
 /// The texts of the two translation panels.
 struct TranslationPanel {
-  std::string TestTxt;    ///< data, east, m
-  std::string TnordTxt;   ///< data, north, m
-  std::string DTestTxt;   ///< depth, east, m
-  std::string DTnordTxt;  ///< depth, north, m
+  std::string TestTxt = "0.0";    ///< data, east, m
+  std::string TnordTxt = "0.0";   ///< data, north, m
+  std::string DTestTxt = "0.0";   ///< depth, east, m
+  std::string DTnordTxt = "0.0";  ///< depth, north, m
 };
 
 struct InfoLabel {

@@ -299,7 +299,7 @@ TEST(Translations, MoveTheDataAndTheDepthWithTheQuirkOfItsBox) {
   EXPECT_EQ(w.session().survey().settings.TraslDatiEst, 12.5);
   w.press("DEpCmd");
   EXPECT_EQ(w.text("DTnordTxt"), "0.1") << "the east step shows in the north box";
-  EXPECT_EQ(w.text("DTestTxt"), "");
+  EXPECT_EQ(w.text("DTestTxt"), "0.0");
   w.enter("DTestTxt", "-3");
   EXPECT_EQ(w.session().survey().settings.TraslFondoEst, -3.0F);
   EXPECT_EQ(w.session().survey().settings.TraslFondoNord, 0.0F);
@@ -494,6 +494,31 @@ TEST(Pictures, OfWindowAndCommandLineAreTheSamePixels) {
   ASSERT_EQ(std::system(command.c_str()), 0);
   w.press("SaveCmd");
   EXPECT_TRUE(test::Slurp(w.folder / "img0.bmp") == test::Slurp(w.folder / "cli.bmp"));
+}
+
+TEST(ViewPanel, ShowsItselfNearTheEdgeWhenNotKeptOpen) {
+  Window w;
+  w.readFirings(5);
+  const auto point = [&](int fromRight) {
+    const QPoint at(w.picture()->width() - fromRight, 300);
+    QMouseEvent move(QEvent::MouseMove, at, w.picture()->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(w.picture(), &move);
+    QCoreApplication::processEvents();
+  };
+  w.get<QCheckBox>("ViewPin")->setChecked(false);
+  point(400);
+  EXPECT_FALSE(w.shown("FrameView"));
+  point(5);
+  EXPECT_TRUE(w.shown("FrameView"));
+  point(400);
+  w.choose("SHtranslation");
+  EXPECT_FALSE(w.shown("FrameView"));
+  EXPECT_TRUE(w.shown("FrameDataMove")) << "the panels below it have a switch of their own";
+  w.choose("SHtranslation");
+  point(5);
+  w.get<QCheckBox>("ViewPin")->setChecked(true);
+  point(400);
+  EXPECT_TRUE(w.shown("FrameView"));
 }
 
 TEST(OneMeasurement, AndNoneLeaveEveryCommandHarmless) {

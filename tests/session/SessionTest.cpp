@@ -245,7 +245,7 @@ TEST(Translations, ShowTheirValueInTheBoxesTheyAlwaysDid) {
   EXPECT_EQ(f.session.FrameDataMove.TnordTxt, "-0.1");
   f.session.DEpCmd_Click();
   EXPECT_EQ(f.session.FrameDataMove.DTnordTxt, "0.1") << "the east button shows its value in the north box";
-  EXPECT_EQ(f.session.FrameDataMove.DTestTxt, "");
+  EXPECT_EQ(f.session.FrameDataMove.DTestTxt, "0.0");
   EXPECT_FLOAT_EQ(f.session.survey().settings.TraslFondoEst, 0.1F);
   f.session.FrameDataMove.TnordTxt = "12.5 m";
   f.session.TnordTxt_KeyPress(EnterKey);
