@@ -1,6 +1,7 @@
 #include "app/FrameExtrema.h"
 
-#include <QVBoxLayout>
+#include <QGridLayout>
+#include <utility>
 
 namespace corvan {
 namespace {
@@ -9,6 +10,9 @@ QLabel* Descrizione(const char* name) {
   auto* label = Named(new QLabel, name);
   label->setWordWrap(true);
   label->setTextFormat(Qt::PlainText);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setMinimumHeight(5 * label->fontMetrics().lineSpacing());  // a chosen point's description moves nothing
+  label->setContentsMargins(0, Unit / 2, 0, 0);
   return label;
 }
 
@@ -20,12 +24,15 @@ FrameExtrema::FrameExtrema(Session& session, std::function<void()> changed)
       E1Txt_(NumberBox("E1Txt", "Set the first extrema of the selection")),
       SecondoLbl_(Descrizione("SecondoLbl")),
       E2txt_(NumberBox("E2txt", "Set the second extrema of the selection")) {
-  auto* layout = new QVBoxLayout(this);
-  layout->setSpacing(Unit);
-  layout->addWidget(PrimoLbl_);
-  layout->addWidget(E1Txt_);
-  layout->addWidget(SecondoLbl_);
-  layout->addWidget(E2txt_);
+  auto* grid = new QGridLayout(this);
+  grid->setSpacing(Unit);
+  int row = 0;
+  for (const auto& [box, label] : {std::pair(E1Txt_, PrimoLbl_), std::pair(E2txt_, SecondoLbl_)}) {
+    box->setFixedWidth(8 * Unit);
+    grid->addWidget(box, row, 0, Qt::AlignTop);
+    grid->addWidget(label, row++, 1);
+  }
+  grid->setColumnStretch(1, 1);
   connect(E1Txt_, &QLineEdit::returnPressed, this, [this] {
     this->session().FrameExtrema.E1Txt = E1Txt_->text().toStdString();
     this->session().E1Txt_KeyPress(EnterKey);
