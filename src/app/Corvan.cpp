@@ -93,7 +93,11 @@ void Corvan::creaPannelli() {
   layout->setContentsMargins(Unit, Unit, Unit, 0);
   layout->setSpacing(Unit);
   layout->addWidget(left_);
-  layout->addWidget(picture_, 1);
+  auto* Frame1 = Named(new QWidget, "Frame1");
+  auto* inner = new QHBoxLayout(Frame1);
+  inner->setContentsMargins(0, 0, 0, 0);
+  inner->addWidget(picture_);
+  layout->addWidget(Frame1, 1);
   layout->addWidget(right_);
   setCentralWidget(centre);
   connect(view_->pin(), &QCheckBox::toggled, this, [this](bool pinned) {
