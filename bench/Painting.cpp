@@ -153,7 +153,7 @@ void Markers(benchmark::State& state) {
     PuntoGPSEst fix;
     fix.X = 300'000.0 + (m.UTMx - 300'000.0) * scale;
     fix.Y = 5'030'000.0 + (m.UTMy - 5'030'000.0) * scale;
-    track.PuntiGPSEst.append(fix);
+    track.tracciaEst.PuntiGPSEst.append(fix);
   }
   GeneraGPS(p.scene, track);
   p.view.MostraGPS2 = true;

@@ -70,9 +70,9 @@ struct Place {
   double north = 0;
 };
 
-Place Posto(int line, std::size_t firing) {
-  const double along = Spacing * static_cast<double>(line == 1 ? firing : Firings - 1 - firing);
-  const double across = 60.0 * Triangolo(static_cast<double>(firing) / 80.0) + (line == 1 ? 0.0 : 180.0);
+Place Posto(int line, double firing) {
+  const double along = Spacing * (line == 1 ? firing : static_cast<double>(Firings) - 1.0 - firing);
+  const double across = 60.0 * Triangolo(firing / 80.0) + (line == 1 ? 0.0 : 180.0);
   return {0.6 * along + 0.8 * across, 0.8 * along - 0.6 * across};
 }
 
@@ -121,8 +121,8 @@ std::vector<Firing> Linea(int line) {
   std::vector<Firing> firings(Firings);
   for (std::size_t k = 0; k < Firings; ++k) {
     Firing& f = firings[k];
-    const Place p = Posto(line, k);
-    const Place before = Posto(line, k == 0 ? 0 : k - 1);
+    const Place p = Posto(line, static_cast<double>(k));
+    const Place before = Posto(line, k == 0 ? 0.0 : static_cast<double>(k - 1));
     f.time = start + std::floor(SecondsPerFiring * static_cast<double>(k)) / 86400.0;
     f.depth = Quantizza(Fondo(p), 0.01);
     f.step = Quantizza(std::sqrt((p.east - before.east) * (p.east - before.east) +
@@ -134,6 +134,27 @@ std::vector<Firing> Linea(int line) {
     Misurazione(f, random);
   }
   return firings;
+}
+
+std::vector<TrackFix> Traccia() {
+  constexpr double firstLine = 8 * 3600.0, secondLine = firstLine + 25 * 60.0;  // s since midnight
+  constexpr double length = SecondsPerFiring * static_cast<double>(Firings - 1);
+  const double day = AGiorni({2026, 6, 15, 0, 0, 0});
+  std::vector<TrackFix> fixes;
+  for (double second = firstLine - 2.0; second <= secondLine + length + 4.0; second += 3.0) {
+    const double ofFirst = std::clamp((second - firstLine) / SecondsPerFiring, 0.0, Firings - 1.0);
+    const double ofSecond = std::clamp((second - secondLine) / SecondsPerFiring, 0.0, Firings - 1.0);
+    Place p = second < secondLine ? Posto(1, ofFirst) : Posto(2, ofSecond);
+    if (second > firstLine + length && second < secondLine) {  // straight across to the second line
+      const Place from = Posto(1, Firings - 1.0), to = Posto(2, 0.0);
+      const double share = (second - firstLine - length) / (secondLine - firstLine - length);
+      p = {from.east + (to.east - from.east) * share, from.north + (to.north - from.north) * share};
+    }
+    fixes.push_back({day, second, StartLatitude + (p.north + LeverNorth) / MetresPerDegree,
+                     StartLongitude + (p.east + LeverEast) / (MetresPerDegree * LongitudeShrink),
+                     static_cast<double>(Quantizza(Fondo(p), 0.01))});
+  }
+  return fixes;
 }
 
 }  // namespace corvan::samples

@@ -34,4 +34,19 @@ double DueStrati(double a, double b, double m, double n, double upper, double lo
 /// The firings of one survey line, always the same. @param line 1 or 2
 std::vector<Firing> Linea(int line);
 
+/// The second receiver's antenna stands so far from the instrument's, m.
+inline constexpr double LeverEast = 2.0;
+inline constexpr double LeverNorth = 1.0;
+
+/// A fix of the second receiver, with the depth of its echo sounder.
+struct TrackFix {
+  double day = 0;                      ///< day number of the survey
+  double second = 0;                   ///< since midnight, UTC
+  double latitude = 0, longitude = 0;  ///< decimal degrees
+  double depth = 0;                    ///< m
+};
+
+/// The second receiver's track along both lines and from one to the other, a fix every three seconds.
+std::vector<TrackFix> Traccia();
+
 }  // namespace corvan::samples

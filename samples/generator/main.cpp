@@ -6,6 +6,7 @@
 
 #include "base/File.h"
 #include "SampleFiles.h"
+#include "TrackFiles.h"
 
 namespace {
 
@@ -31,6 +32,12 @@ int main(int argc, char** argv) {
       const std::string name = "lagoon_" + std::to_string(line);
       Salva(folder / (name + ".bin"), corvan::samples::FileSyscal(firings));
       Salva(folder / (name + ".txt"), corvan::samples::FileTesto(firings));
+    }
+    const auto track = corvan::samples::Traccia();
+    Salva(folder / "lagoon_track.csv", corvan::samples::FileCsv(track));
+    Salva(folder / "lagoon_track.nav", corvan::samples::FileNmea(track));
+    for (const char* name : {"lagoon_track.sav", "lagoon_track.gps"}) {
+      Salva(folder / name, corvan::samples::FileSeiColonne(track));
     }
     return 0;
   } catch (const std::exception& error) {

@@ -145,7 +145,8 @@ void Corvan::creaMenu() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("File");
   voce(file, "LoadFiles", "&Load Floating Electrodes File(s)", QKeySequence::Open, &Session::LoadFiles_Click);
-  QAction* LoadGPS = voce(file, "LoadGPS", "Load E&xternal GPS file", {}, nullptr);
+  QAction* LoadGPS = voce(file, "LoadGPS", "Load E&xternal GPS file", QKeySequence("Ctrl+G"), nullptr);
+  connect(LoadGPS, &QAction::triggered, this, [this] { leggiTraccia(); });
   file->addSeparator();
   voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, &Session::SaveFileOut_Click);
   voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"), &Session::SaveFileOutTxt_Click);
@@ -156,9 +157,12 @@ void Corvan::creaMenu() {
 
   QMenu* operation = menuBar()->addMenu("Operation");
   operation->setObjectName("Operation");
-  QAction* byTime = voce(operation, "LinkToGPST", "Link Data to External GPS by Time", {}, nullptr);
-  QAction* byPlace = voce(operation, "LinkToGPSP", "Link Data to External GPS by Pos.", {}, nullptr);
-  for (QAction* later : {LoadGPS, byTime, byPlace}) later->setEnabled(false);
+  QAction* byTime = voce(operation, "LinkToGPST", "Link Data to External GPS by Time", QKeySequence("Ctrl+L"), nullptr);
+  connect(byTime, &QAction::triggered, this, [this] {
+    session_.LinkDataGPST();
+    aggiorna();
+  });
+  voce(operation, "LinkToGPSP", "Link Data to External GPS by Pos.", {}, &Session::LinkDataGPSP);
   operation->addSeparator();
   voce(operation, "SetUtmZone", "Set UTM Zone", QKeySequence("Ctrl+U"), &Session::SetUtmZone_Click);
   voce(operation, "CableConf", "Set Cable Configuration", QKeySequence("Ctrl+K"), &Session::CableConf_Click);
@@ -192,6 +196,19 @@ void Corvan::creaMenu() {
   connect(info, &QAction::triggered, this, [this] { AboutBox(this).exec(); });
 }
 
+void Corvan::leggiTraccia() {
+  DialogoFile_.DialogTitle = "Select GPS file (Lat, Lon, Depth)";
+  DialogoFile_.IDir = QDir::currentPath();
+  DialogoFile_.FileName.clear();
+  if (!DialogoFile_.FOpen()) return;
+  leggiTraccia(DialogoFile_.FileName);
+}
+
+void Corvan::leggiTraccia(const QString& file) {
+  session_.LeggiGPSEsterno(std::filesystem::path(file.toStdU16String()));
+  aggiorna();
+}
+
 void Corvan::aggiorna() {
   for (Frame* frame : {static_cast<Frame*>(fileIn_), static_cast<Frame*>(fileOut_), static_cast<Frame*>(extrema_),
                        static_cast<Frame*>(view_), static_cast<Frame*>(dataMove_), static_cast<Frame*>(depthMove_)}) {
@@ -210,9 +227,12 @@ void Corvan::mostraStato() {
   const auto files = static_cast<int>(survey.files.size());
   filesLbl_->setText(files == 0 ? QStringLiteral("No survey")
                                 : QStringLiteral("%1 %2, %3 measurements")
-                                      .arg(files)
-                                      .arg(files == 1 ? "file" : "files")
-                                      .arg(survey.NumMisure()));
+                                          .arg(files)
+                                          .arg(files == 1 ? "file" : "files")
+                                          .arg(survey.NumMisure()) +
+                                      (survey.tracciaEst.loaded
+                                           ? QStringLiteral(", track of %1 fixes").arg(survey.tracciaEst.NumGPSEst())
+                                           : QString()));
   const auto& entries = session_.diagnostics().entries();
   QString note = entries.empty() ? QString() : QString::fromStdString(entries.back().reason);
   const auto& outputs = session_.outputs();

@@ -26,6 +26,8 @@ class Corvan : public QMainWindow {
   Session& session() { return session_; }
   /// Reads survey files, as if they had been selected and "Read File" pressed.
   void leggi(const QStringList& files) { fileIn_->leggi(files); }
+  /// Reads an external track, as if it had been chosen in the dialog of "Load External GPS file".
+  void leggiTraccia(const QString& file);
 
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -49,6 +51,7 @@ class Corvan : public QMainWindow {
   using Command = void (Session::*)();
 
   void creaMenu();
+  void leggiTraccia();
   void creaPannelli();
   void creaStato();
   QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, Command command);

@@ -15,8 +15,10 @@
 #include "cli/Commands.h"
 #include "cli/Report.h"
 #include "input/InputDriver.h"
+#include "input/NmeaLog.h"
 #include "input/SyscalScan.h"
 #include "input/TextReader.h"
+#include "input/TrackFile.h"
 
 namespace corvan::cli {
 namespace {
@@ -38,6 +40,7 @@ struct Range {
 struct FileInfo {
   std::string name;
   std::string format;
+  bool track = false;  ///< an external GPS track
   std::uintmax_t bytes = 0;
   std::size_t recordLength = 0;
   std::size_t records = 0;
@@ -47,6 +50,7 @@ struct FileInfo {
   std::size_t positioned = 0;
   Range time;                                              ///< days since 1899-12-30
   Range depth;                                             ///< m
+  double length = 0;                                       ///< of a track, m
   std::vector<std::pair<Severity, std::string>> findings;  ///< what would be left unread or is amiss
 };
 
@@ -103,6 +107,43 @@ void EsaminaEsportazione(std::string_view text, FileInfo& info) {
   info.findings = RilieviTesto(scan, ReadSpan::ToFirstLostFix);
 }
 
+/// Leaves every question unanswered.
+class NoAnswers : public Dialogs {
+  Answer MsgBox(const MessageRequest&) override { return Answer::Cancel; }
+  std::string InputBox(const InputRequest&) override { return ""; }
+};
+
+/// An external track: the name tells it, or lines of six columns do.
+bool Traccia(const std::string& name, std::string_view text) {
+  const std::string_view ending = std::string_view(name).substr(name.size() < 4 ? 0 : name.size() - 4);
+  return ending == ".csv" || ending == ".nav" || ending == ".sav" || SembraSeiColonne(text) || SembraNmea(text);
+}
+
+void EsaminaTraccia(std::string_view text, FileInfo& info) {
+  NoAnswers dialogs;
+  GeoGeo geo(dialogs);
+  const TrackKind kind = GenereTraccia(info.name, text);
+  TrackRead read;
+  if (kind == TrackKind::Csv) {
+    geo.UTMzone(32);  // lengths and depths do not depend on it
+    read = LeggiFileCSV(text, geo);
+  } else {
+    read = kind == TrackKind::Nmea || SembraNmea(text) ? LeggiFileNav(text, geo) : LeggiGPS6Col(text, geo);
+    if (kind == TrackKind::Sav) read.kind = kind;
+  }
+  info.format = NomeGenere(read.kind);
+  info.records = read.lines;
+  info.firings = info.positioned = read.fixes.size();
+  CalcolaProgressiva(read.fixes);
+  for (const PuntoGPSEst& fix : read.fixes) {
+    if (TempoValido(fix.DataOra)) info.time.widen(fix.DataOra);
+    info.depth.widen(fix.Prof);
+    info.length = fix.Progressiva;
+  }
+  info.findings = read.findings;
+  if (read.fixes.empty()) info.findings.emplace_back(Severity::Fault, "holds no fix");
+}
+
 FileInfo Esamina(const std::string& name, Diagnostics& diagnostics) {
   FileInfo info;
   info.name = name;
@@ -111,6 +152,9 @@ FileInfo Esamina(const std::string& name, Diagnostics& diagnostics) {
     info.bytes = bytes.size();
     if (TestataDiTesto(bytes.text())) {
       EsaminaEsportazione(bytes.text(), info);
+    } else if (Traccia(name, bytes.text())) {
+      info.track = true;
+      EsaminaTraccia(bytes.text(), info);
     } else {
       EsaminaBinario(std::move(bytes), info);
     }
@@ -129,6 +173,8 @@ Json InJson(const FileInfo& info) {
           {"bytes", info.bytes},
           {"record_length", info.recordLength},
           {"records", info.records},
+          {"fixes", info.track ? Json(info.firings) : Json(nullptr)},
+          {"length", info.track ? Json(info.length) : Json(nullptr)},
           {"channels", info.channels},
           {"largest_channel", info.largestChannel},
           {"firings", info.firings},
@@ -144,12 +190,21 @@ std::string InTesto(const FileInfo& info) {
   std::ostringstream out;
   out << info.name << '\n';
   if (info.format.empty()) return out.str() + "  not readable as a survey\n";
-  const bool text = info.format == "text";
-  out << "  format     " << (text ? "text export" : "Syscal Pro") << ", " << info.bytes << " bytes\n";
+  const bool text = info.format == "text" || info.track;
+  out << "  format     "
+      << (info.track ? info.format
+          : text     ? "text export"
+                     : "Syscal Pro")
+      << ", " << info.bytes << " bytes\n";
   if (!text) out << "  records    " << info.records << " of " << info.recordLength << " bytes\n";
   if (text) out << "  lines      " << info.records << '\n';
-  out << "  channels   " << info.channels << '\n';
-  out << "  firings    " << info.firings << ", " << info.positioned << " with a position\n";
+  if (info.track) {
+    out << "  fixes      " << info.firings << '\n';
+    out << "  length     " << FormattaNumero(info.length, "0.0##") << " m\n";
+  } else {
+    out << "  channels   " << info.channels << '\n';
+    out << "  firings    " << info.firings << ", " << info.positioned << " with a position\n";
+  }
   if (info.time.any) out << "  time       " << Quando(info.time.low) << " to " << Quando(info.time.high) << '\n';
   if (info.depth.any) {
     out << "  depth      " << FormattaNumero(info.depth.low, "0.0##") << " to "

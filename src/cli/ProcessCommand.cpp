@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Clock.h"
@@ -44,6 +45,10 @@ struct ProcessOptions {
   std::string dataShift;
   std::string depthShift;
   PictureOptions picture;
+  std::string gps;
+  std::string link;
+  std::string clockOffset = "0";
+  std::vector<std::string> connections;  ///< "M:G"
   bool json = false;
 
   bool writes(const std::string& format) const {
@@ -105,6 +110,26 @@ void ScegliEstremi(Session& session, const ProcessOptions& options) {
   session.E2txt_KeyPress(EnterKey);
 }
 
+/// The measurement and the fix of "M:G".
+std::pair<std::int32_t, std::string> Estremi(const std::string& connection) {
+  const std::size_t colon = connection.find(':');
+  return {static_cast<std::int32_t>(Val(connection.substr(0, colon))), connection.substr(colon + 1)};
+}
+
+void CollegaTraccia(Session& session, ScriptedDialogs& dialogs, const ProcessOptions& options) {
+  if (options.gps.empty()) return;
+  session.LeggiGPSEsterno(options.gps);
+  if (options.link == "time") session.LinkDataGPST(Val(options.clockOffset));
+  if (options.link != "position") return;
+  int number = 0;
+  for (const std::string& connection : options.connections) {
+    const auto [measurement, fix] = Estremi(connection);
+    dialogs.answer("Connection " + std::to_string(++number) + " (Data <--> GPS", fix);
+    session.ptlbl_Collega(measurement);
+  }
+  session.LinkDataGPSP();
+}
+
 int Esegui(const ProcessOptions& options) {
   ScriptedDialogs dialogs;
   PreparaRisposte(dialogs, options);
@@ -113,6 +138,7 @@ int Esegui(const ProcessOptions& options) {
   session.ConvertAsciiCmd_Click();
   if (!options.cable.empty()) session.CableConf_Click();
   if (!options.zone.empty()) session.SetUtmZone_Click();
+  CollegaTraccia(session, dialogs, options);
   TranslationPanel& boxes = session.FrameDataMove;
   Trasla(
       options.dataShift, boxes.TestTxt, boxes.TnordTxt, [&] { session.TestTxt_KeyPress(EnterKey); },
@@ -127,22 +153,11 @@ int Esegui(const ProcessOptions& options) {
   session.SalvaEstrattoFile();
   StampaDiagnostica(session.diagnostics());
   std::cout << (options.json ? TestoJson(SommarioJson(session, dialogs.messages())) : SommarioTesto(session));
-  return session.diagnostics().anyFault() || !dialogs.messages().empty() ? NotAllDone : AllDone;
-}
-
-/// Options whose work comes with later versions: refused with a clear word rather than passed over.
-void AggiungiRifiutate(CLI::App& command) {
-  const auto refuse = [&command](const char* names, const char* what) {
-    command
-        .add_option_function<std::vector<std::string>>(
-            names,
-            [names, what](const std::vector<std::string>&) {
-              throw CLI::ValidationError(names, std::string(what) + " not available in this version");
-            },
-            std::string("(not available in this version: ") + what + ")")
-        ->group("Not available yet");
-  };
-  for (const char* name : {"--gps", "--link", "--clock-offset", "--connect"}) refuse(name, "external GPS tracks are");
+  // A track shorter than the survey is taken all the same; every other message tells of something not done.
+  const auto& messages = dialogs.messages();
+  const bool refused = std::any_of(messages.begin(), messages.end(),
+                                   [](const std::string& text) { return text != "not enough GPS points"; });
+  return session.diagnostics().anyFault() || refused ? NotAllDone : AllDone;
 }
 
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
@@ -202,6 +217,24 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
       ->type_name("MIN;MAX");
 }
 
+void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
+  CLI::Option* gps =
+      command.add_option("--gps", o.gps, "External GPS and depth track: .csv, .nav, .sav or six columns")
+          ->type_name("FILE");
+  command.add_option("--link", o.link, "Link the data to the external track")
+      ->check(Elenco({"time", "position"}))
+      ->needs(gps)
+      ->type_name("time|position");
+  command.add_option("--clock-offset", o.clockOffset, "Seconds added to the measurements' times before a link by time")
+      ->check(Numero())
+      ->type_name("S");
+  command
+      .add_option("--connect", o.connections, "A measurement and the fix at its place; twice for a link by position")
+      ->check(Collegamento())
+      ->expected(2)
+      ->type_name("M:G");
+}
+
 void AggiungiUscita(CLI::App& command, ProcessOptions& o) {
   command.add_option("--out", o.out, "Root of the output names (default: first file's name with _section behind)")
       ->type_name("ROOT");
@@ -220,7 +253,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   AggiungiSezione(*command, *options);
   AggiungiUscita(*command, *options);
   AggiungiImmagine(*command, options->picture);
-  AggiungiRifiutate(*command);
+  AggiungiTraccia(*command, *options);
   command->callback([options, &work] { work = [options] { return Esegui(*options); }; });
 }
 

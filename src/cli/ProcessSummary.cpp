@@ -32,6 +32,14 @@ std::string SommarioTesto(const Session& session) {
       << FormattaNumero(static_cast<double>(t.RhoMax), "0.0##") << " ohm m\n";
   out << "track         " << Metri(t.Lunghezza) << ", mean spacing " << Metri(static_cast<double>(t.PassoMedio))
       << "\n";
+  if (survey.tracciaEst.loaded) {
+    out << "external GPS  " << survey.tracciaEst.NumGPSEst() << " fixes, mean spacing "
+        << Metri(survey.tracciaEst.meanSpacing) << "\n";
+  }
+  if (const auto& link = session.timeLink()) {
+    out << "linked        " << link->exact + link->between << " of " << survey.NumMisure() << " by time, "
+        << link->outside << " outside the track, " << link->withoutTime << " without a time\n";
+  }
   if (const auto& section = session.section()) {
     out << "section       " << section->from << " to " << section->to << ", " << section->points << " points, "
         << section->records << " records\n";
@@ -62,6 +70,17 @@ Json SommarioJson(const Session& session, const std::vector<std::string>& messag
   json["rho_max"] = NumeroJson(t.RhoMax);
   json["track_length"] = NumeroJson(t.Lunghezza);
   json["mean_spacing"] = NumeroJson(t.PassoMedio);
+  if (survey.tracciaEst.loaded) {
+    json["external_gps"] = {{"fixes", survey.tracciaEst.NumGPSEst()},
+                            {"mean_spacing", NumeroJson(survey.tracciaEst.meanSpacing)}};
+  }
+  if (const auto& link = session.timeLink()) {
+    json["link"] = {{"exact", link->exact},
+                    {"between", link->between},
+                    {"outside", link->outside},
+                    {"farthest_seconds", link->farthest},
+                    {"without_time", link->withoutTime}};
+  }
   json["section"] = nullptr;
   if (const auto& section = session.section()) {
     json["section"] = {

@@ -29,6 +29,20 @@ CLI::Validator Coppia() { return DueNumeri(',', "E,N"); }
 
 CLI::Validator Intervallo() { return DueNumeri(';', "MIN;MAX"); }
 
+CLI::Validator Collegamento() {
+  return {[](std::string& text) -> std::string {
+            const std::size_t colon = text.find(':');
+            const auto counts = [](const std::string& number) {
+              return !number.empty() && number.size() <= 9 && number.front() != '0' &&
+                     number.find_first_not_of("0123456789") == std::string::npos;
+            };
+            const bool pair =
+                colon != std::string::npos && counts(text.substr(0, colon)) && counts(text.substr(colon + 1));
+            return pair ? "" : "\"" + text + "\" is not M:G with numbers from 1 on";
+          },
+          "M:G"};
+}
+
 CLI::Validator Elenco(std::vector<std::string> words) {
   return {[words = std::move(words)](std::string& list) -> std::string {
             for (const std::string& word : Voci(list)) {

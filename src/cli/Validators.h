@@ -14,6 +14,9 @@ CLI::Validator Coppia();
 /// Two numbers joined by a semicolon, e.g. "0.5;12".
 CLI::Validator Intervallo();
 
+/// Two whole numbers from 1 on joined by a colon, e.g. "12:340".
+CLI::Validator Collegamento();
+
 /// A comma-separated list of some of the words.
 CLI::Validator Elenco(std::vector<std::string> words);
 

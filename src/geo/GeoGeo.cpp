@@ -109,6 +109,13 @@ void GeoGeo::Lon(std::string_view text) {
   meridian_ = CentralMeridian();
 }
 
+void GeoGeo::Posizione(double latitude, double longitude) {
+  lat_ = Radianti(latitude);
+  lon_ = Radianti(longitude);
+  if (zone_ == 0) zone_ = UTMZoneOf(ASingolo(LonGradi()));
+  meridian_ = CentralMeridian();
+}
+
 double GeoGeo::LatGradi() const { return InGradi(lat_); }
 
 double GeoGeo::LonGradi() const { return InGradi(lon_); }

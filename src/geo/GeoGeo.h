@@ -55,6 +55,10 @@ class GeoGeo {
   double LatGradi() const;
   double LonGradi() const;
 
+  /// The same from decimal degrees, without the way through a text.
+  /// @throws RunTimeError for a longitude that has no zone
+  void Posizione(double latitude, double longitude);
+
   /// Easting and northing, m.
   double UTMx() const { return x_; }
   void UTMx(double easting) { x_ = easting; }

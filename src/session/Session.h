@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/Diagnostics.h"
 #include "base/Dialogs.h"
@@ -19,6 +20,7 @@
 #include "session/Panels.h"
 #include "survey/Survey.h"
 #include "track/TrackAnalysis.h"
+#include "track/TrackLink.h"
 #include "view3d/ColourScale.h"
 #include "view3d/Renderer.h"
 #include "view3d/Scene.h"
@@ -160,6 +162,19 @@ class Session {
   /// survey and where the surface is seen edge-on.
   std::optional<std::pair<double, double>> PostoSotto(std::int32_t x, std::int32_t y) const;
 
+  // The external track.
+  /// Reads a track with the reader that its name calls for and shows it; an empty name does nothing.
+  void LeggiGPSEsterno(const std::filesystem::path& fileName);
+  /// "Link Data to External GPS by Time". @param clockOffset seconds added to the measurements' times
+  void LinkDataGPST(double clockOffset = 0.0);
+  void LinkDataGPSP();  ///< "Link Data to External GPS by Pos."
+  /// A pick of a measurement for the link by position asks for the fix recorded there; the third pick clears both.
+  void ptlbl_Collega(std::int32_t Index);
+  /// A click on a fix chooses the nearest measurement as an extreme.
+  void gpslbl_Click(std::int32_t Index);
+  const std::optional<TimeLink>& timeLink() const { return timeLink_; }
+  std::int16_t NumCollegamenti() const { return numCollegamenti_; }
+
   // Writing.
   void SaveFileOut_Click();     ///< shows "File Out" with .BIN ticked
   void SaveFileOutTxt_Click();  ///< with .TXT ticked
@@ -195,6 +210,9 @@ class Session {
   void iniziaTrascinamento(Dragging kind, const MouseEvent& mouse);
   void DisegnaContorno();
   void mostraCavo(std::int32_t index);
+  bool leggiTraccia(const std::filesystem::path& fileName);
+  void allineaTraccia();
+  void rilevaTempi(const TimeLink& link);
   void rifaiFinestra();
   void mostraUscita(bool bin, bool txt, bool echo);
   SectionRequest chiediSezione();
@@ -219,6 +237,11 @@ class Session {
   Canvas* canvas_ = nullptr;
   Dragging dragging_ = Dragging::Nothing;
   std::int32_t pressedLabel_ = 0;  ///< the measurement whose label took the press
+  std::int32_t pressedFix_ = 0;    ///< or the fix
+  std::vector<std::int32_t> pickedFixes_;
+  std::int16_t numCollegamenti_ = 0;
+  Collegamenti collegamenti_;
+  std::optional<TimeLink> timeLink_;
   OutputFiles outputs_;
   std::unique_ptr<KmlGoogle> kml_;
   std::optional<SectionSummary> section_;

@@ -26,6 +26,15 @@ void Session::CoordPic_MouseDown(const MouseEvent& mouse) {
       return;
     }
     const std::optional<std::int32_t> label = MisuraSotto(mouse.x, mouse.y);
+    if (label && !left && mouse.shift && view_.MostraGPS2) {
+      ptlbl_Collega(*label);
+      return;
+    }
+    pressedFix_ = label ? 0 : renderer_.gpslbl().at({mouse.x, mouse.y}).value_or(0);
+    if (pressedFix_ > 0 && left && !mouse.shift && !mouse.ctrl) {
+      dragging_ = Dragging::Label;
+      return;
+    }
     if (label && !mouse.shift && !mouse.ctrl) {
       pressedLabel_ = *label;
       dragging_ = left ? Dragging::Label : Dragging::Cable;
@@ -100,7 +109,11 @@ void Session::CoordPic_MouseUp(const MouseEvent& mouse) {
       case Dragging::Nothing:
         return;
       case Dragging::Label:
-        if (MisuraSotto(mouse.x, mouse.y) == pressedLabel_) ptlbl_Click(pressedLabel_);
+        if (pressedFix_ > 0) {
+          if (renderer_.gpslbl().at({mouse.x, mouse.y}) == pressedFix_) gpslbl_Click(pressedFix_);
+        } else if (MisuraSotto(mouse.x, mouse.y) == pressedLabel_) {
+          ptlbl_Click(pressedLabel_);
+        }
         return;
       case Dragging::Cable:
         scene_.cable.clear();

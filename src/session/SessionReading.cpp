@@ -87,6 +87,8 @@ void Session::BatOperation() {
   survey_.traccia = TrackExtent{};
   fixes_ = TrackResult{};
   section_.reset();
+  timeLink_.reset();
+  numCollegamenti_ = 0;
   const ReadSpan span = FrameFileIn.pastGaps ? ReadSpan::PastLostFixes : ReadSpan::ToFirstLostFix;
   InputContext context{survey_, dialogs_, diagnostics_, span};
   for (const auto& name : FrameFileIn.File1) {
@@ -121,6 +123,7 @@ void Session::AnalisiFile() {
 
 /// Window and layers around the cells.
 void Session::rifaiStrati() {
+  allineaTraccia();
   ImpostaFinestra(view_, survey_.traccia);
   GeneraTraiettoria(scene_, survey_);
   GeneraContorno(scene_, survey_);

@@ -103,6 +103,7 @@ void Session::azzeraSelezione() {
   FrameExtrema.E1Txt.clear();
   FrameExtrema.E2txt.clear();
   FrameExtrema.PrimoLbl = FrameExtrema.SecondoLbl = TaggedLabel{};
+  pickedFixes_.clear();
 }
 
 void Session::scegliEstremo(std::int32_t index, std::string& box, TaggedLabel& label) {

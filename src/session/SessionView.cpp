@@ -49,6 +49,7 @@ void Session::DisegnaImmagineQ() {
     for (const TaggedLabel* label : {&FrameExtrema.PrimoLbl, &FrameExtrema.SecondoLbl}) {
       if (!label->Tag.empty()) notes.picked.push_back(AInt32(Val(label->Tag)));
     }
+    notes.pickedFixes = pickedFixes_;
     if (InfoLbl.Visible) notes.info = InfoLbl.Caption;
     renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes, *canvas_);
   });

@@ -38,7 +38,7 @@ std::string DescriviFondo(const Survey& survey, std::size_t k) {
 
 std::string DescriviFix(const Survey& survey, std::size_t k) {
   constexpr Mask position = "#####00.##";
-  const PuntoGPSEst& fix = survey.PuntiGPSEst(k);
+  const PuntoGPSEst& fix = survey.tracciaEst.PuntiGPSEst(k);
   return " GPS: " + std::to_string(k) + " Lg." + FormattaNumero(fix.GeoB, position) + " Lt." +
          FormattaNumero(fix.GeoA, position) + " D.Prog. " + FormattaNumero(fix.Progressiva, Distance) +
          " Depth: " + FormattaNumero(fix.Prof, Depth);

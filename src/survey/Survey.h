@@ -80,7 +80,7 @@ struct Survey {
   Settings settings;
   Cable cavo;
   TrackExtent traccia;
-  Array1<PuntoGPSEst> PuntiGPSEst;  ///< the external track; kept from one reading to the next
+  ExternalTrack tracciaEst;  ///< kept from one reading to the next
 
   std::int32_t NumMisure() const { return static_cast<std::int32_t>(Misure.size()); }
 };

@@ -62,6 +62,15 @@ std::vector<PointLabel> Etichette(const Array1<Punto3D>& points, std::size_t cou
   return labels;
 }
 
+/// Gives the labels of these indexes the colour of what was chosen.
+void Arrossa(std::vector<PointLabel>& labels, const std::vector<std::int32_t>& picked) {
+  for (const std::int32_t index : picked) {
+    const auto found = std::lower_bound(labels.begin(), labels.end(), index,
+                                        [](const PointLabel& label, std::int32_t k) { return label.index < k; });
+    if (found != labels.end() && found->index == index) found->colour = PickedColour;
+  }
+}
+
 /// Dots that lie closer than they are wide become smaller: a band of them would hide the cells below it.
 LabelStyle Diradato(LabelStyle style, const std::vector<PointLabel>& labels) {
   if (labels.size() < 2) return style;
@@ -101,7 +110,7 @@ void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const
     dptlbl_.hide();
   }
   if (view.MostraGPS2) {
-    DisegnaGPS(scene, view, canvas);
+    DisegnaGPS(scene, view, notes, canvas);
   } else {
     gpslbl_.hide();
   }
@@ -132,10 +141,7 @@ void Renderer::DisegnaTraiettoria(const Scene& scene, const ViewState& view, con
   const LabelStyle style = Stile(MarkerShape::Dot, 2, MeasurementColour, view.AreaPixel);
   auto labels = Etichette(scene.trajectory, scene.trajectory.size(), view, style.colour,
                           [&scene](std::size_t k) { return scene.placed[k - 1]; });
-  for (PointLabel& label : labels) {
-    if (std::find(notes.picked.begin(), notes.picked.end(), label.index) != notes.picked.end())
-      label.colour = PickedColour;
-  }
+  Arrossa(labels, notes.picked);
   const LabelStyle fitting = Diradato(style, labels);
   ptlbl_.assign(std::move(labels), fitting, view.AreaPixel);
   ptlbl_.dipingi(canvas);
@@ -153,9 +159,10 @@ void Renderer::DisegnaEchoSounder(const Scene& scene, const ViewState& view, Can
 
 /// The fixes of the external track, and its bottom: out along it and back the same way, so that the filled polygon is a
 /// line and hides nothing.
-void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas) {
+void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes, Canvas& canvas) {
   const LabelStyle style = Stile(MarkerShape::Dot, 2, FixColour, view.AreaPixel);
   auto labels = Etichette(scene.gps, scene.gps.size(), view, style.colour, Every);
+  Arrossa(labels, notes.pickedFixes);
   const LabelStyle fitting = Diradato(style, labels);
   gpslbl_.assign(std::move(labels), fitting, view.AreaPixel);
   gpslbl_.dipingi(canvas);

@@ -17,8 +17,9 @@ namespace corvan {
 
 /// What a repaint shows beside the scene.
 struct PictureNotes {
-  std::vector<std::int32_t> picked;  ///< measurements chosen as extremes: red labels
-  std::string info;                  ///< line in the upper left corner; empty for none
+  std::vector<std::int32_t> picked;       ///< measurements chosen as extremes: red labels
+  std::vector<std::int32_t> pickedFixes;  ///< fixes that were clicked: red labels
+  std::string info;                       ///< line in the upper left corner; empty for none
 };
 
 /// Red of the chosen labels.
@@ -50,7 +51,7 @@ class Renderer {
  private:
   void DisegnaTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes, Canvas& canvas);
   void DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas);
-  void DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas);
+  void DisegnaGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes, Canvas& canvas);
 
   CurtainPainter curtain_;
   PointLayer ptlbl_, dptlbl_, gpslbl_, CableLbl_;

@@ -144,17 +144,17 @@ void GeneraTraiettoria(Scene& scene, const Survey& survey) {
 }
 
 void GeneraGPS(Scene& scene, const Survey& survey) {
-  scene.gps = Aperto(survey.PuntiGPSEst.size());
+  scene.gps = Aperto(survey.tracciaEst.PuntiGPSEst.size());
   for (std::size_t k = 1; k <= scene.gps.size(); ++k) {
-    const PuntoGPSEst& fix = survey.PuntiGPSEst(k);
+    const PuntoGPSEst& fix = survey.tracciaEst.PuntiGPSEst(k);
     scene.gps(k) = {Coordinata(fix.X - survey.traccia.CentroX), Coordinata(fix.Y - survey.traccia.CentroY), 0.0F, 0.0F};
   }
 }
 
 void GeneraGPSD(Scene& scene, const Survey& survey) {
-  scene.gpsDepth = Aperto(survey.PuntiGPSEst.size());
+  scene.gpsDepth = Aperto(survey.tracciaEst.PuntiGPSEst.size());
   for (std::size_t k = 1; k <= scene.gpsDepth.size(); ++k) {
-    const PuntoGPSEst& fix = survey.PuntiGPSEst(k);
+    const PuntoGPSEst& fix = survey.tracciaEst.PuntiGPSEst(k);
     scene.gpsDepth(k) = {Coordinata(fix.X - survey.traccia.CentroX), Coordinata(fix.Y - survey.traccia.CentroY),
                          Fondo(fix.Prof, survey), SingoloOppure(fix.Prof, 0.0F)};
   }

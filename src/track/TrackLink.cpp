@@ -1,0 +1,194 @@
+#include "track/TrackLink.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+#include <vector>
+
+#include "base/OleDate.h"
+#include "base/Rounding.h"
+
+namespace corvan {
+namespace {
+
+constexpr double SecondsPerDay = 86400.0;
+
+std::int64_t Secondi(double days) { return static_cast<std::int64_t>(std::llround(days * SecondsPerDay)); }
+
+/// The fixes around a moment; 0 where there is none.
+struct Around {
+  std::size_t GPSPrima = 0, GPSDopo = 0, GPSEsatto = 0;
+};
+
+/// Finds fixes by their second. When the first fix is earlier than the moment, the scan ends at the first fix that is
+/// not, which is where the largest second so far reaches it; when it is later, at the first that is not later, where
+/// the smallest so far does. Both run in one direction, whatever the order of the fixes.
+class TimeIndex {
+ public:
+  explicit TimeIndex(const Array1<PuntoGPSEst>& fixes) {
+    seconds_.reserve(fixes.size());
+    bool ordered = true;
+    for (const PuntoGPSEst& fix : fixes) {
+      const std::int64_t second = std::isfinite(fix.DataOra) && std::abs(fix.DataOra) < 1e8 ? Secondi(fix.DataOra) : 0;
+      ordered = ordered && (seconds_.empty() || second >= seconds_.back());
+      seconds_.push_back(second);
+    }
+    if (ordered) return;
+    highest_ = lowest_ = seconds_;
+    for (std::size_t k = 1; k < seconds_.size(); ++k) {
+      highest_[k] = std::max(highest_[k], highest_[k - 1]);
+      lowest_[k] = std::min(lowest_[k], lowest_[k - 1]);
+    }
+  }
+
+  std::int64_t second(std::size_t fix) const { return seconds_[fix - 1]; }
+
+  Around around(std::int64_t moment) {
+    if (seconds_.empty()) return {};
+    const std::size_t count = seconds_.size();
+    if (seconds_.front() == moment) return {0, 0, 1};
+    if (seconds_.front() < moment) {
+      const std::vector<std::int64_t>& rising = highest_.empty() ? seconds_ : highest_;
+      const std::size_t k = primo(rising, moment);
+      if (k == count) return {count, 0, 0};
+      return seconds_[k] == moment ? Around{0, 0, k + 1} : Around{k, k + 1, 0};
+    }
+    if (lowest_.empty()) return {0, 1, 0};
+    const auto end = std::partition_point(lowest_.begin(), lowest_.end(), [moment](auto s) { return s > moment; });
+    if (end == lowest_.end()) return {0, 1, 0};
+    const auto k = static_cast<std::size_t>(end - lowest_.begin());
+    return seconds_[k] == moment ? Around{0, 0, k + 1} : Around{k + 1, 1, 0};
+  }
+
+ private:
+  /// First place of a rising list that is not less than the moment, from where the last search ended: measurements come
+  /// in order, too, as a rule.
+  std::size_t primo(const std::vector<std::int64_t>& rising, std::int64_t moment) {
+    std::size_t low = hint_, step = 1;
+    if (low >= rising.size() || rising[low] >= moment) low = 0;
+    std::size_t high = low;
+    while (high < rising.size() && rising[high] < moment) {
+      low = high;
+      high += step;
+      step *= 2;
+    }
+    high = std::min(high, rising.size());
+    const auto from = rising.begin() + static_cast<std::ptrdiff_t>(low);
+    const auto found = std::lower_bound(from, rising.begin() + static_cast<std::ptrdiff_t>(high), moment);
+    const auto place = static_cast<std::size_t>(found - rising.begin());
+    hint_ = place == 0 ? 0 : place - 1;
+    return place;
+  }
+
+  std::vector<std::int64_t> seconds_;
+  std::vector<std::int64_t> highest_, lowest_;  // up to each fix; empty when the fixes are in order
+  std::size_t hint_ = 0;
+};
+
+/// The measurement has a time: records shorter than this hold none, whatever stands behind them.
+bool ConTempo(const Survey& survey, const Misura& m) {
+  constexpr std::size_t timed = 304;
+  const auto file = static_cast<std::size_t>(m.NumFile);
+  const bool room = file < 1 || file > survey.files.size() || survey.files[file - 1].recordLength >= timed;
+  return room && TempoValido(m.Tempo);
+}
+
+/// A share of the way from one fix to another.
+void Prendi(Misura& m, const PuntoGPSEst& a, const PuntoGPSEst& b, double share) {
+  const auto mix = [share](double p, double q) { return p + (q - p) * share; };
+  m.UTMx = mix(a.X, b.X);
+  m.UTMy = mix(a.Y, b.Y);
+  m.Val12 = SingoloOppure(mix(a.Prof, b.Prof), m.Val12);
+  m.SorgenteUTM = true;
+  m.SenzaFix = false;
+}
+
+void Collega(Misura& m, const PuntoGPSEst& a, const PuntoGPSEst& b, double share) {
+  m.Lat = a.GeoB + (b.GeoB - a.GeoB) * share;
+  m.Lon = a.GeoA + (b.GeoA - a.GeoA) * share;
+  Prendi(m, a, b, share);
+}
+
+}  // namespace
+
+TimeLink LinkDataGPST(Survey& survey, double clockOffset) {
+  TimeLink link;
+  const ExternalTrack& track = survey.tracciaEst;
+  if (!track.loaded) return link;
+  link.done = true;
+  const Array1<PuntoGPSEst>& fixes = track.PuntiGPSEst;
+  if (fixes.empty()) {
+    link.withoutTrack = survey.Misure.size();
+    ScartaSenzaTraccia(survey);
+    return link;
+  }
+  TimeIndex index(fixes);
+  for (Misura& m : survey.Misure) {
+    if (!ConTempo(survey, m)) {
+      ++link.withoutTime;
+      continue;
+    }
+    const std::int64_t moment = Secondi(m.Tempo + clockOffset / SecondsPerDay);
+    const Around found = index.around(moment);
+    if (found.GPSEsatto > 0) {
+      Collega(m, fixes(found.GPSEsatto), fixes(found.GPSEsatto), 0.0);
+      ++link.exact;
+    } else if (found.GPSPrima > 0 && found.GPSDopo > 0) {
+      const std::int64_t before = index.second(found.GPSPrima), after = index.second(found.GPSDopo);
+      const double whole = std::abs(static_cast<double>(after - before));
+      Collega(m, fixes(found.GPSPrima), fixes(found.GPSDopo), static_cast<double>(moment - before) / whole);
+      ++link.between;
+    } else {
+      const std::size_t end = std::max(found.GPSPrima, found.GPSDopo);
+      Collega(m, fixes(end), fixes(end), 0.0);
+      ++link.outside;
+      link.farthest = std::max(link.farthest, std::abs(static_cast<double>(moment - index.second(end))));
+    }
+  }
+  return link;
+}
+
+void ScartaSenzaTraccia(Survey& survey) {
+  for (Misura& m : survey.Misure) m.Scartata = true;
+}
+
+PlaceLink LinkDataGPSP(Survey& survey, const Collegamenti& connections) {
+  const Array1<PuntoGPSEst>& fixes = survey.tracciaEst.PuntiGPSEst;
+  auto [i1, i2] = connections.measurement;
+  auto [g1, g2] = connections.fix;
+  if (i1 > i2) {
+    std::swap(i1, i2);
+    std::swap(g1, g2);
+  }
+  const auto exists = [](std::int32_t k, std::size_t count) { return k >= 1 && static_cast<std::size_t>(k) <= count; };
+  if (!exists(i1, survey.Misure.size()) || !exists(i2, survey.Misure.size()) || !exists(g1, fixes.size()) ||
+      !exists(g2, fixes.size())) {
+    return PlaceLink::Nothing;
+  }
+  const auto fix = [&fixes](std::int32_t k) -> const PuntoGPSEst& { return fixes(static_cast<std::size_t>(k)); };
+  const auto measurement = [&survey](std::int32_t k) -> Misura& { return survey.Misure(static_cast<std::size_t>(k)); };
+  const double Dd = std::abs(measurement(i2).Distanza - measurement(i1).Distanza);
+  const double Dg = std::abs(fix(g2).Progressiva - fix(g1).Progressiva);
+  if (Dg == 0.0) return PlaceLink::SomethingWrong;
+  if (Dd == 0.0) return PlaceLink::Nothing;
+  const double s = Dd / Dg;
+  const std::int32_t step = g1 <= g2 ? 1 : -1;
+  const double start = measurement(i1).Distanza;
+  const auto along = [&](std::int32_t k) { return std::abs(fix(k).Progressiva - fix(g1).Progressiva); };
+  std::int32_t j = g1;
+  for (std::int32_t i = i1; i <= i2; ++i) {
+    Misura& m = measurement(i);
+    const double r = std::min(std::abs(m.Distanza - start) / s, Dg);
+    while (j != g2 && along(j + step) < r) j += step;
+    if (r == along(j) || j == g2) {
+      Prendi(m, fix(j), fix(j), 0.0);
+      continue;
+    }
+    const double low = along(j), high = along(j + step);
+    Prendi(m, fix(j), fix(j + step), r == high ? 1.0 : (r - low) / (high - low));
+  }
+  return PlaceLink::Linked;
+}
+
+}  // namespace corvan
