@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 #include "base/DateText.h"
 #include "base/Errors.h"
@@ -43,12 +44,16 @@ double DataOra(const Cut& cut, std::size_t k) {
   return DataDaTesto(std::string(cut.text(k)) + " " + std::string(cut.text(k + 1)));
 }
 
-/// Reads line after line with `take`, which gives one fix or throws; a line that cannot be read ends the track.
+/// Reads line after line: a date that cannot be read ends the track, a position that cannot be used leaves out its
+/// line.
+/// @param take gives the fix of a line but for its time; nothing when it has no usable position
 template <class Take>
-TrackRead PerRiga(std::string_view content, TrackKind kind, bool header, Take take) {
+TrackRead PerRiga(std::string_view content, TrackKind kind, std::size_t dateField, Take take) {
   TrackRead read;
   read.kind = kind;
   std::size_t left = 0;
+  std::size_t unusable = 0;
+  const bool header = kind == TrackKind::Csv;
   for (LineCursor lines(content); lines.more();) {
     const std::string_view line = lines.next();
     read.lines = lines.number();
@@ -58,7 +63,15 @@ TrackRead PerRiga(std::string_view content, TrackKind kind, bool header, Take ta
       continue;
     }
     try {
-      read.fixes.append(take(Cut(line)));
+      const Cut cut(line);
+      const double when = DataOra(cut, dateField);
+      std::optional<PuntoGPSEst> fix = take(cut);
+      if (!fix) {
+        ++unusable;
+        continue;
+      }
+      fix->DataOra = when;
+      read.fixes.append(*fix);
     } catch (const RunTimeError& error) {
       left = 1;
       read.findings.emplace_back(Severity::Fault, "line " + std::to_string(lines.number()) + ": " + error.what());
@@ -67,10 +80,18 @@ TrackRead PerRiga(std::string_view content, TrackKind kind, bool header, Take ta
   if (left > 0) {
     read.findings.emplace_back(Severity::Fault, std::to_string(left) + " lines from there on left out");
   }
+  if (unusable > 0) {
+    read.findings.emplace_back(Severity::Fault, std::to_string(unusable) + " lines without a usable position left out");
+  }
   return read;
 }
 
-/// A finite number that the scene and the files can hold.
+/// Far beyond any coordinate on the earth; sums of distances stay finite below it.
+bool Usabile(double x, double y) {
+  constexpr double limit = 1e12;
+  return std::abs(x) <= limit && std::abs(y) <= limit;
+}
+
 double Finito(double value) { return std::isfinite(value) ? value : 0.0; }
 
 std::string Quanti(std::size_t count, const char* what) { return std::to_string(count) + " " + what; }
@@ -178,15 +199,15 @@ bool SembraSeiColonne(std::string_view content) {
 }
 
 TrackRead LeggiFileCSV(std::string_view content, GeoGeo& geo) {
-  return PerRiga(content, TrackKind::Csv, true, [&geo](const Cut& cut) {
+  return PerRiga(content, TrackKind::Csv, 3, [&geo](const Cut& cut) -> std::optional<PuntoGPSEst> {
     PuntoGPSEst fix;
-    fix.DataOra = DataOra(cut, 3);
-    fix.Y = Finito(cut.number(11));
-    fix.X = Finito(cut.number(10));
+    fix.Y = cut.number(11);
+    fix.X = cut.number(10);
     fix.Prof = Finito(cut.number(8));
+    if (!Usabile(fix.X, fix.Y)) return std::nullopt;
     geo.UTMx(fix.X);
     geo.UTMy(fix.Y);
-    if (!geo.UTM2Geo()) throw RunTimeError("the position cannot be converted");
+    if (!geo.UTM2Geo()) return std::nullopt;
     fix.GeoA = NumeroDaGradi(geo.LatGradi(), geo.Layout());
     fix.GeoB = NumeroDaGradi(geo.LonGradi(), geo.Layout());
     return fix;
@@ -194,17 +215,21 @@ TrackRead LeggiFileCSV(std::string_view content, GeoGeo& geo) {
 }
 
 TrackRead LeggiGPS6Col(std::string_view content, GeoGeo& geo) {
-  return PerRiga(content, TrackKind::SixColumns, false, [&geo](const Cut& cut) {
+  return PerRiga(content, TrackKind::SixColumns, 1, [&geo](const Cut& cut) -> std::optional<PuntoGPSEst> {
     PuntoGPSEst fix;
-    fix.DataOra = DataOra(cut, 1);
-    fix.Riserva = static_cast<std::uint16_t>(AInt16(cut.number(3)));
+    const double number = cut.number(3);
+    fix.Riserva = std::abs(number) <= 32767.0 ? static_cast<std::uint16_t>(AInt16(number)) : 0;
     fix.GeoA = cut.number(4);
     fix.GeoB = cut.number(5);
     fix.Prof = Finito(cut.number(6));
-    if (geo.UTMzone() == 0) geo.Nord(!(fix.GeoA < 0.0));  // before any survey the track tells the hemisphere
-    geo.Lat(cut.text(4));
-    geo.Lon(cut.text(5));
-    if (!geo.Geo2UTM()) throw RunTimeError("the position cannot be converted");
+    try {
+      if (geo.UTMzone() == 0) geo.Nord(!(fix.GeoA < 0.0));  // before any survey the track tells the hemisphere
+      geo.Lat(cut.text(4));
+      geo.Lon(cut.text(5));
+    } catch (const RunTimeError&) {
+      return std::nullopt;
+    }
+    if (!geo.Geo2UTM() || !Usabile(geo.UTMx(), geo.UTMy()) || !Usabile(fix.GeoA, fix.GeoB)) return std::nullopt;
     fix.X = geo.UTMx();
     fix.Y = geo.UTMy();
     return fix;
@@ -219,7 +244,7 @@ TrackRead LeggiFileNav(std::string_view content, GeoGeo& geo) {
   const NmeaSummary summary = PercorriNmea(content, [&](const NmeaFix& fix) {
     if (geo.UTMzone() == 0) geo.Nord(fix.latitude >= 0.0);
     geo.Posizione(fix.latitude, fix.longitude);
-    if (!geo.Geo2UTM()) {
+    if (!geo.Geo2UTM() || !Usabile(geo.UTMx(), geo.UTMy())) {
       ++unconverted;
       return;
     }

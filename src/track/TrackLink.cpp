@@ -155,8 +155,8 @@ void ScartaSenzaTraccia(Survey& survey) {
 
 PlaceLink LinkDataGPSP(Survey& survey, const Collegamenti& connections) {
   const Array1<PuntoGPSEst>& fixes = survey.tracciaEst.PuntiGPSEst;
-  auto [i1, i2] = connections.measurement;
-  auto [g1, g2] = connections.fix;
+  std::int32_t i1 = connections.measurement[0], i2 = connections.measurement[1];
+  std::int32_t g1 = connections.fix[0], g2 = connections.fix[1];
   if (i1 > i2) {
     std::swap(i1, i2);
     std::swap(g1, g2);
