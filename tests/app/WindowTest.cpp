@@ -496,6 +496,27 @@ TEST(Pictures, OfWindowAndCommandLineAreTheSamePixels) {
   EXPECT_TRUE(test::Slurp(w.folder / "img0.bmp") == test::Slurp(w.folder / "cli.bmp"));
 }
 
+TEST(ExternalTrack, IsShownConnectedAndLinked) {
+  Window w;
+  w.readSample();
+  w.window.leggiTraccia(Samples + "/lagoon_track.nav");
+  EXPECT_TRUE(w.get<QAction>("SH2ndGps")->isChecked());
+  EXPECT_EQ(w.label("StatusFiles"), "2 files, 438 measurements, track of 795 fixes");
+  w.choose("LinkToGPSP");
+  EXPECT_EQ(w.dialogs.messages.at(0).text, "You must define two connection before link data and gps");
+  w.dialogs.answers = {{"Connection 1 (Data <--> GPS", {"10"}}, {"Connection 2 (Data <--> GPS", {"290"}}};
+  const std::int32_t picked[] = {5, 215};
+  for (const std::int32_t measurement : picked) {
+    QTest::mouseClick(w.picture(), Qt::RightButton, Qt::ShiftModifier, w.place(measurement));
+  }
+  EXPECT_EQ(w.session().NumCollegamenti(), 2);
+  w.choose("LinkToGPSP");
+  EXPECT_NEAR(w.session().survey().Misure(5).UTMx, w.session().survey().tracciaEst.PuntiGPSEst(10).X, 1e-6);
+  w.choose("LinkToGPST");
+  EXPECT_FALSE(w.get<QAction>("SH2ndGps")->isChecked());
+  EXPECT_EQ(w.session().fixes().bad, 0U);
+}
+
 TEST(ViewPanel, ShowsItselfNearTheEdgeWhenNotKeptOpen) {
   Window w;
   w.readFirings(5);
@@ -526,7 +547,9 @@ TEST(OneMeasurement, AndNoneLeaveEveryCommandHarmless) {
     Window w;
     if (count > 0) w.readFirings(count);
     for (const QAction* action : w.window.findChildren<QAction*>()) {
-      if (action->objectName() == "Exit" || action->objectName() == "Info" || action->menu() != nullptr) continue;
+      if (action->objectName() == "Exit" || action->objectName() == "LoadGPS" || action->objectName() == "Info" ||
+          action->menu() != nullptr)
+        continue;
       if (!action->objectName().isEmpty() && !action->objectName().startsWith("qt_"))
         const_cast<QAction*>(action)->trigger();
     }

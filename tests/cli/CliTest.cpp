@@ -140,10 +140,13 @@ INSTANTIATE_TEST_SUITE_P(
         StatusCase{"process good.bin --picture x.png --size 320", 2, "sides of 1 to 20000"},
         StatusCase{"process good.bin --picture x.png --zoom 0", 2, "greater than 0"},
         StatusCase{"process good.bin --picture x.png --layers cells", 2, "not one of"},
-        StatusCase{"process good.bin --gps x.csv --link time", 2, "not available"}, StatusCase{"info good.bin", 0, ""},
-        StatusCase{"info gap.bin", 1, "fix lost"}, StatusCase{"info missing", 1, "missing"},
-        StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""}, StatusCase{"--version", 0, ""},
-        StatusCase{"convert --to-geo", 2, "--zone"}, StatusCase{"convert --to-utm --zone 61", 2, "61"},
+        StatusCase{"process good.bin --link time", 2, "requires"},
+        StatusCase{"process good.bin --gps x.csv --link sideways", 2, "not one of"},
+        StatusCase{"process good.bin --gps x.csv --link position --connect 1:0 --connect 2:3", 2, "numbers from 1 on"},
+        StatusCase{"info good.bin", 0, ""}, StatusCase{"info gap.bin", 1, "fix lost"},
+        StatusCase{"info missing", 1, "missing"}, StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""},
+        StatusCase{"--version", 0, ""}, StatusCase{"convert --to-geo", 2, "--zone"},
+        StatusCase{"convert --to-utm --zone 61", 2, "61"},
         StatusCase{"convert --to-utm --datum Mars", 2, "Wrong Datum Name"}));
 
 TEST(Process, NamesTheOutputThatDoesNotFitAndWritesTheRest) {
@@ -230,6 +233,40 @@ TEST(Picture, ThatCannotBeWrittenIsNamedAndTheRestIsDone) {
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(Contains(run.err, "missing/view.png")) << run.err;
   EXPECT_TRUE(cli.exists("s.bin"));
+}
+
+const std::string Track = CORVAN_SAMPLES "/lagoon_track.";
+
+TEST(Tracks, AreLinkedByTimeAndByPosition) {
+  const Cli cli;
+  const std::string process = "process " + Sample + " --past-gaps --out s --format csv,bin ";
+  const Outcome time = cli(process + "--gps " + Track + "nav --link time --json");
+  EXPECT_EQ(time.status, 0) << time.err;
+  EXPECT_TRUE(Contains(time.out, "\"outside\": 0")) << time.out;
+  EXPECT_TRUE(Contains(time.out, "\"fixes\": 795"));
+  const std::string byTime = test::Slurp(cli.folder / "s.csv");
+  const Outcome late = cli(process + "--gps " + Track + "nav --link time --clock-offset 7200");
+  EXPECT_EQ(late.status, 1);
+  EXPECT_TRUE(Contains(late.err, "218 of 218 measurements lie outside the time of the track")) << late.err;
+  const Outcome place = cli(process + "--gps " + Track + "csv --link position --connect 3:4 --connect 218:295");
+  EXPECT_EQ(place.status, 0) << place.err;
+  EXPECT_NE(test::Slurp(cli.folder / "s.csv"), byTime);
+  EXPECT_EQ(cli(process + "--gps missing.nav --link time").status, 1);
+  EXPECT_EQ(cli(process + "--gps " + Track + "csv --link position").status, 1) << "no connections";
+}
+
+TEST(Tracks, AreToldByInfo) {
+  const Cli cli;
+  const Outcome run = cli("info " + Track + "nav " + Track + "csv " + Track + "gps");
+  EXPECT_EQ(run.status, 0) << run.err;
+  for (const char* words : {"NMEA 0183 log, ", "table of positions (.csv), ", "six columns, ", "fixes      795",
+                            "2026-06-15 07:59:58 to 2026-06-15 08:39:40", "depth      2.0 to 12.0 m"}) {
+    EXPECT_TRUE(Contains(run.out, words)) << words;
+  }
+  cli.folder.write("bad.csv", "h\n1;x;soon;8;;;;1;;1;1\n");
+  const Outcome bad = cli("info bad.csv");
+  EXPECT_EQ(bad.status, 1);
+  EXPECT_TRUE(Contains(bad.err, "line 2: \"soon 8\" is no date and time")) << bad.err;
 }
 
 }  // namespace

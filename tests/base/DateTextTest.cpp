@@ -1,0 +1,53 @@
+// Dates and times as people and programs write them.
+#include "base/DateText.h"
+
+#include <gtest/gtest.h>
+
+#include "base/Errors.h"
+#include "base/OleDate.h"
+
+namespace corvan {
+namespace {
+
+struct DateCase {
+  const char* text;
+  DateTime date;
+};
+
+class DateTexts : public ::testing::TestWithParam<DateCase> {};
+
+TEST_P(DateTexts, AreRead) {
+  EXPECT_NEAR(DataDaTesto(GetParam().text), AGiorni(GetParam().date), 1e-9) << GetParam().text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, DateTexts,
+                         ::testing::Values(DateCase{"15/06/2026 08:00:04", {2026, 6, 15, 8, 0, 4}},
+                                           DateCase{"2026-06-15 8:00", {2026, 6, 15, 8, 0, 0}},
+                                           DateCase{"2026/6/5", {2026, 6, 5, 0, 0, 0}},
+                                           DateCase{" 5.6.26 23:59:59", {2026, 6, 5, 23, 59, 59}},
+                                           DateCase{"06/15/2026 1:02:03 PM", {2026, 6, 15, 13, 2, 3}},
+                                           DateCase{"12/11/2026 12:00:00 AM", {2026, 11, 12, 0, 0, 0}},
+                                           DateCase{"12/11/2026 12:30 pm", {2026, 11, 12, 12, 30, 0}},
+                                           DateCase{"1-2-30 ", {1930, 2, 1, 0, 0, 0}},
+                                           DateCase{"1-2-29", {2029, 2, 1, 0, 0, 0}},
+                                           DateCase{"29/02/2024", {2024, 2, 29, 0, 0, 0}},
+                                           DateCase{"2026-06-15T08:00:04", {2026, 6, 15, 8, 0, 4}}));
+
+TEST(DateText, KeepsFractionsOfASecond) {
+  EXPECT_NEAR((DataDaTesto("15/06/2026 08:00:04.25") - AGiorni({2026, 6, 15, 8, 0, 4})) * 86400, 0.25, 1e-5);
+}
+
+TEST(DateText, ThatIsNoneIsNamed) {
+  for (const char* text : {"", " ", "hello", "29/02/2026", "15/06/2026 25:00", "15/06/2026 08:60", "15-06/2026",
+                           "15/06", "15/06/2026 08:00:00x", "15/06/2026x", "13/13/2026", "15/06/2026 13:00 PM"}) {
+    try {
+      DataDaTesto(text);
+      ADD_FAILURE() << text;
+    } catch (const RunTimeError& error) {
+      EXPECT_NE(std::string(error.what()).find('"' + std::string(text) + '"'), std::string::npos) << error.what();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace corvan
