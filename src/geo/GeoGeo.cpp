@@ -20,8 +20,8 @@ constexpr double Scale = 0.9996;
 double Radianti(double degrees) { return degrees * Pi / 180.0; }
 double InGradi(double radians) { return radians * 180.0 / Pi; }
 
-/// Length of the meridian from the equator to latitude phi, m.
-double ArcoMeridiano(double a, double b, double phi) {
+/// Length of the meridian from the equator to latitude phi, m. The sines of its multiples come from one sine and cosine.
+double ArcoMeridiano(double a, double b, double phi, double sine, double cosine) {
   const double n = (a - b) / (a + b);
   const double n2 = n * n, n3 = n2 * n, n4 = n3 * n, n5 = n4 * n;
   const double A = a * (1 - n + (5.0 / 4.0) * (n2 - n3) + (81.0 / 64.0) * (n4 - n5));
@@ -30,7 +30,10 @@ double ArcoMeridiano(double a, double b, double phi) {
   const double C = (15.0 * a * n2 / 16.0) * (1 - n + (3.0 / 4.0) * n2);
   const double D = (35.0 * a * n3 / 48.0) * (1 - n + (11.0 / 16.0) * n2);
   const double E = (315.0 * a * n4 / 51.0) * (1 - n);  // 51 where the textbook has 512, kept likewise
-  return A * phi - B * std::sin(2 * phi) + C * std::sin(4 * phi) - D * std::sin(6 * phi) + E * std::sin(8 * phi);
+  const double sine2 = 2 * sine * cosine, cosine2 = 1 - 2 * sine * sine;
+  const double sine4 = 2 * sine2 * cosine2, cosine4 = 1 - 2 * sine2 * sine2;
+  const double sine6 = sine4 * cosine2 + cosine4 * sine2, sine8 = 2 * sine4 * cosine4;
+  return A * phi - B * sine2 + C * sine4 - D * sine6 + E * sine8;
 }
 
 /// Latitude whose meridian arc is M (the footpoint latitude), rad.
@@ -127,23 +130,25 @@ void GeoGeo::Nord(bool north) {
 
 bool GeoGeo::Geo2UTM() {
   LoadDatum();
-  const double e = std::sqrt(1 - (b_ * b_) / (a_ * a_));
-  const double e2 = e * e;
+  const double e2 = 1 - (b_ * b_) / (a_ * a_);
   const double ep2 = e2 / (1 - e2);
-  const double sine = std::sin(lat_), cosine = std::cos(lat_), tangent2 = std::pow(std::tan(lat_), 2);
-  const double cosine2 = cosine * cosine;
-  const double nu = a_ / std::sqrt(1 - std::pow(e * sine, 2));
+  const double sine = std::sin(lat_), cosine = std::cos(lat_);
+  const double tangent = sine / cosine, tangent2 = tangent * tangent;
+  const double cosine2 = cosine * cosine, cosine3 = cosine2 * cosine;
+  const double nu = a_ / std::sqrt(1 - e2 * sine * sine);
   const double p = (lon_ - meridian_) * (180.0 / Pi) * 3600.0 / 10000.0;  // longitude difference in 10000 arc seconds
+  const double p2 = p * p;
 
-  const double K1 = ArcoMeridiano(a_, b_, lat_) * Scale;
-  const double K2 = nu * sine * cosine * std::pow(Sin1Second, 2) * Scale * 1e8 / 2.0;
-  const double K3 = std::pow(Sin1Second, 4) * nu * sine * std::pow(cosine, 3) / 24.0 *
+  constexpr double second2 = Sin1Second * Sin1Second;
+  const double K1 = ArcoMeridiano(a_, b_, lat_, sine, cosine) * Scale;
+  const double K2 = nu * sine * cosine * second2 * Scale * 1e8 / 2.0;
+  const double K3 = second2 * second2 * nu * sine * cosine3 / 24.0 *
                     (5 - tangent2 + 9 * ep2 * cosine2 + 4 * ep2 * ep2 * cosine2 * cosine2) * 9.996e15;
   const double K4 = nu * cosine * 0.048461975452799996;
-  const double K5 = std::pow(Sin1Second * cosine, 3) * (nu / 6.0) * (1 - tangent2 + ep2 * cosine2) * 9.996e11;
+  const double K5 = second2 * Sin1Second * cosine3 * (nu / 6.0) * (1 - tangent2 + ep2 * cosine2) * 9.996e11;
 
-  const double northing = K1 + falseNorthing_ + K2 * p * p + K3 * std::pow(p, 4);
-  const double easting = FalseEasting + K4 * p + K5 * std::pow(p, 3);
+  const double northing = K1 + falseNorthing_ + K2 * p2 + K3 * p2 * p2;
+  const double easting = FalseEasting + K4 * p + K5 * p2 * p;
   if (!std::isfinite(northing) || !std::isfinite(easting)) return false;
   y_ = northing;
   x_ = easting;

@@ -5,14 +5,13 @@
 #include <cstring>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace corvan {
 namespace {
 
 constexpr double DayLength = 86400.0;
-constexpr double DepthAge = 5.0;  // s: an older depth is no longer that under the boat
-constexpr std::size_t MaxFields = 16;
+constexpr double DepthAge = 5.0;       // s: an older depth is no longer that under the boat
+constexpr std::size_t MaxFields = 11;  // the date of RMC is field 9
 
 int Cifra16(char c) {
   if (c >= '0' && c <= '9') return c - '0';
@@ -21,33 +20,76 @@ int Cifra16(char c) {
   return -1;
 }
 
+constexpr std::uint32_t Chiave(char a, char b, char c) {
+  return static_cast<std::uint32_t>(static_cast<unsigned char>(a)) << 16U |
+         static_cast<std::uint32_t>(static_cast<unsigned char>(b)) << 8U | static_cast<unsigned char>(c);
+}
+
+/// The kind of an address of two letters of the talker and three of the sentence.
 std::optional<Sentence> Tipo(std::string_view address) {
   if (address.size() != 5) return std::nullopt;
-  for (std::size_t k = 0; k < SentenceKinds; ++k) {
-    if (std::memcmp(address.data() + 2, SentenceNames[k].data(), 3) == 0) return static_cast<Sentence>(k);
+  switch (Chiave(address[2], address[3], address[4])) {
+    case Chiave('G', 'G', 'A'):
+      return Sentence::GGA;
+    case Chiave('R', 'M', 'C'):
+      return Sentence::RMC;
+    case Chiave('G', 'L', 'L'):
+      return Sentence::GLL;
+    case Chiave('Z', 'D', 'A'):
+      return Sentence::ZDA;
+    case Chiave('D', 'P', 'T'):
+      return Sentence::DPT;
+    case Chiave('D', 'B', 'T'):
+      return Sentence::DBT;
+    case Chiave('D', 'B', 'S'):
+      return Sentence::DBS;
+    default:
+      return std::nullopt;
   }
-  return std::nullopt;
 }
 
 /// A whole field as a number; nothing when it is empty or holds anything else.
 std::optional<double> Numero(std::string_view field) {
   double value = 0.0;
-  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value);
+  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value, std::chars_format::fixed);
   if (error != std::errc() || end != field.data() + field.size() || field.empty() || !std::isfinite(value)) {
     return std::nullopt;
   }
   return value;
 }
 
+/// A field of at most six digits; nothing when it is anything else.
+std::optional<int> Intero(std::string_view field) {
+  if (field.empty() || field.size() > 6) return std::nullopt;
+  int value = 0;
+  for (const char c : field) {
+    if (c < '0' || c > '9') return std::nullopt;
+    value = 10 * value + (c - '0');
+  }
+  return value;
+}
+
 /// hhmmss.f in seconds since midnight.
 std::optional<double> Ora(std::string_view field) {
-  const std::optional<double> packed = Numero(field);
-  if (!packed || field.size() < 6 || *packed < 0.0) return std::nullopt;
-  const double hours = std::floor(*packed / 10000.0);
-  const double minutes = std::floor((*packed - hours * 10000.0) / 100.0);
-  const double seconds = *packed - hours * 10000.0 - minutes * 100.0;
-  if (hours > 23.0 || minutes > 59.0 || seconds >= 61.0) return std::nullopt;
-  return hours * 3600.0 + minutes * 60.0 + seconds;
+  if (field.size() < 6) return std::nullopt;
+  std::array<int, 6> digit{};
+  for (std::size_t k = 0; k < digit.size(); ++k) {
+    if (field[k] < '0' || field[k] > '9') return std::nullopt;
+    digit[k] = field[k] - '0';
+  }
+  double fraction = 0.0;
+  double place = 0.1;
+  for (std::size_t k = 6; k < field.size(); ++k, place /= 10.0) {
+    if (k == 6 && field[k] == '.') {
+      place = 1.0;
+      continue;
+    }
+    if (k == 6 || field[k] < '0' || field[k] > '9') return std::nullopt;
+    fraction += place * (field[k] - '0');
+  }
+  const int hours = 10 * digit[0] + digit[1], minutes = 10 * digit[2] + digit[3], seconds = 10 * digit[4] + digit[5];
+  if (hours > 23 || minutes > 59 || seconds > 60) return std::nullopt;
+  return hours * 3600.0 + minutes * 60.0 + seconds + fraction;
 }
 
 /// dddmm.mmm and its letter in decimal degrees.
@@ -103,8 +145,6 @@ class Walk {
   }
 
   const NmeaSummary& summary() const { return summary_; }
-  /// Day of the log's first date less the midnights passed until then.
-  NmeaSummary finish() { return summary_; }
 
  private:
   /// @return whether the text behind a "$" begins with a sentence of a kind that counts
@@ -114,21 +154,25 @@ class Walk {
     if (std::memchr(text.data(), '\0', text.size()) != nullptr) return false;
     const auto k = static_cast<std::size_t>(*kind);
     ++summary_.sentences;
+    const auto* star = static_cast<const char*>(std::memchr(text.data(), '*', text.size()));
+    const std::string_view body =
+        text.substr(0, star == nullptr ? text.size() : static_cast<std::size_t>(star - text.data()));
+    if (star != nullptr && !summary_.trusted.at(k)) {
+      unsigned char sum = 0;
+      for (const char c : body) sum = static_cast<unsigned char>(sum ^ static_cast<unsigned char>(c));
+      if (!vera(text.substr(body.size() + 1), sum)) {
+        ++summary_.wrongChecksum.at(k);
+        return true;
+      }
+    }
     Fields fields;
-    unsigned sum = 0;
-    std::size_t at = 0;
     std::size_t start = 0;
-    for (; at < text.size() && text[at] != '*'; ++at) {
-      sum ^= static_cast<unsigned char>(text[at]);
-      if (text[at] != ',') continue;
-      if (fields.count < MaxFields) fields.field.at(fields.count++) = text.substr(start, at - start);
+    for (std::size_t at = 0; at < body.size() && fields.count < MaxFields - 1; ++at) {
+      if (body[at] != ',') continue;
+      fields.field[fields.count++] = body.substr(start, at - start);
       start = at + 1;
     }
-    if (fields.count < MaxFields) fields.field.at(fields.count++) = text.substr(start, at - start);
-    if (at < text.size() && !summary_.trusted.at(k) && !vera(text.substr(at + 1), sum)) {
-      ++summary_.wrongChecksum.at(k);
-      return true;
-    }
+    fields.field[fields.count++] = body.substr(start);
     ++summary_.good.at(k);
     if (!take(*kind, fields)) ++summary_.malformed.at(k);
     return true;
@@ -179,11 +223,11 @@ class Walk {
                  std::string_view lonLetter) {
     if (lat.empty() && lon.empty()) return senzaFix();
     const std::optional<double> ofDay = Ora(when);
+    if (ofDay && fixTime_ && *ofDay + midnights_ * DayLength == *fixTime_) return true;  // told by another sentence
     const std::optional<double> latitude = Angolo(lat, latLetter, 'N', 'S', 90.0);
     const std::optional<double> longitude = Angolo(lon, lonLetter, 'E', 'W', 180.0);
     if (!ofDay || !latitude || !longitude) return false;
     const double seconds = avanza(*ofDay);
-    if (fixTime_ && seconds == *fixTime_) return true;  // the same fix in another sentence
     time_ = fixTime_ = seconds;
     NmeaFix fix{seconds, *latitude, *longitude, 0.0, false};
     if (depth_ && (!depthTime_ || std::abs(seconds - *depthTime_) <= DepthAge)) {
@@ -206,20 +250,19 @@ class Walk {
 
   /// ddmmyy of a sentence with its time of day.
   void data(std::string_view field, std::string_view when) {
-    const std::optional<double> packed = Numero(field);
+    const std::optional<int> packed = Intero(field);
     const std::optional<double> ofDay = Ora(when);
     if (!packed || field.size() != 6 || !ofDay) return;
-    const int all = static_cast<int>(*packed);
-    const int year = all % 100;
-    giorno(Giorno(year + (year < 80 ? 2000 : 1900), all / 100 % 100, all / 10000), *ofDay);
+    const int year = *packed % 100;
+    giorno(Giorno(year + (year < 80 ? 2000 : 1900), *packed / 100 % 100, *packed / 10000), *ofDay);
   }
 
   bool dataZda(const Fields& f) {
-    const std::optional<double> ofDay = Ora(f[1]);
-    const std::optional<double> day = Numero(f[2]), month = Numero(f[3]), year = Numero(f[4]);
     if (f[1].empty() && f[2].empty()) return true;
+    const std::optional<double> ofDay = Ora(f[1]);
+    const std::optional<int> day = Intero(f[2]), month = Intero(f[3]), year = Intero(f[4]);
     if (!ofDay || !day || !month || !year) return false;
-    giorno(Giorno(static_cast<int>(*year), static_cast<int>(*month), static_cast<int>(*day)), *ofDay);
+    giorno(Giorno(*year, *month, *day), *ofDay);
     return true;
   }
 
@@ -266,27 +309,22 @@ void PerRiga(std::string_view text, Take take) {
 
 }  // namespace
 
-NmeaSummary PercorriNmea(std::string_view log, const std::function<void(const NmeaFix&)>& sink) {
-  // Kinds whose checksums are all wrong are known only at the end: fixes wait until then.
-  std::vector<NmeaFix> fixes;
-  const std::function<void(const NmeaFix&)> keep = [&fixes](const NmeaFix& fix) { fixes.push_back(fix); };
-  Walk first({}, keep);
+NmeaSummary PercorriNmea(std::string_view log, const std::function<void(const NmeaFix&)>& sink,
+                         const std::function<void()>& restart) {
+  Walk first({}, sink);
   PerRiga(log, [&first](std::string_view line) { first.line(line); });
-  NmeaSummary summary = first.summary();
+  const NmeaSummary& summary = first.summary();
   std::array<bool, SentenceKinds> trusted{};
   bool again = false;
   for (std::size_t k = 0; k < SentenceKinds; ++k) {
     trusted.at(k) = summary.good.at(k) == 0 && summary.wrongChecksum.at(k) > 0;
     again = again || trusted.at(k);
   }
-  if (again) {
-    fixes.clear();
-    Walk second(trusted, keep);
-    PerRiga(log, [&second](std::string_view line) { second.line(line); });
-    summary = second.summary();
-  }
-  for (const NmeaFix& fix : fixes) sink(fix);
-  return summary;
+  if (!again) return summary;
+  restart();
+  Walk second(trusted, sink);
+  PerRiga(log, [&second](std::string_view line) { second.line(line); });
+  return second.summary();
 }
 
 bool SembraNmea(std::string_view text) {

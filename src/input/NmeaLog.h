@@ -36,9 +36,11 @@ struct NmeaSummary {
 
 /// Walks a log once. Sentences may stand behind a logger's own stamp; lines end in LF, CR LF or CR; NUL bytes are
 /// passed over; a sentence without checksum is taken, one with a wrong checksum is left out. Only where every sentence
-/// of a kind has a wrong one are they taken, in a second walk. A fix is made of each position sentence of a new time;
-/// times that fall back by more than half a day have passed midnight.
-NmeaSummary PercorriNmea(std::string_view log, const std::function<void(const NmeaFix&)>& sink);
+/// of a kind has a wrong one are they taken, in a second walk, before which `restart` tells that the fixes handed on
+/// until then are void. A fix is made of each position sentence of a new time; times that fall back by more than half a
+/// day have passed midnight.
+NmeaSummary PercorriNmea(std::string_view log, const std::function<void(const NmeaFix&)>& sink,
+                         const std::function<void()>& restart);
 
 /// True when a text holds such sentences near its beginning.
 bool SembraNmea(std::string_view text);

@@ -241,7 +241,7 @@ TrackRead LeggiFileNav(std::string_view content, GeoGeo& geo) {
   read.kind = TrackKind::Nmea;
   std::size_t withoutDepth = 0;
   std::size_t unconverted = 0;
-  const NmeaSummary summary = PercorriNmea(content, [&](const NmeaFix& fix) {
+  const auto take = [&](const NmeaFix& fix) {
     if (geo.UTMzone() == 0) geo.Nord(fix.latitude >= 0.0);
     geo.Posizione(fix.latitude, fix.longitude);
     if (!geo.Geo2UTM() || !Usabile(geo.UTMx(), geo.UTMy())) {
@@ -257,7 +257,12 @@ TrackRead LeggiFileNav(std::string_view content, GeoGeo& geo) {
     point.Prof = fix.depth;
     point.DataOra = fix.seconds / 86400.0;
     read.fixes.append(point);
-  });
+  };
+  const auto restart = [&] {
+    read.fixes.clear();
+    withoutDepth = unconverted = 0;
+  };
+  const NmeaSummary summary = PercorriNmea(content, take, restart);
   for (PuntoGPSEst& fix : read.fixes) fix.DataOra += summary.firstDay;
   read.lines = summary.lines;
   RilieviNmea(summary, withoutDepth, read.fixes.size(), read);
