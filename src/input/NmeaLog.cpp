@@ -1,10 +1,14 @@
 #include "input/NmeaLog.h"
 
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 #include <optional>
+#include <span>
 #include <string>
+
+#include "base/Bytes.h"
 
 namespace corvan {
 namespace {
@@ -114,11 +118,45 @@ std::optional<double> Giorno(int year, int month, int day) {
   return era * 146097.0 + dayOfEra - 719468.0 + 25569.0;
 }
 
-struct Fields {
-  std::array<std::string_view, MaxFields> field;
-  std::size_t count = 0;
+/// The fields of a sentence, at most the eleven that any reader of ours needs; the last holds the rest.
+class Fields {
+ public:
+  std::string_view operator[](std::size_t k) const { return k < count_ ? field_[k] : std::string_view(); }
 
-  std::string_view operator[](std::size_t k) const { return k < count ? field.at(k) : std::string_view(); }
+  /// Cuts the text between "$" and "*" at its commas. @return the XOR of its bytes
+  /// Eight bytes at a time: a branch for each byte guesses wrong at every comma and costs half of the reader's time.
+  unsigned taglia(std::string_view body) {
+    constexpr std::uint64_t commas = 0x2C2C2C2C2C2C2C2CU, low = 0x7F7F7F7F7F7F7F7FU;
+    std::uint64_t sum = 0;
+    std::size_t start = 0;
+    std::size_t at = 0;
+    for (; at + 8 <= body.size(); at += 8) {
+      const auto eight = LeggiLE<std::uint64_t>(std::as_bytes(std::span(body)), at);
+      sum ^= eight;
+      const std::uint64_t other = eight ^ commas;
+      for (std::uint64_t found = ~(((other & low) + low) | other | low); found != 0; found &= found - 1) {
+        campo(body, start, at + static_cast<std::size_t>(std::countr_zero(found)) / 8);
+      }
+    }
+    unsigned all = 0;
+    for (int shift = 0; shift < 64; shift += 8) all ^= static_cast<unsigned>(sum >> shift & 0xFFU);
+    for (; at < body.size(); ++at) {
+      all ^= static_cast<unsigned char>(body[at]);
+      if (body[at] == ',') campo(body, start, at);
+    }
+    field_[count_++] = body.substr(start);
+    return all;
+  }
+
+ private:
+  void campo(std::string_view body, std::size_t& start, std::size_t end) {
+    if (count_ + 1 >= MaxFields) return;
+    field_[count_++] = body.substr(start, end - start);
+    start = end + 1;
+  }
+
+  std::array<std::string_view, MaxFields> field_{};
+  std::size_t count_ = 0;
 };
 
 /// One walk over a log.
@@ -151,30 +189,22 @@ class Walk {
   bool sentence(std::string_view text) {
     const std::optional<Sentence> kind = Tipo(text.substr(0, 5));
     if (!kind) return false;
-    if (std::memchr(text.data(), '\0', text.size()) != nullptr) return false;
     const auto k = static_cast<std::size_t>(*kind);
-    ++summary_.sentences;
     const auto* star = static_cast<const char*>(std::memchr(text.data(), '*', text.size()));
     const std::string_view body =
         text.substr(0, star == nullptr ? text.size() : static_cast<std::size_t>(star - text.data()));
-    if (star != nullptr && !summary_.trusted.at(k)) {
-      unsigned char sum = 0;
-      for (const char c : body) sum = static_cast<unsigned char>(sum ^ static_cast<unsigned char>(c));
-      if (!vera(text.substr(body.size() + 1), sum)) {
-        ++summary_.wrongChecksum.at(k);
-        return true;
-      }
-    }
     Fields fields;
-    std::size_t start = 0;
-    for (std::size_t at = 0; at < body.size() && fields.count < MaxFields - 1; ++at) {
-      if (body[at] != ',') continue;
-      fields.field[fields.count++] = body.substr(start, at - start);
-      start = at + 1;
+    const unsigned sum = fields.taglia(body);
+    if (star != nullptr && !summary_.trusted.at(k) && !vera(text.substr(body.size() + 1), sum)) {
+      ++summary_.sentences;
+      ++summary_.wrongChecksum.at(k);
+      return true;
     }
-    fields.field[fields.count++] = body.substr(start);
+    const bool read = take(*kind, fields);
+    if (!read && body.find('\0') != std::string_view::npos) return false;  // NUL bytes leave the sum as it is
+    ++summary_.sentences;
     ++summary_.good.at(k);
-    if (!take(*kind, fields)) ++summary_.malformed.at(k);
+    summary_.malformed.at(k) += read ? 0U : 1U;
     return true;
   }
 

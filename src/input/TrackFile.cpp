@@ -239,6 +239,7 @@ TrackRead LeggiGPS6Col(std::string_view content, GeoGeo& geo) {
 TrackRead LeggiFileNav(std::string_view content, GeoGeo& geo) {
   TrackRead read;
   read.kind = TrackKind::Nmea;
+  read.fixes.reserve(content.size() / 512);  // a fix a second between the sentences of other instruments
   std::size_t withoutDepth = 0;
   std::size_t unconverted = 0;
   const auto take = [&](const NmeaFix& fix) {
