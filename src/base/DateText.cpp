@@ -103,6 +103,16 @@ double Ora(Pezzi& text) {
   return (hour * 3600.0 + minute * 60.0 + second) / 86400.0;
 }
 
+/// A text as a message may show it: its beginning, other than printable characters as "?".
+std::string Leggibile(std::string_view text) {
+  constexpr std::size_t most = 40;
+  std::string shown(text.substr(0, most));
+  for (char& c : shown) {
+    if (c < ' ' || c > '~') c = '?';
+  }
+  return text.size() > most ? shown + "..." : shown;
+}
+
 }  // namespace
 
 double DataDaTesto(std::string_view text) {
@@ -121,7 +131,7 @@ double DataDaTesto(std::string_view text) {
     pieces.blanks();
     return AGiorni(date) + (pieces.empty() ? 0.0 : Ora(pieces));
   } catch (const RunTimeError&) {
-    throw RunTimeError("\"" + std::string(text) + "\" is no date and time");
+    throw RunTimeError("\"" + Leggibile(text) + "\" is no date and time");
   }
 }
 

@@ -10,7 +10,7 @@ namespace corvan {
 namespace {
 
 constexpr Colour MeasurementColour = 0x202020;
-constexpr Colour FixColour = 0x006400;
+constexpr Colour FixColour = 0x00A838;
 constexpr Colour ElectrodeColour = 0xB03000;
 
 /// Marks grow with the picture, so that they are as easy to see on a fine screen.
