@@ -17,6 +17,9 @@
 namespace corvan {
 namespace {
 
+/// Nobody surveys so far from the boat that records the track, m.
+constexpr double FarAway = 50'000.0;
+
 /// Lines of a text, the empty one behind the last line end included.
 std::size_t Pezzi(std::string_view content) {
   return static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) + 1;
@@ -84,6 +87,12 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   track.layout = geo_.LatLonFormat();
   if (track.PuntiGPSEst.empty()) {
     diagnostics_.fault("LeggiGPSEsterno", fileName.string() + ": holds no fix");
+  } else if (survey_.Misure.empty()) {
+    EstensioneDaTraccia(survey_);
+  } else if (const double away = DistanzaDaTraccia(survey_); away > FarAway) {
+    diagnostics_.fault("LeggiGPSEsterno", fileName.string() + ": the track lies " +
+                                              TestoNumero(std::round(away / 1000)) +
+                                              " km from the survey (is the UTM zone right?)");
   }
   return true;
 }

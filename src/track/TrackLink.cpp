@@ -8,6 +8,7 @@
 
 #include "base/OleDate.h"
 #include "base/Rounding.h"
+#include "geo/Plane.h"
 
 namespace corvan {
 namespace {
@@ -147,6 +148,32 @@ TimeLink LinkDataGPST(Survey& survey, double clockOffset) {
     }
   }
   return link;
+}
+
+double DistanzaDaTraccia(const Survey& survey) {
+  double nearest = std::numeric_limits<double>::infinity();
+  for (const PuntoGPSEst& fix : survey.tracciaEst.PuntiGPSEst) {
+    nearest = std::min(nearest, dist(fix.X, fix.Y, survey.traccia.CentroX, survey.traccia.CentroY));
+  }
+  return nearest;
+}
+
+void EstensioneDaTraccia(Survey& survey) {
+  const Array1<PuntoGPSEst>& fixes = survey.tracciaEst.PuntiGPSEst;
+  if (fixes.empty()) return;
+  TrackExtent& t = survey.traccia;
+  t.XMin = t.XMax = fixes(1).X;
+  t.YMin = t.YMax = fixes(1).Y;
+  for (const PuntoGPSEst& fix : fixes) {
+    t.XMin = std::min(t.XMin, fix.X);
+    t.XMax = std::max(t.XMax, fix.X);
+    t.YMin = std::min(t.YMin, fix.Y);
+    t.YMax = std::max(t.YMax, fix.Y);
+  }
+  t.CentroX = SingoloOppure((t.XMin + t.XMax) / 2.0, 0.0F);
+  t.CentroY = SingoloOppure((t.YMin + t.YMax) / 2.0, 0.0F);
+  t.EstensioneX = t.XMax - t.XMin;
+  t.EstensioneY = t.YMax - t.YMin;
 }
 
 void ScartaSenzaTraccia(Survey& survey) {

@@ -27,6 +27,12 @@ struct TimeLink {
 /// @param clockOffset seconds added to the measurements' times
 TimeLink LinkDataGPST(Survey& survey, double clockOffset);
 
+/// From the middle of the survey to its nearest fix, m.
+double DistanzaDaTraccia(const Survey& survey);
+
+/// Bounding box and scene origin of a track without a survey, so that it can be looked at.
+void EstensioneDaTraccia(Survey& survey);
+
 /// Marks the measurements of a survey linked to an empty track as discarded; the analysis takes the marks away.
 void ScartaSenzaTraccia(Survey& survey);
 

@@ -551,6 +551,22 @@ TEST(ExternalTracks, WithTooFewLinesAskAndCancelLeavesAllAsItWas) {
   EXPECT_EQ(f.session.survey().tracciaEst.NumGPSEst(), 1);
 }
 
+TEST(ExternalTracks, FarFromTheSurveyAreTold) {
+  TrackFixture f;
+  f.dialogs.answers["UTM Zone n. "] = {"32"};
+  f.session.SetUtmZone_Click();
+  f.load("csv");  // eastings of zone 33
+  EXPECT_NE(f.session.diagnostics().entries().back().reason.find("km from the survey (is the UTM zone right?)"),
+            std::string::npos);
+}
+
+TEST(ExternalTracks, AreSeenWithoutASurvey) {
+  Fixture f;
+  f.session.LeggiGPSEsterno(Samples / "lagoon_track.nav");
+  EXPECT_GT(f.session.view().Lato, 800.0F);
+  EXPECT_LT(std::abs(f.session.scene().gps(1).x), 1000.0F);
+}
+
 TEST(ExternalTracks, MoveWithTheZoneOfTheSurvey) {
   Fixture f;
   f.session.LeggiGPSEsterno(Samples / "lagoon_track.nav");
