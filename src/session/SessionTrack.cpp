@@ -25,6 +25,20 @@ std::size_t Pezzi(std::string_view content) {
   return static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) + 1;
 }
 
+TrackRead LeggiCon(TrackKind reader, std::string_view content, GeoGeo& geo, Dialogs& dialogs) {
+  switch (reader) {
+    case TrackKind::Csv:
+      return LeggiFileCSV(content, geo);
+    case TrackKind::SixColumns:
+      return LeggiGPS6Col(content, geo);
+    case TrackKind::Nmea:
+      return LeggiFileNav(content, geo);
+    case TrackKind::Sav:
+      return LeggiFileSav(content, geo, dialogs);
+  }
+  return {};
+}
+
 std::string Secondi(double seconds) {
   if (seconds < 120.0) return TestoNumero(seconds) + " s";
   if (seconds < 7200.0) return FormattaNumero(seconds / 60.0, "0.#") + " min";
@@ -61,21 +75,7 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   const bool few = kind == TrackKind::SixColumns && Pezzi(bytes.text()) < survey_.Misure.size();
   if (few && dialogs_.MsgBox({"not enough GPS points", "", Buttons::OkCancel}) != Answer::Ok) return false;
 
-  TrackRead read;
-  switch (kind) {
-    case TrackKind::Csv:
-      read = LeggiFileCSV(bytes.text(), geo_);
-      break;
-    case TrackKind::SixColumns:
-      read = LeggiGPS6Col(bytes.text(), geo_);
-      break;
-    case TrackKind::Nmea:
-      read = LeggiFileNav(bytes.text(), geo_);
-      break;
-    case TrackKind::Sav:
-      read = LeggiFileSav(bytes.text(), geo_, dialogs_);
-      break;
-  }
+  TrackRead read = LeggiCon(kind, bytes.text(), geo_, dialogs_);
   for (const auto& [severity, reason] : read.findings) {
     diagnostics_.add({"LeggiGPSEsterno", fileName.string() + ": " + reason, severity});
   }
@@ -217,9 +217,11 @@ void Session::gpslbl_Click(std::int32_t Index) {
   ++statoSelezione_;
   pickedFixes_.push_back(Index);
   const bool first = statoSelezione_ == 1;
-  (first ? FrameExtrema.E1Txt : FrameExtrema.E2txt) = std::to_string(nearest);
-  (first ? FrameExtrema.PrimoLbl : FrameExtrema.SecondoLbl) = {DescriviFix(survey_, static_cast<std::size_t>(Index)),
-                                                               ""};
+  std::string& box = first ? FrameExtrema.E1Txt : FrameExtrema.E2txt;
+  TaggedLabel& label = first ? FrameExtrema.PrimoLbl : FrameExtrema.SecondoLbl;
+  box = std::to_string(nearest);
+  label.Caption = DescriviFix(survey_, static_cast<std::size_t>(Index));
+  label.Tag.clear();
   DisegnaImmagineQ();
 }
 
