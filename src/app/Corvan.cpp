@@ -68,6 +68,7 @@ Corvan::~Corvan() { session_.Form_Resize(nullptr); }
 void Corvan::creaPannelli() {
   const auto changed = [this] { aggiorna(); };
   fileIn_ = new FrameFileIn(session_, changed);
+  fileIn_->apriCartella(QDir::currentPath());
   fileOut_ = new FrameFileOut(session_, changed);
   extrema_ = new FrameExtrema(session_, changed);
   view_ = new FrameView(session_, changed);

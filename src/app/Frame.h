@@ -26,14 +26,8 @@ class Frame : public QGroupBox {
  protected:
   Session& session() const { return session_; }
   void changed() const { changed_(); }
-  /// A command without arguments, followed by changed().
-  template <class Command>
-  auto esegui(Command command) {
-    return [this, command] {
-      (session_.*command)();
-      changed_();
-    };
-  }
+  /// A command without arguments, followed by changed(): for the signal of a control.
+  std::function<void()> esegui(void (Session::*command)()) const;
 
  private:
   Session& session_;

@@ -36,7 +36,7 @@ QString Descrizione(const QStorageInfo& volume) {
 
 /// A folder's name behind as many blanks as it has parents.
 void AggiungiCartella(QListWidget* list, const QString& text, const QString& path, int depth) {
-  auto* item = new QListWidgetItem(QString(2 * depth, QLatin1Char(' ')) + text, list);
+  auto* item = new QListWidgetItem(QString(qsizetype{2} * depth, QLatin1Char(' ')) + text, list);
   item->setData(PathRole, path);
   item->setToolTip(QDir::toNativeSeparators(path));
 }
@@ -102,7 +102,6 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   connect(enter, &QShortcut::activated, this, [this] { leggiSelezione(); });
   connect(ConvertAsciiCmd, &QPushButton::clicked, this, [this] { leggiSelezione(); });
   connect(CancCmd, &QPushButton::clicked, this, esegui(&Session::CancCmd_Click));
-  apriCartella(QDir::currentPath());
 }
 
 void FrameFileIn::apriCartella(const QString& folder) {
