@@ -141,7 +141,8 @@ std::vector<TrackFix> Traccia() {
   constexpr double length = SecondsPerFiring * static_cast<double>(Firings - 1);
   const double day = AGiorni({2026, 6, 15, 0, 0, 0});
   std::vector<TrackFix> fixes;
-  for (double second = firstLine - 2.0; second <= secondLine + length + 4.0; second += 3.0) {
+  for (int k = 0; firstLine - 2.0 + 3.0 * k <= secondLine + length + 4.0; ++k) {
+    const double second = firstLine - 2.0 + 3.0 * k;
     const double ofFirst = std::clamp((second - firstLine) / SecondsPerFiring, 0.0, Firings - 1.0);
     const double ofSecond = std::clamp((second - secondLine) / SecondsPerFiring, 0.0, Firings - 1.0);
     Place p = second < secondLine ? Posto(1, ofFirst) : Posto(2, ofSecond);

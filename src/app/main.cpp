@@ -1,6 +1,7 @@
 // corvan: the window.
 #include <QApplication>
 #include <QFileInfo>
+#include <QScreen>
 
 #include "app/Corvan.h"
 #include "app/QtDialogs.h"
@@ -12,7 +13,9 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName("corvan");
   corvan::QtDialogs dialogs;
   corvan::Corvan window(dialogs);
-  window.resize(1360, 820);
+  constexpr int titleBar = 40;  // not part of what is sized here
+  const QSize room = window.screen()->availableSize() - QSize(0, titleBar);
+  window.resize(QSize(1360, 820).boundedTo(room));
   window.show();
   QStringList files;
   for (const QString& argument : QApplication::arguments().mid(1)) {
