@@ -123,11 +123,16 @@ void GeneraTraiettoria(Scene& scene, const Survey& survey) {
   scene.trajectory = Aperto(survey.Misure.size());
   scene.lineEnds.clear();
   scene.placed.clear();
+  // A line ends before the first measurement with a position that is of another file: empty firings name none.
+  std::int16_t line = 0;
   for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
-    const bool last = k == survey.Misure.size();
-    scene.placed.push_back(HaPosizione(survey.Misure(k)));
-    if (last || survey.Misure(k).NumFile != survey.Misure(k + 1).NumFile) scene.lineEnds.push_back(k);
+    const Misura& m = survey.Misure(k);
+    scene.placed.push_back(HaPosizione(m));
+    if (!scene.placed.back()) continue;
+    if (line != 0 && m.NumFile != line) scene.lineEnds.push_back(k - 1);
+    line = m.NumFile;
   }
+  if (!survey.Misure.empty()) scene.lineEnds.push_back(survey.Misure.size());
   // A measurement without position repeats the one before it, at the start the first that has one: outlines then run
   // on instead of turning off to the scene's origin.
   const auto start = std::find_if(survey.Misure.begin(), survey.Misure.end(), HaPosizione);

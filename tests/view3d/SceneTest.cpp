@@ -71,7 +71,7 @@ TEST(ColourRanges, AreTakenFromTheDataOnlyWhenNeverSet) {
 }
 
 TEST(Outlines, RunAlongTheSurfaceAndBackAlongTheBottom) {
-  Survey survey = SurveyOf({{0, 0}, {300010, 5e6}, {0, 0}, {300020, 5e6, 2}});
+  Survey survey = SurveyOf({{0, 0}, {300010, 5e6}, {0, 0, 0}, {300020, 5e6, 2}});
   survey.file.NumCanali = 12;
   const Scene scene = SceneOf(survey);
   ASSERT_EQ(scene.outline.size(), 9U);
@@ -81,6 +81,8 @@ TEST(Outlines, RunAlongTheSurfaceAndBackAlongTheBottom) {
   ExpectPoint(scene.outline(8), 10, 0, -100, "back at the start");
   ExpectPoint(scene.outline(9), 10, 0, 0, "closed");
   EXPECT_EQ(scene.lineEnds, (std::vector<std::size_t>{3, 4}));
+  const Survey gap = SurveyOf({{300010, 5e6}, {0, 0, 0}, {300020, 5e6}});
+  EXPECT_EQ(SceneOf(gap).lineEnds, (std::vector<std::size_t>{3})) << "an empty firing names no file and ends no line";
 }
 
 TEST(EchoSounder, IsTranslatedOnTheWayOutOnly) {
