@@ -128,7 +128,7 @@ void GeneraTraiettoria(Scene& scene, const Survey& survey) {
   for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
     const Misura& m = survey.Misure(k);
     scene.placed.push_back(HaPosizione(m));
-    if (!scene.placed.back()) continue;
+    if (!scene.placed.back() || m.NumFile == 0) continue;
     if (line != 0 && m.NumFile != line) scene.lineEnds.push_back(k - 1);
     line = m.NumFile;
   }

@@ -59,7 +59,7 @@ struct Window {
   bool shown(const char* frame) const { return get<QGroupBox>(frame)->isVisible(); }
 
   /// Selects files of the sample's folder in the list, in the order given.
-  void select(const QStringList& names) {
+  void select(const QStringList& names) const {
     choose("LoadFiles");
     get<QListWidget>("Dir1");
     static_cast<FrameFileIn*>(get<QGroupBox>("FrameFileIn"))->apriCartella(Samples);
