@@ -7,7 +7,6 @@ namespace corvan {
 namespace {
 
 using Fixture = test::SessionFixture;
-using test::Samples;
 
 TEST(ReadFile, GivesTheSampleSurveyWithItsLostFixesTreated) {
   Fixture f;
@@ -101,7 +100,7 @@ TEST(ReadFile, TellsOfBadPositionsOnlyWithoutAFilter) {
 TEST(UtmFiles, KeepTheirPlanePositionsInEveryZone) {
   auto records = test::Firings(2, 10);
   for (std::size_t k = 0; k < records.size(); ++k) {
-    records[k].north = 5030000.5F + static_cast<float>(k / 10);
+    records[k].north = 5030000.5F + std::floor(static_cast<float>(k) / 10.0F);
     records[k].east = 292000.25F;
   }
   Fixture f;
@@ -188,7 +187,10 @@ TEST(Selection, ClearsOnTheThirdClickAndIgnoresWhatIsNoMeasurement) {
 
 TEST(DepthCorrection, TakesTheNeighboursDepth) {
   auto records = test::Firings(3, 10);
-  for (std::size_t k = 0; k < 30; ++k) records[k].depth = static_cast<float>(k / 10 * k / 10 + 1);
+  for (int k = 0; k < 30; ++k) {
+    const int depth = k / 10 * k / 10 + 1;
+    records[static_cast<std::size_t>(k)].depth = static_cast<float>(depth);
+  }
   Fixture f;
   f.read({f.folder.write("survey.bin", test::SyscalFile(records))});
   const float first = f.m(1).Val12;

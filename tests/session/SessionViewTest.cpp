@@ -10,7 +10,6 @@ namespace corvan {
 namespace {
 
 using Fixture = test::SessionFixture;
-using test::Samples;
 
 /// A canvas that only keeps what was asked of it last.
 class ShallowCanvas : public BufferCanvas {

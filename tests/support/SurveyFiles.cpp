@@ -19,7 +19,7 @@ TempFolder::~TempFolder() {
 }
 
 std::filesystem::path TempFolder::write(const std::string& name, const std::string& content) const {
-  const std::filesystem::path full = path_ / name;
+  std::filesystem::path full = path_ / name;
   std::ofstream(full, std::ios::binary) << content;
   return full;
 }
@@ -50,7 +50,7 @@ std::string ScriptedAnswers::InputBox(const InputRequest& request) {
   questions.push_back(request);
   std::vector<std::string>& left = answers[request.prompt];
   if (left.empty()) return "";
-  const std::string answer = left.front();
+  std::string answer = left.front();
   left.erase(left.begin());
   return answer;
 }
