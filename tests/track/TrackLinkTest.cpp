@@ -108,6 +108,7 @@ TEST(TimeLinks, FindWhatAScanFindsWhateverTheOrder) {
     std::uniform_int_distribution<int> second(0, 40), count(1, 12);
     std::vector<PuntoGPSEst> fixes;
     std::vector<double> moments;
+    moments.reserve(20);
     for (int k = count(random); k > 0; --k) fixes.push_back(Fix(second(random), k, 0, 10.0 * k));
     if (round % 3 == 0) {
       std::sort(fixes.begin(), fixes.end(), [](const auto& a, const auto& b) { return a.DataOra < b.DataOra; });
