@@ -12,20 +12,6 @@ namespace {
 
 using namespace corvan;
 
-TrackRead Read(std::string_view content, GeoGeo& geo, Dialogs& dialogs) {
-  switch (static_cast<TrackKind>(FUZZ_READER)) {
-    case TrackKind::Csv:
-      return LeggiFileCSV(content, geo);
-    case TrackKind::SixColumns:
-      return LeggiGPS6Col(content, geo);
-    case TrackKind::Nmea:
-      return LeggiFileNav(content, geo);
-    case TrackKind::Sav:
-      return LeggiFileSav(content, geo, dialogs);
-  }
-  return {};
-}
-
 void PromiseTrack(const Array1<PuntoGPSEst>& fixes) {
   double along = 0.0;
   for (const PuntoGPSEst& fix : fixes) {
@@ -61,7 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (data[0] % 5 != 0 || FUZZ_READER == 0) geo.UTMzone(static_cast<std::int16_t>(data[0] % 60 + 1));
   TrackRead read;
   try {
-    read = Read(fuzz::Text(data + 1, size - 1), geo, dialogs);
+    read = LeggiTraccia(static_cast<TrackKind>(FUZZ_READER), fuzz::Text(data + 1, size - 1), geo, dialogs);
   } catch (const RunTimeError&) {
     return 0;
   }

@@ -284,6 +284,20 @@ TrackRead LeggiFileSav(std::string_view content, GeoGeo& geo, Dialogs& dialogs) 
   return read;
 }
 
+TrackRead LeggiTraccia(TrackKind kind, std::string_view content, GeoGeo& geo, Dialogs& dialogs) {
+  switch (kind) {
+    case TrackKind::Csv:
+      return LeggiFileCSV(content, geo);
+    case TrackKind::SixColumns:
+      return LeggiGPS6Col(content, geo);
+    case TrackKind::Nmea:
+      return LeggiFileNav(content, geo);
+    case TrackKind::Sav:
+      return LeggiFileSav(content, geo, dialogs);
+  }
+  return {};
+}
+
 double CalcolaProgressiva(Array1<PuntoGPSEst>& fixes) {
   for (std::size_t p = 2; p <= fixes.size(); ++p) {
     const PuntoGPSEst& before = fixes(p - 1);

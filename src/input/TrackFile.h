@@ -49,6 +49,9 @@ TrackRead LeggiFileNav(std::string_view content, GeoGeo& geo);
 /// rest of fewer than four stays as it is, and so do all fixes when nothing is answered.
 TrackRead LeggiFileSav(std::string_view content, GeoGeo& geo, Dialogs& dialogs);
 
+/// The reader of a kind.
+TrackRead LeggiTraccia(TrackKind kind, std::string_view content, GeoGeo& geo, Dialogs& dialogs);
+
 /// Fills Progressiva. @return the mean spacing of the fixes, m; 0 below two
 double CalcolaProgressiva(Array1<PuntoGPSEst>& fixes);
 

@@ -2,20 +2,12 @@
 #include <cmath>
 
 #include "base/ErrorTrap.h"
-#include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "session/Session.h"
 #include "survey/MeasurementText.h"
 #include "view3d/Picking.h"
 
 namespace corvan {
-namespace {
-
-constexpr Mask AngleMask = "##0.#";
-constexpr Mask ZoomMask = "##0.##";
-
-}  // namespace
-
 void Session::CoordPic_MouseDown(const MouseEvent& mouse) {
   Trappola(diagnostics_, "CoordPic_MouseDown", [&] {
     if (dragging_ != Dragging::Nothing) return;  // the other button of a drag that runs
@@ -146,10 +138,10 @@ void Session::mostraCavo(std::int32_t index) {
 
 void Session::mostraTrascinamento() {
   mostraAngoli();
-  FrameView.thetalbl = "Theta= " + FormattaNumero(InGradi(view_.AngoloVista), AngleMask);
-  FrameView.philbl = "Phi= " + FormattaNumero(InGradi(view_.AngoloPhi), AngleMask);
-  FrameView.gammalbl = "Gamma= " + FormattaNumero(InGradi(view_.AngoloGamma), AngleMask);
-  FrameView.Zoomlbl = "Zoom= " + FormattaNumero(view_.ZoomFattore, ZoomMask);
+  FrameView.thetalbl = "Theta= " + FrameView.Thetatxt;
+  FrameView.philbl = "Phi= " + FrameView.Phitxt;
+  FrameView.gammalbl = "Gamma= " + FrameView.GammaTxt;
+  FrameView.Zoomlbl = "Zoom= " + FrameView.Zoomtxt;
   FrameView.angleLabelsVisible = dragging_ == Dragging::Rotation;
   FrameView.ZoomlblVisible = dragging_ == Dragging::Zoom;
 }

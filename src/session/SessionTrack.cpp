@@ -25,20 +25,6 @@ std::size_t Pezzi(std::string_view content) {
   return static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) + 1;
 }
 
-TrackRead LeggiCon(TrackKind reader, std::string_view content, GeoGeo& geo, Dialogs& dialogs) {
-  switch (reader) {
-    case TrackKind::Csv:
-      return LeggiFileCSV(content, geo);
-    case TrackKind::SixColumns:
-      return LeggiGPS6Col(content, geo);
-    case TrackKind::Nmea:
-      return LeggiFileNav(content, geo);
-    case TrackKind::Sav:
-      return LeggiFileSav(content, geo, dialogs);
-  }
-  return {};
-}
-
 std::string Secondi(double seconds) {
   if (seconds < 120.0) return TestoNumero(seconds) + " s";
   if (seconds < 7200.0) return FormattaNumero(seconds / 60.0, "0.#") + " min";
@@ -75,7 +61,7 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   const bool few = kind == TrackKind::SixColumns && Pezzi(bytes.text()) < survey_.Misure.size();
   if (few && dialogs_.MsgBox({"not enough GPS points", "", Buttons::OkCancel}) != Answer::Ok) return false;
 
-  TrackRead read = LeggiCon(kind, bytes.text(), geo_, dialogs_);
+  TrackRead read = LeggiTraccia(kind, bytes.text(), geo_, dialogs_);
   for (const auto& [severity, reason] : read.findings) {
     diagnostics_.add({"LeggiGPSEsterno", fileName.string() + ": " + reason, severity});
   }

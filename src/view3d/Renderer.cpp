@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <span>
+#include <utility>
 
 #include "view3d/Projector.h"
 
@@ -85,6 +86,14 @@ LabelStyle Diradato(LabelStyle style, const std::vector<PointLabel>& labels) {
   return style;
 }
 
+/// Puts labels on a layer, thinned where they crowd, and paints them.
+void Mostra(PointLayer& layer, std::vector<PointLabel> labels, const LabelStyle& style, const PixelArea& area,
+            Canvas& canvas) {
+  const LabelStyle fitting = Diradato(style, labels);
+  layer.assign(std::move(labels), fitting, area);
+  layer.dipingi(canvas);
+}
+
 constexpr auto Every = [](std::size_t) { return true; };
 
 /// The arrow keeps to the straight projection in every view.
@@ -142,9 +151,7 @@ void Renderer::DisegnaTraiettoria(const Scene& scene, const ViewState& view, con
   auto labels = Etichette(scene.trajectory, scene.trajectory.size(), view, style.colour,
                           [&scene](std::size_t k) { return scene.placed[k - 1]; });
   Arrossa(labels, notes.picked);
-  const LabelStyle fitting = Diradato(style, labels);
-  ptlbl_.assign(std::move(labels), fitting, view.AreaPixel);
-  ptlbl_.dipingi(canvas);
+  Mostra(ptlbl_, std::move(labels), style, view.AreaPixel, canvas);
 }
 
 void Renderer::DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas) {
@@ -152,9 +159,7 @@ void Renderer::DisegnaEchoSounder(const Scene& scene, const ViewState& view, Can
   const LabelStyle style = Stile(MarkerShape::Dot, 2, qbcolor::DarkBlue, view.AreaPixel);
   auto labels = Etichette(scene.echoSounder, scene.placed.size(), view, style.colour,
                           [&scene](std::size_t k) { return scene.placed[k - 1]; });
-  const LabelStyle fitting = Diradato(style, labels);
-  dptlbl_.assign(std::move(labels), fitting, view.AreaPixel);
-  dptlbl_.dipingi(canvas);
+  Mostra(dptlbl_, std::move(labels), style, view.AreaPixel, canvas);
 }
 
 /// The fixes of the external track, and its bottom: out along it and back the same way, so that the filled polygon is a
@@ -163,9 +168,7 @@ void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, const Pictu
   const LabelStyle style = Stile(MarkerShape::Dot, 2, FixColour, view.AreaPixel);
   auto labels = Etichette(scene.gps, scene.gps.size(), view, style.colour, Every);
   Arrossa(labels, notes.pickedFixes);
-  const LabelStyle fitting = Diradato(style, labels);
-  gpslbl_.assign(std::move(labels), fitting, view.AreaPixel);
-  gpslbl_.dipingi(canvas);
+  Mostra(gpslbl_, std::move(labels), style, view.AreaPixel, canvas);
   Projector(view).tutti(Tutti(scene.gpsDepth), path_);
   std::erase(path_, SenzaPixel);
   canvas.Linea(path_, qbcolor::DarkBlue);
