@@ -42,7 +42,8 @@ void CoordPic::resizeEvent(QResizeEvent*) {
 void CoordPic::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.drawImage(rect(), image_);
-  if (session_.survey().Misure.empty()) disegnaSuggerimento(painter);
+  const Survey& survey = session_.survey();
+  if (survey.Misure.empty() && !survey.tracciaEst.loaded) disegnaSuggerimento(painter);
   disegnaLetture(painter);
   if (session_.dragging() == Dragging::Marker) disegnaMarcatore(painter);
   painter.setPen(QColor(0xB0B0B0));

@@ -122,15 +122,10 @@ bool Traccia(const std::string& name, std::string_view text) {
 void EsaminaTraccia(std::string_view text, FileInfo& info) {
   NoAnswers dialogs;
   GeoGeo geo(dialogs);
-  const TrackKind kind = GenereTraccia(info.name, text);
-  TrackRead read;
-  if (kind == TrackKind::Csv) {
-    geo.UTMzone(32);  // lengths and depths do not depend on it
-    read = LeggiFileCSV(text, geo);
-  } else {
-    read = kind == TrackKind::Nmea || SembraNmea(text) ? LeggiFileNav(text, geo) : LeggiGPS6Col(text, geo);
-    if (kind == TrackKind::Sav) read.kind = kind;
-  }
+  const TrackKind named = GenereTraccia(info.name, text);
+  const bool misnamed = named == TrackKind::SixColumns && SembraNmea(text);
+  if (named == TrackKind::Csv) geo.UTMzone(32);  // lengths and depths do not depend on it
+  TrackRead read = LeggiTraccia(misnamed ? TrackKind::Nmea : named, text, geo, dialogs);
   info.format = NomeGenere(read.kind);
   info.records = read.lines;
   info.firings = info.positioned = read.fixes.size();
@@ -141,6 +136,9 @@ void EsaminaTraccia(std::string_view text, FileInfo& info) {
     info.length = fix.Progressiva;
   }
   info.findings = read.findings;
+  if (misnamed) {
+    info.findings.emplace_back(Severity::Fault, "only a name ending in .nav is read as an NMEA 0183 log: rename it");
+  }
   if (read.fixes.empty()) info.findings.emplace_back(Severity::Fault, "holds no fix");
 }
 

@@ -263,6 +263,10 @@ TEST(Tracks, AreToldByInfo) {
                             "2026-06-15 07:59:58 to 2026-06-15 08:39:40", "depth      2.0 to 12.0 m"}) {
     EXPECT_TRUE(Contains(run.out, words)) << words;
   }
+  cli.folder.write("log.txt", test::Slurp(Track + "nav"));
+  const Outcome misnamed = cli("info log.txt");
+  EXPECT_EQ(misnamed.status, 1);
+  EXPECT_TRUE(Contains(misnamed.err, "only a name ending in .nav")) << misnamed.err;
   cli.folder.write("bad.csv", "h\n1;x;soon;8;;;;1;;1;1\n");
   const Outcome bad = cli("info bad.csv");
   EXPECT_EQ(bad.status, 1);
