@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "BigSurvey.h"
+#include "picture/BufferCanvas.h"
 #include "track/TrackAnalysis.h"
-#include "view3d/BufferCanvas.h"
 #include "view3d/Renderer.h"
 
 namespace corvan::bench {
@@ -48,7 +48,7 @@ Survey Lines(std::size_t count) {
 /// An analysed survey of one size, seen from the south-west and above.
 struct Prepared {
   Silent dialogs;
-  Diagnostics diagnostics;
+  Findings findings;
   GeoGeo geo{dialogs};
   Survey survey;
   Scene scene;
@@ -60,7 +60,7 @@ struct Prepared {
 
   explicit Prepared(std::size_t count) : survey(Lines(count)) {
     geo.UTMzone(33);
-    AnalisiFile(survey, geo, diagnostics);
+    AnalisiFile(survey, geo, findings);
     CreaFourArray(scene, survey, colours);
     GeneraTraiettoria(scene, survey);
     GeneraContorno(scene, survey);

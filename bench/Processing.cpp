@@ -18,18 +18,18 @@ namespace {
 /// An analysed survey and its section, made once for each size.
 struct Prepared {
   Silent dialogs;
-  Diagnostics diagnostics;
+  Findings findings;
   GeoGeo geo{dialogs};
   Survey survey;
   SectionRequest request;
   Section section;
 
   explicit Prepared(std::size_t count) : survey(Measurements(count)) {
-    AnalisiFile(survey, geo, diagnostics);
+    AnalisiFile(survey, geo, findings);
     request.E2 = survey.NumMisure();
     request.echoSounder = true;
     request.position = TruePosition::BehindBoat;
-    section = EstraiSezione(survey, geo, request, diagnostics);
+    section = EstraiSezione(survey, geo, request, findings);
   }
 };
 
@@ -42,12 +42,12 @@ Prepared& At(const benchmark::State& state) {
 
 void Analysis(benchmark::State& state) {
   Prepared& p = At(state);
-  for (auto _ : state) benchmark::DoNotOptimize(AnalisiFile(p.survey, p.geo, p.diagnostics));
+  for (auto _ : state) benchmark::DoNotOptimize(AnalisiFile(p.survey, p.geo, p.findings));
 }
 
 void Extraction(benchmark::State& state) {
   Prepared& p = At(state);
-  for (auto _ : state) benchmark::DoNotOptimize(EstraiSezione(p.survey, p.geo, p.request, p.diagnostics).points);
+  for (auto _ : state) benchmark::DoNotOptimize(EstraiSezione(p.survey, p.geo, p.request, p.findings).points);
 }
 
 /// Times a writer on a file that swallows everything, so that the disk takes no part.
@@ -89,8 +89,7 @@ void SalvaKML(benchmark::State& state) {
   for (auto _ : state) {
     KmlGoogle kml;
     kml.FileName(sink.string());
-    corvan::SalvaKML(kml, p.survey, p.geo, {1, p.survey.NumMisure(), p.section.Passo, {0, 1}}, p.dialogs,
-                     p.diagnostics);
+    corvan::SalvaKML(kml, p.survey, p.geo, {1, p.survey.NumMisure(), p.section.Passo, {0, 1}}, p.dialogs, p.findings);
   }
 }
 

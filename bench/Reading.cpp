@@ -30,10 +30,10 @@ const std::filesystem::path& BigText() {
 void ReadWhole(benchmark::State& state, const std::filesystem::path& path, std::int32_t expected) {
   for (auto _ : state) {
     Silent dialogs;
-    Diagnostics diagnostics;
+    Findings findings;
     Survey survey;
     survey.file.NomeFile = path;
-    InputContext context{survey, dialogs, diagnostics};
+    InputContext context{survey, dialogs, findings};
     LeggiFile(context);
     if (survey.NumMisure() != expected) state.SkipWithError("not all was read");
   }

@@ -94,7 +94,7 @@ inline void Chain(std::string_view content, std::uint8_t choice) {
   constexpr std::array filters{BadGps::NoFilter, BadGps::Skip, BadGps::Interpolate};
   constexpr std::array formats{"DMMSS", "DMM.MMM", "D.DDDD"};
   OneAnswer dialogs(choice % 5 == 0 ? "" : std::to_string(choice % 13));
-  Diagnostics diagnostics;
+  Findings findings;
   Survey survey;
   GeoGeo geo(dialogs);
   geo.LatLonFormat(formats.at(choice % 3));
@@ -103,7 +103,7 @@ inline void Chain(std::string_view content, std::uint8_t choice) {
   if (survey.settings.CoordUTM) geo.UTMzone(33);
   survey.file.NomeFile = Place(content);
   survey.file.NumFile = 1;
-  InputContext context{survey, dialogs, diagnostics,
+  InputContext context{survey, dialogs, findings,
                        choice / 36 % 2 == 0 ? ReadSpan::ToFirstLostFix : ReadSpan::PastLostFixes};
   LeggiFile(context);
   if (survey.Misure.empty()) return;
@@ -111,7 +111,7 @@ inline void Chain(std::string_view content, std::uint8_t choice) {
   for (const BadGps filter : {filters.at(choice / 3 % 3), BadGps::NoFilter, BadGps::Interpolate}) {
     survey.settings.filter = filter;
     TrackResult result;
-    Promise(Trappola(diagnostics, "AnalisiFile", [&] { result = AnalisiFile(survey, geo, diagnostics); }),
+    Promise(Trappola(findings, "AnalisiFile", [&] { result = AnalisiFile(survey, geo, findings); }),
             "the analysis comes to its end");
     PromiseFinite(survey);
     PromiseMarks(survey, result);
@@ -120,7 +120,7 @@ inline void Chain(std::string_view content, std::uint8_t choice) {
   request.E2 = survey.NumMisure();
   request.position = choice % 2 == 0 ? TruePosition::BehindBoat : TruePosition::AsStored;
   request.echoSounder = true;
-  const Section section = EstraiSezione(survey, geo, request, diagnostics);
+  const Section section = EstraiSezione(survey, geo, request, findings);
   PromiseFinite(survey);
   PromiseSection(section, survey);
 }

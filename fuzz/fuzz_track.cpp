@@ -55,8 +55,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   PromiseTrack(read.fixes);
 
   Survey survey = Measurements(read.fixes);
-  Diagnostics diagnostics;
-  AnalisiFile(survey, geo, diagnostics);
+  Findings findings;
+  AnalisiFile(survey, geo, findings);
   survey.tracciaEst.PuntiGPSEst = read.fixes;
   survey.tracciaEst.loaded = true;
   const auto count = static_cast<std::int32_t>(read.fixes.size());
@@ -64,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const TimeLink link = LinkDataGPST(survey, data[0]);
   fuzz::Promise(link.exact + link.between + link.outside + link.withoutTime + link.withoutTrack == survey.Misure.size(),
                 "every measurement is counted once");
-  AnalisiFile(survey, geo, diagnostics);
+  AnalisiFile(survey, geo, findings);
   for (const Misura& m : survey.Misure) {
     for (const double value : {m.UTMx, m.UTMy, m.Lat, m.Lon, m.Distanza, static_cast<double>(m.Val12)}) {
       fuzz::Promise(std::isfinite(value), "a linked measurement is finite");

@@ -234,8 +234,8 @@ void Corvan::mostraStato() {
                                       (survey.tracciaEst.loaded
                                            ? QStringLiteral(", track of %1 fixes").arg(survey.tracciaEst.NumGPSEst())
                                            : QString()));
-  const auto& entries = session_.diagnostics().entries();
-  QString note = entries.empty() ? QString() : QString::fromStdString(entries.back().reason);
+  const auto& entries = session_.findings().entries();
+  QString note = entries.empty() ? QString() : QString::fromStdString(entries.back().detto());
   const auto& outputs = session_.outputs();
   if (outputs.size() > outputsShown_) {
     QStringList names;

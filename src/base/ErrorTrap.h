@@ -6,21 +6,24 @@
 #include <string>
 #include <utility>
 
-#include "base/Diagnostics.h"
+#include "base/Errors.h"
+#include "base/Findings.h"
 
 namespace corvan {
 
 /// Runs the body of a procedure; an error ends it, what it has done stays, and procedure and reason are noted.
 /// @return true when the body came to its end
 template <class Body>
-bool Trappola(Diagnostics& diagnostics, const std::string& procedure, Body&& body) {
+bool Trappola(Findings& findings, const std::string& procedure, Body&& body) {
   try {
     std::forward<Body>(body)();
     return true;
+  } catch (const FileError& error) {
+    findings.fault(procedure, error.reason(), error.path().string());
   } catch (const std::bad_alloc&) {
-    diagnostics.fault(procedure, "not enough memory");
+    findings.fault(procedure, "not enough memory");
   } catch (const std::exception& error) {
-    diagnostics.fault(procedure, error.what());
+    findings.fault(procedure, error.what());
   }
   return false;
 }

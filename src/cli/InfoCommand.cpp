@@ -48,10 +48,10 @@ struct FileInfo {
   std::int32_t largestChannel = 0;
   std::size_t firings = 0;
   std::size_t positioned = 0;
-  Range time;                                              ///< days since 1899-12-30
-  Range depth;                                             ///< m
-  double length = 0;                                       ///< of a track, m
-  std::vector<std::pair<Severity, std::string>> findings;  ///< what would be left unread or is amiss
+  Range time;         ///< days since 1899-12-30
+  Range depth;        ///< m
+  double length = 0;  ///< of a track, m
+  Findings findings;  ///< what would be left unread or is amiss
 };
 
 /// Looks at the firings that a reading with the counted channels would give.
@@ -137,15 +137,15 @@ void EsaminaTraccia(std::string_view text, FileInfo& info) {
   }
   info.findings = read.findings;
   if (misnamed) {
-    info.findings.emplace_back(Severity::Fault, "only a name ending in .nav is read as an NMEA 0183 log: rename it");
+    info.findings.fault(Procedure, "only a name ending in .nav is read as an NMEA 0183 log: rename it");
   }
-  if (read.fixes.empty()) info.findings.emplace_back(Severity::Fault, "holds no fix");
+  if (read.fixes.empty()) info.findings.fault(Procedure, "holds no fix");
 }
 
-FileInfo Esamina(const std::string& name, Diagnostics& diagnostics) {
+FileInfo Esamina(const std::string& name, Findings& findings) {
   FileInfo info;
   info.name = name;
-  Trappola(diagnostics, Procedure, [&] {
+  Trappola(findings, Procedure, [&] {
     FileBytes bytes = LeggiTutto(name);
     info.bytes = bytes.size();
     if (TestataDiTesto(bytes.text())) {
@@ -157,7 +157,7 @@ FileInfo Esamina(const std::string& name, Diagnostics& diagnostics) {
       EsaminaBinario(std::move(bytes), info);
     }
   });
-  for (const auto& [severity, reason] : info.findings) diagnostics.add({Procedure, name + ": " + reason, severity});
+  findings.add(info.findings, name);
   return info;
 }
 
@@ -165,7 +165,7 @@ std::string Quando(double days) { return TestoDataOra(DaGiorni(days)); }
 
 Json InJson(const FileInfo& info) {
   Json unread = Json::array();
-  for (const auto& finding : info.findings) unread.push_back(finding.second);
+  for (const Finding& finding : info.findings.entries()) unread.push_back(finding.reason);
   return {{"name", info.name},
           {"format", info.format.empty() ? Json(nullptr) : Json(info.format)},
           {"bytes", info.bytes},
@@ -208,24 +208,24 @@ std::string InTesto(const FileInfo& info) {
     out << "  depth      " << FormattaNumero(info.depth.low, "0.0##") << " to "
         << FormattaNumero(info.depth.high, "0.0##") << " m\n";
   }
-  for (const auto& finding : info.findings) out << "  - " << finding.second << '\n';
+  for (const Finding& finding : info.findings.entries()) out << "  - " << finding.reason << '\n';
   return out.str();
 }
 
 int Esegui(const std::vector<std::string>& files, bool json) {
-  Diagnostics diagnostics;
+  Findings findings;
   Json list = Json::array();
   for (const std::string& name : files) {
-    const FileInfo info = Esamina(name, diagnostics);
+    const FileInfo info = Esamina(name, findings);
     if (json) {
       list.push_back(InJson(info));
     } else {
       std::cout << InTesto(info);
     }
   }
-  if (json) std::cout << TestoJson({{"files", list}, {"diagnostics", DiagnosticaJson(diagnostics)}});
-  StampaDiagnostica(diagnostics);
-  return diagnostics.anyFault() ? NotAllDone : AllDone;
+  if (json) std::cout << TestoJson({{"files", list}, {"diagnostics", RilieviJson(findings)}});
+  StampaRilievi(findings);
+  return findings.anyFault() ? NotAllDone : AllDone;
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ struct PictureOptions {
 void AggiungiImmagine(CLI::App& command, PictureOptions& options);
 
 /// Sets the view, paints the survey and writes the picture, where one is asked for. Failures end in the session's
-/// diagnostics.
+/// findings.
 void FaiImmagine(Session& session, const PictureOptions& options);
 
 }  // namespace corvan::cli

@@ -151,13 +151,13 @@ int Esegui(const ProcessOptions& options) {
   FaiImmagine(session, options.picture);
   ScegliEstremi(session, options);
   session.SalvaEstrattoFile();
-  StampaDiagnostica(session.diagnostics());
+  StampaRilievi(session.findings());
   std::cout << (options.json ? TestoJson(SommarioJson(session, dialogs.messages())) : SommarioTesto(session));
   // A track shorter than the survey is taken all the same; every other message tells of something not done.
   const auto& messages = dialogs.messages();
   const bool refused = std::any_of(messages.begin(), messages.end(),
                                    [](const std::string& text) { return text != "not enough GPS points"; });
-  return session.diagnostics().anyFault() || refused ? NotAllDone : AllDone;
+  return session.findings().anyFault() || refused ? NotAllDone : AllDone;
 }
 
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {

@@ -89,7 +89,7 @@ Json SommarioJson(const Session& session, const std::vector<std::string>& messag
   json["outputs"] = Json::array();
   for (const auto& path : session.outputs()) json["outputs"].push_back(path.string());
   json["messages"] = messages;
-  json["diagnostics"] = DiagnosticaJson(session.diagnostics());
+  json["diagnostics"] = RilieviJson(session.findings());
   return json;
 }
 

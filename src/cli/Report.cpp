@@ -7,15 +7,26 @@
 
 namespace corvan::cli {
 
-void StampaDiagnostica(const Diagnostics& diagnostics) {
-  for (const Diagnostic& d : diagnostics.entries()) {
-    std::cerr << (d.severity == Severity::Fault ? "error: " : "note: ") << d.procedure << ": " << d.reason << '\n';
+namespace {
+
+const char* Parola(Severity severity) { return severity == Severity::Fault ? "error" : "note"; }
+
+}  // namespace
+
+void StampaRilievi(const Findings& findings) {
+  for (const Finding& f : findings.entries()) {
+    std::cerr << Parola(f.severity) << ": " << f.procedure << ": " << f.detto() << '\n';
   }
 }
 
-Json DiagnosticaJson(const Diagnostics& diagnostics) {
+Json RilieviJson(const Findings& findings) {
   Json list = Json::array();
-  for (const Diagnostic& d : diagnostics.entries()) list.push_back({{"procedure", d.procedure}, {"reason", d.reason}});
+  for (const Finding& f : findings.entries()) {
+    list.push_back({{"severity", f.severity == Severity::Fault ? "fault" : "note"},
+                    {"procedure", f.procedure},
+                    {"file", f.file},
+                    {"reason", f.reason}});
+  }
   return list;
 }
 

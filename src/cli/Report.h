@@ -1,19 +1,19 @@
-// How results and diagnostics are printed.
+// How results and findings are printed.
 #pragma once
 
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "base/Diagnostics.h"
+#include "base/Findings.h"
 
 namespace corvan::cli {
 
 using Json = nlohmann::ordered_json;
 
-/// Prints every diagnostic on standard error, one line each, faults as "error", notes as "note".
-void StampaDiagnostica(const Diagnostics& diagnostics);
+/// Prints every finding on standard error, one line each, faults as "error", notes as "note".
+void StampaRilievi(const Findings& findings);
 
-Json DiagnosticaJson(const Diagnostics& diagnostics);
+Json RilieviJson(const Findings& findings);
 
 /// A single as the number that its shortest text reads, so that 0.1 stays 0.1; null when it is not finite.
 Json NumeroJson(float value);

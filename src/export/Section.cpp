@@ -147,7 +147,7 @@ void CreaRecord(Survey& survey, Extraction& x) {
 
 }  // namespace
 
-Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Diagnostics& diagnostics) {
+Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Findings& findings) {
   const CableGeometry cable = MisuraCavo(survey.cavo);
   Extraction x{request, cable, ElectrodeGrid(x.cable, request.OffsetCavo), {}};
   x.section.E1 = request.E1;
@@ -157,11 +157,11 @@ Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request
   const std::vector<std::int32_t> kept = PuntiTenuti(survey, request.E1, request.E2);
   if (kept.empty()) {
     x.section.Profilo = x.section.ProfiloVero = Profile(request.E1, request.E2);
-    diagnostics.fault(Procedure, "no measurement of the section has a position: no records");
+    findings.fault(Procedure, "no measurement of the section has a position: no records");
     return std::move(x.section);
   }
   if (cable.Passo == 0.0) {
-    diagnostics.fault(Procedure, "C1 and C2 coincide, the electrode spacing is 0: places along the section are left 0");
+    findings.fault(Procedure, "C1 and C2 coincide, the electrode spacing is 0: places along the section are left 0");
   }
   x.section.Profilo = CreaProfilo(survey, x.section, kept);
   CalcolaPosizioniVere(survey, kept, request.position, cable.Lag(request.OffsetCavo));

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "base/Diagnostics.h"
+#include "base/Findings.h"
 #include "geo/GeoGeo.h"
 #include "survey/Quadrupole.h"
 #include "survey/Survey.h"
@@ -43,6 +43,6 @@ struct Section {
 /// geographic source are computed anew from latitude and longitude. Measurements that are left out give no records;
 /// those without a position repeat the place of the kept one before them. Without any kept point there are no records.
 /// Errors: a failing step (an electrode spacing of 0, a reading that is not finite) leaves its target 0 and is noted.
-Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Diagnostics& diagnostics);
+Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Findings& findings);
 
 }  // namespace corvan

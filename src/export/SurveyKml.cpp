@@ -153,7 +153,7 @@ class Curtain {
 }  // namespace
 
 void SalvaKML(KmlGoogle& kml, const Survey& survey, GeoGeo& geo, const CurtainRequest& request, Dialogs& dialogs,
-              Diagnostics& diagnostics) {
+              Findings& findings) {
   const FormatGuard format(geo);
   ChiediZona(geo, dialogs);
   const double offset = ChiediAltezza(dialogs);
@@ -164,8 +164,8 @@ void SalvaKML(KmlGoogle& kml, const Survey& survey, GeoGeo& geo, const CurtainRe
   curtain.write();
   kml.CloseKml();
   if (curtain.skipped() > 0) {
-    diagnostics.fault("SalvaKML",
-                      "cells without a finite resistivity or place left out: " + std::to_string(curtain.skipped()));
+    findings.fault("SalvaKML",
+                   "cells without a finite resistivity or place left out: " + std::to_string(curtain.skipped()));
   }
 }
 

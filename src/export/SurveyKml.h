@@ -3,12 +3,12 @@
 
 #include <cstdint>
 
-#include "base/Diagnostics.h"
 #include "base/Dialogs.h"
+#include "base/Findings.h"
 #include "export/KmlGoogle.h"
 #include "geo/GeoGeo.h"
+#include "picture/ColourScale.h"
 #include "survey/Survey.h"
-#include "view3d/ColourScale.h"
 
 namespace corvan {
 
@@ -28,6 +28,6 @@ struct CurtainRequest {
 /// Errors: a reading that is not finite, or a corner that cannot be converted, gives no cell and is noted.
 /// @throws FileError
 void SalvaKML(KmlGoogle& kml, const Survey& survey, GeoGeo& geo, const CurtainRequest& request, Dialogs& dialogs,
-              Diagnostics& diagnostics);
+              Findings& findings);
 
 }  // namespace corvan

@@ -1,8 +1,8 @@
 // What a reader works on.
 #pragma once
 
-#include "base/Diagnostics.h"
 #include "base/Dialogs.h"
+#include "base/Findings.h"
 #include "survey/Survey.h"
 
 namespace corvan {
@@ -16,7 +16,7 @@ enum class ReadSpan {
 struct InputContext {
   Survey& survey;
   Dialogs& dialogs;
-  Diagnostics& diagnostics;
+  Findings& findings;
   ReadSpan span = ReadSpan::ToFirstLostFix;
 };
 

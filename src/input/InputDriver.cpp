@@ -25,7 +25,7 @@ void LeggiFile(InputContext& context) {
   if (!ignored) summary.bytes = bytes;
   survey.files.push_back(summary);
 
-  Trappola(context.diagnostics, "LeggiFile", [&] {
+  Trappola(context.findings, "LeggiFile", [&] {
     survey.file.TipoFile = Maiuscolo(LeggiInizio(survey.file.NomeFile, TextHeader.size()).text());
     if (TestataDiTesto(survey.file.TipoFile)) {
       LeggiFileCorvan(context);

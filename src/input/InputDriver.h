@@ -12,7 +12,7 @@ namespace corvan {
 bool TestataDiTesto(std::string_view firstBytes);
 
 /// Reads survey.file.NomeFile with the reader that its first eight bytes call for and notes what it gave in
-/// survey.files. Errors end in the diagnostics.
+/// survey.files. Errors end in the findings.
 void LeggiFile(InputContext& context);
 
 }  // namespace corvan

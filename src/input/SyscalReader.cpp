@@ -85,7 +85,7 @@ void PrendiFile(Survey& survey, const SyscalScan& scan) {
 void LeggiSyscalPro2(InputContext& context) {
   Survey& survey = context.survey;
   const std::string name = survey.file.NomeFile.string();
-  Trappola(context.diagnostics, Procedure, [&] {
+  Trappola(context.findings, Procedure, [&] {
     FileBytes bytes = LeggiTutto(survey.file.NomeFile);
     if (const std::string reason = RifiutoSyscal(bytes.size()); !reason.empty()) throw FileError(name, reason);
     SyscalScan scan = EsaminaSyscal(std::move(bytes));
@@ -102,9 +102,7 @@ void LeggiSyscalPro2(InputContext& context) {
     }
     const bool past = context.span == ReadSpan::PastLostFixes && scan.anyFix();
     const std::size_t last = past ? scan.ultimoFix : scan.UltimoValido;
-    for (const auto& [severity, reason] : RilieviSyscal(scan, last, channels, past)) {
-      context.diagnostics.add({Procedure, name + ": " + reason, severity});
-    }
+    context.findings.add(RilieviSyscal(scan, last, channels, past), name);
     survey.file.NumCanali = survey.files.back().channels = channels;
     survey.file.CanaliImpostati = 1;
     const std::size_t first = scan.PrimoValido;

@@ -21,7 +21,7 @@ namespace corvan {
 /// then lost.
 /// @param context survey.file.NomeFile names the file
 /// Errors: a file that cannot be read, is too short, is no Syscal file or gets a channel number below 1 adds nothing;
-/// each is one diagnostic naming the file.
+/// each is one finding naming the file.
 void LeggiSyscalPro2(InputContext& context);
 
 inline constexpr std::size_t OldRecordLength = 248;

@@ -37,7 +37,9 @@ std::string Quanti(std::size_t count, const char* one, const char* many) {
 
 std::string Record(std::size_t count) { return Quanti(count, "record", "records"); }
 
-using Rilievi = std::vector<std::pair<Severity, std::string>>;
+using Rilievi = Findings;
+
+constexpr const char* Procedure = "LeggiSyscalPro2";
 
 /// The file's length against the records it should hold.
 void RilieviLunghezza(const SyscalScan& scan, Rilievi& out) {
@@ -45,43 +47,40 @@ void RilieviLunghezza(const SyscalScan& scan, Rilievi& out) {
   const std::size_t body = records.fileSize() - FirstRecord;
   const std::size_t length = records.length();
   if (records.size() == 0) {
-    out.emplace_back(Severity::Fault, "holds no record");
+    out.fault(Procedure, "holds no record");
   } else if (const std::size_t held = records.held(records.size()); held < length) {
-    out.emplace_back(Severity::Fault, "is cut short: the last record holds " + std::to_string(held) + " of " +
-                                          std::to_string(length) + " bytes, the missing ones read as zero");
+    out.fault(Procedure, "is cut short: the last record holds " + std::to_string(held) + " of " +
+                             std::to_string(length) + " bytes, the missing ones read as zero");
   } else if (const std::size_t rest = body - records.size() * length; rest > 0) {
-    out.emplace_back(Severity::Fault, Quanti(rest, "byte", "bytes") + " behind the last record left unread");
+    out.fault(Procedure, Quanti(rest, "byte", "bytes") + " behind the last record left unread");
   }
 }
 
 void RilieviTipo(const SyscalScan& scan, Rilievi& out) {
   if (scan.type == 0) {
-    out.emplace_back(Severity::Note,
-                     "records of 248 bytes have no room for a position: channel, position and time are "
-                     "taken from the bytes behind each record");
+    out.note(Procedure,
+             "records of 248 bytes have no room for a position: channel, position and time are "
+             "taken from the bytes behind each record");
   } else if (scan.type < 0 || scan.type > 3) {
-    out.emplace_back(Severity::Note, "record type word " + std::to_string(scan.type) +
-                                         " is not 0 to 3: read as records of " + std::to_string(scan.records.length()) +
-                                         " bytes");
+    out.note(Procedure, "record type word " + std::to_string(scan.type) + " is not 0 to 3: read as records of " +
+                            std::to_string(scan.records.length()) + " bytes");
   }
 }
 
 /// Records left out before and behind those that are read.
 void RilieviEstremi(const SyscalScan& scan, std::size_t last, Rilievi& out) {
   if (!scan.anyFix()) {
-    out.emplace_back(Severity::Fault,
-                     "none of the " + Record(scan.records.size()) + " has a position: no reading is taken");
+    out.fault(Procedure, "none of the " + Record(scan.records.size()) + " has a position: no reading is taken");
     return;
   }
   if (scan.PrimoValido > 1) {
-    out.emplace_back(Severity::Note, Record(scan.PrimoValido - 1) + " before the first position left out");
+    out.note(Procedure, Record(scan.PrimoValido - 1) + " before the first position left out");
   }
   if (last < scan.records.size()) {
     std::size_t positioned = 0;
     for (std::size_t k = last + 1; k <= scan.ultimoFix; ++k) positioned += NordDi(scan.records, k) != 0.0F ? 1U : 0U;
-    out.emplace_back(Severity::Fault, "fix lost at record " + std::to_string(last + 1) + ": " +
-                                          Record(scan.records.size() - last) + " from there on left out, " +
-                                          std::to_string(positioned) + " of them with a position");
+    out.fault(Procedure, "fix lost at record " + std::to_string(last + 1) + ": " + Record(scan.records.size() - last) +
+                             " from there on left out, " + std::to_string(positioned) + " of them with a position");
   }
 }
 
@@ -107,13 +106,13 @@ void RilieviNonFiniti(const SyscalScan& scan, std::size_t last, Rilievi& out) {
     if (readings++ == 0) firstReading = k;
   }
   if (readings > 0) {
-    out.emplace_back(Severity::Fault, Record(readings) +
-                                          " with a reading or electrode that is not a finite number, the "
-                                          "first is record " +
-                                          std::to_string(firstReading));
+    out.fault(Procedure, Record(readings) +
+                             " with a reading or electrode that is not a finite number, the "
+                             "first is record " +
+                             std::to_string(firstReading));
   }
   if (positions > 0) {
-    out.emplace_back(Severity::Note, Record(positions) + " with a position that is not a finite number: taken as lost");
+    out.note(Procedure, Record(positions) + " with a position that is not a finite number: taken as lost");
   }
 }
 
@@ -124,22 +123,21 @@ void RilieviInterni(const SyscalScan& scan, std::size_t last, std::int32_t chann
     halfFixes += NordDi(scan.records, k) != 0.0F && EstDi(scan.records, k) == 0.0F ? 1U : 0U;
   }
   if (halfFixes > 0 && !gapsKept) {
-    out.emplace_back(Severity::Fault, Record(halfFixes) + " with a longitude or easting of 0 passed over");
+    out.fault(Procedure, Record(halfFixes) + " with a longitude or easting of 0 passed over");
   }
   if (scan.counted != scan.MaxCanale) {
-    out.emplace_back(Severity::Note, "the counted " + std::to_string(scan.counted) +
-                                         " channels differ from the largest channel number stored, " +
-                                         std::to_string(scan.MaxCanale) + ": read with " + std::to_string(channels) +
-                                         " a firing (--channels)");
+    out.note(Procedure, "the counted " + std::to_string(scan.counted) +
+                            " channels differ from the largest channel number stored, " +
+                            std::to_string(scan.MaxCanale) + ": read with " + std::to_string(channels) +
+                            " a firing (--channels)");
   }
   if (channels > static_cast<std::int32_t>(MaxChannels)) {
-    out.emplace_back(Severity::Fault, "channels 11 to " + std::to_string(channels) + " of each firing are not stored");
+    out.fault(Procedure, "channels 11 to " + std::to_string(channels) + " of each firing are not stored");
   }
   const std::size_t used = last - scan.PrimoValido + 1;
   if (channels > 0 && used % static_cast<std::size_t>(channels) != 0) {
-    out.emplace_back(Severity::Note, "the last firing has " +
-                                         std::to_string(used % static_cast<std::size_t>(channels)) + " of " +
-                                         std::to_string(channels) + " channels");
+    out.note(Procedure, "the last firing has " + std::to_string(used % static_cast<std::size_t>(channels)) + " of " +
+                            std::to_string(channels) + " channels");
   }
 }
 
@@ -186,8 +184,7 @@ std::string RifiutoSyscal(std::size_t fileSize) {
          std::to_string(ShortestSyscal) + " needed";
 }
 
-std::vector<std::pair<Severity, std::string>> RilieviSyscal(const SyscalScan& scan, std::size_t last,
-                                                            std::int32_t channels, bool gapsKept) {
+Findings RilieviSyscal(const SyscalScan& scan, std::size_t last, std::int32_t channels, bool gapsKept) {
   Rilievi out;
   RilieviTipo(scan, out);
   RilieviLunghezza(scan, out);

@@ -6,10 +6,9 @@
 #include <filesystem>
 #include <string>
 #include <utility>
-#include <vector>
 
-#include "base/Diagnostics.h"
 #include "base/File.h"
+#include "base/Findings.h"
 #include "survey/Misura.h"
 #include "survey/SyscalRecords.h"
 
@@ -45,7 +44,6 @@ std::string RifiutoSyscal(std::size_t fileSize);
 
 /// Why records of the file are not what they should be or are left out when read for `channels` channels a firing up
 /// to record `last`: notes for the operator, faults for what is lost. File names are not part of the sentences.
-std::vector<std::pair<Severity, std::string>> RilieviSyscal(const SyscalScan& scan, std::size_t last,
-                                                            std::int32_t channels, bool gapsKept);
+Findings RilieviSyscal(const SyscalScan& scan, std::size_t last, std::int32_t channels, bool gapsKept);
 
 }  // namespace corvan

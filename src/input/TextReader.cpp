@@ -16,7 +16,7 @@ std::string Righe(std::size_t count) { return std::to_string(count) + (count == 
 void LeggiFileCorvan(InputContext& context) {
   Survey& survey = context.survey;
   const std::string name = survey.file.NomeFile.string();
-  Trappola(context.diagnostics, Procedure, [&] {
+  Trappola(context.findings, Procedure, [&] {
     const FileBytes bytes = LeggiTutto(survey.file.NomeFile);
     survey.file.NumCanali = static_cast<std::int32_t>(MaxChannels);
     FileSummary& summary = survey.files.back();
@@ -33,33 +33,30 @@ void LeggiFileCorvan(InputContext& context) {
       throw FileError(name, std::string(error.what()) + "; reading ended there");
     }
     summary.records = scan.lines;
-    for (const auto& [severity, reason] : RilieviTesto(scan, context.span)) {
-      context.diagnostics.add({Procedure, name + ": " + reason, severity});
-    }
+    context.findings.add(RilieviTesto(scan, context.span), name);
   });
 }
 
-std::vector<std::pair<Severity, std::string>> RilieviTesto(const TextScan& scan, ReadSpan span) {
-  std::vector<std::pair<Severity, std::string>> out;
+Findings RilieviTesto(const TextScan& scan, ReadSpan span) {
+  Findings out;
   if (!scan.anyFix) {
-    out.emplace_back(Severity::Fault, "none of the " + Righe(scan.lines) + " has a position");
+    out.fault(Procedure, "none of the " + Righe(scan.lines) + " has a position");
     return out;
   }
   if (scan.PrimoValido > 2) {
-    out.emplace_back(Severity::Note,
-                     Righe(scan.PrimoValido - 2) + " between the header and the first position left out");
+    out.note(Procedure, Righe(scan.PrimoValido - 2) + " between the header and the first position left out");
   }
   if (scan.lostFilled > 0) {
-    out.emplace_back(Severity::Fault, "fix lost at line " + std::to_string(scan.lostLine) + ": " +
-                                          Righe(scan.lostFilled) + " from there on left out, " +
-                                          std::to_string(scan.lostPositioned) + " of them with a position");
+    out.fault(Procedure, "fix lost at line " + std::to_string(scan.lostLine) + ": " + Righe(scan.lostFilled) +
+                             " from there on left out, " + std::to_string(scan.lostPositioned) +
+                             " of them with a position");
   } else if (span == ReadSpan::ToFirstLostFix && scan.lostLine == 0) {
-    out.emplace_back(Severity::Note, "the last line, " + std::to_string(scan.lines) + ", is left out");
+    out.note(Procedure, "the last line, " + std::to_string(scan.lines) + ", is left out");
   }
   if (scan.shortLines > 0) {
-    out.emplace_back(Severity::Fault, "line " + std::to_string(scan.shortLine) + " has " +
-                                          std::to_string(scan.shortFields) + " of " + std::to_string(TextFields) +
-                                          " fields, the missing ones read as 0 (" + Righe(scan.shortLines) + " so)");
+    out.fault(Procedure, "line " + std::to_string(scan.shortLine) + " has " + std::to_string(scan.shortFields) +
+                             " of " + std::to_string(TextFields) + " fields, the missing ones read as 0 (" +
+                             Righe(scan.shortLines) + " so)");
   }
   return out;
 }

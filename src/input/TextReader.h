@@ -1,12 +1,8 @@
 // Reader of the instrument's text export.
 #pragma once
 
-#include <string>
-#include <utility>
-#include <vector>
-
-#include "base/Diagnostics.h"
 #include "base/File.h"
+#include "base/Findings.h"
 #include "input/InputContext.h"
 #include "input/TextScan.h"
 
@@ -15,10 +11,10 @@ namespace corvan {
 /// Appends one measurement per data line of a ";"-separated export to the survey (EsaminaTesto tells which lines).
 /// @param context survey.file.NomeFile names the file
 /// Errors: a number out of range ends the reader, the lines before it stay; missing fields read as 0. Each is one
-/// diagnostic naming the file.
+/// finding naming the file.
 void LeggiFileCorvan(InputContext& context);
 
 /// Why lines of the export were left out or are incomplete.
-std::vector<std::pair<Severity, std::string>> RilieviTesto(const TextScan& scan, ReadSpan span);
+Findings RilieviTesto(const TextScan& scan, ReadSpan span);
 
 }  // namespace corvan

@@ -20,6 +20,7 @@
 namespace corvan {
 namespace {
 
+constexpr const char* Procedure = "LeggiGPSEsterno";
 constexpr std::size_t MaxFields = 16;
 
 /// The fields of a line, cut once; a separator that is not given is chosen line by line.
@@ -74,14 +75,14 @@ TrackRead PerRiga(std::string_view content, TrackKind kind, std::size_t dateFiel
       read.fixes.append(*fix);
     } catch (const RunTimeError& error) {
       left = 1;
-      read.findings.emplace_back(Severity::Fault, "line " + std::to_string(lines.number()) + ": " + error.what());
+      read.findings.fault(Procedure, "line " + std::to_string(lines.number()) + ": " + error.what());
     }
   }
   if (left > 0) {
-    read.findings.emplace_back(Severity::Fault, std::to_string(left) + " lines from there on left out");
+    read.findings.fault(Procedure, std::to_string(left) + " lines from there on left out");
   }
   if (unusable > 0) {
-    read.findings.emplace_back(Severity::Fault, std::to_string(unusable) + " lines without a usable position left out");
+    read.findings.fault(Procedure, std::to_string(unusable) + " lines without a usable position left out");
   }
   return read;
 }
@@ -101,24 +102,24 @@ void RilieviNmea(const NmeaSummary& s, std::size_t withoutDepth, std::size_t fix
   for (std::size_t k = 0; k < SentenceKinds; ++k) {
     const std::string name(SentenceNames.at(k));
     if (s.trusted.at(k)) {
-      read.findings.emplace_back(Severity::Fault, "every " + name + " sentence has a wrong checksum: they are taken");
+      read.findings.fault(Procedure, "every " + name + " sentence has a wrong checksum: they are taken");
     } else if (s.wrongChecksum.at(k) > 0) {
-      read.findings.emplace_back(
-          Severity::Fault, Quanti(s.wrongChecksum.at(k), (name + " sentences with a wrong checksum left out").c_str()));
+      read.findings.fault(Procedure,
+                          Quanti(s.wrongChecksum.at(k), (name + " sentences with a wrong checksum left out").c_str()));
     }
     if (s.malformed.at(k) > 0) {
-      read.findings.emplace_back(Severity::Fault,
-                                 Quanti(s.malformed.at(k), (name + " sentences that cannot be read left out").c_str()));
+      read.findings.fault(Procedure,
+                          Quanti(s.malformed.at(k), (name + " sentences that cannot be read left out").c_str()));
     }
   }
   if (s.withoutFix > 0) {
-    read.findings.emplace_back(Severity::Note, Quanti(s.withoutFix, "position sentences without a fix"));
+    read.findings.note(Procedure, Quanti(s.withoutFix, "position sentences without a fix"));
   }
   if (withoutDepth > 0 && fixes > 0) {
-    read.findings.emplace_back(Severity::Note, Quanti(withoutDepth, "fixes without a depth of the last 5 s: depth 0"));
+    read.findings.note(Procedure, Quanti(withoutDepth, "fixes without a depth of the last 5 s: depth 0"));
   }
   if (!s.dated && fixes > 0) {
-    read.findings.emplace_back(Severity::Fault, "no sentence tells the date: times have none");
+    read.findings.fault(Procedure, "no sentence tells the date: times have none");
   }
 }
 
@@ -268,7 +269,7 @@ TrackRead LeggiFileNav(std::string_view content, GeoGeo& geo) {
   read.lines = summary.lines;
   RilieviNmea(summary, withoutDepth, read.fixes.size(), read);
   if (unconverted > 0) {
-    read.findings.emplace_back(Severity::Fault, Quanti(unconverted, "positions that cannot be converted left out"));
+    read.findings.fault(Procedure, Quanti(unconverted, "positions that cannot be converted left out"));
   }
   return read;
 }

@@ -4,11 +4,9 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
-#include "base/Diagnostics.h"
 #include "base/Dialogs.h"
+#include "base/Findings.h"
 #include "geo/GeoGeo.h"
 #include "survey/ExternalTrack.h"
 
@@ -21,7 +19,7 @@ struct TrackRead {
   TrackKind kind = TrackKind::SixColumns;
   Array1<PuntoGPSEst> fixes;
   std::size_t lines = 0;
-  std::vector<std::pair<Severity, std::string>> findings;  ///< what was passed over and why; no file names
+  Findings findings;  ///< what was passed over and why
 };
 
 /// The reader that a name calls for: its last four characters ".sav", ".nav" and ".csv", case-sensitively; any other

@@ -3,7 +3,7 @@
 
 #include <QImage>
 
-#include "view3d/BufferCanvas.h"
+#include "picture/BufferCanvas.h"
 
 namespace corvan {
 

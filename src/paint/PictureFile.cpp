@@ -5,7 +5,7 @@
 
 #include "base/Errors.h"
 #include "base/Text.h"
-#include "view3d/Bitmap.h"
+#include "picture/Bitmap.h"
 
 namespace corvan {
 namespace {

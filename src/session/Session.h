@@ -9,19 +9,19 @@
 #include <utility>
 #include <vector>
 
-#include "base/Diagnostics.h"
 #include "base/Dialogs.h"
+#include "base/Findings.h"
 #include "base/OleDate.h"
 #include "export/KmlGoogle.h"
 #include "export/OutputFiles.h"
 #include "export/Section.h"
 #include "geo/GeoGeo.h"
 #include "geo/ZoneConstants.h"
+#include "picture/ColourScale.h"
 #include "session/Panels.h"
 #include "survey/Survey.h"
 #include "track/TrackAnalysis.h"
 #include "track/TrackLink.h"
-#include "view3d/ColourScale.h"
 #include "view3d/Renderer.h"
 #include "view3d/Scene.h"
 #include "view3d/ViewState.h"
@@ -53,7 +53,7 @@ struct MouseEvent {
 enum class Dragging { Nothing, Rotation, Zoom, Move, Marker, Label, Cable };
 
 /// Window and command line own one Session each and turn every control or option into one of its commands. Commands
-/// trap their own errors: what went wrong is in diagnostics(), what the user must hear goes through Dialogs.
+/// trap their own errors: what went wrong is in findings(), what the user must hear goes through Dialogs.
 class Session {
  public:
   using Clock = std::function<DateTime()>;
@@ -75,7 +75,7 @@ class Session {
   const ColourRange& colours() const { return colours_; }
   const ViewState& view() const { return view_; }
   const Scene& scene() const { return scene_; }
-  const Diagnostics& diagnostics() const { return diagnostics_; }
+  const Findings& findings() const { return findings_; }
   const std::vector<std::filesystem::path>& outputs() const { return outputs_.written(); }
   const std::optional<SectionSummary>& section() const { return section_; }
   /// 0 no extreme chosen, 1 the first, 2 both.
@@ -217,7 +217,7 @@ class Session {
   void mostraUscita(bool bin, bool txt, bool echo);
   SectionRequest chiediSezione();
   void scriviSezione(Section& section);
-  /// Opens ROOT + extension, lets `body` write it and lists it as written; failures end in the diagnostics.
+  /// Opens ROOT + extension, lets `body` write it and lists it as written; failures end in the findings.
   void scrivi(const char* procedure, const char* extension, const std::function<void(FileWriter&)>& body);
   /// The same for a whole name.
   void scriviFile(const char* procedure, const std::filesystem::path& name,
@@ -225,7 +225,7 @@ class Session {
 
   Dialogs& dialogs_;
   Clock clock_;
-  Diagnostics diagnostics_;
+  Findings findings_;
   Survey survey_;
   GeoGeo geo_;
   ZoneConstants zona_;

@@ -38,8 +38,8 @@ void Session::SalvaEstrattoFile() {
     dialogs_.MsgBox({"No points selected", "", Buttons::Ok});
     return;
   }
-  Trappola(diagnostics_, "SalvaEstrattoFile", [this] {
-    Section section = EstraiSezione(survey_, geo_, chiediSezione(), diagnostics_);
+  Trappola(findings_, "SalvaEstrattoFile", [this] {
+    Section section = EstraiSezione(survey_, geo_, chiediSezione(), findings_);
     section_ = SectionSummary{section.E1, section.E2, section.points, section.NqpBin()};
     scriviSezione(section);
   });
@@ -53,7 +53,7 @@ SectionRequest Session::chiediSezione() {
   if (request.E2 < request.E1) std::swap(request.E1, request.E2);
 
   const auto ask = [this](double& offset, const char* prompt, const char* title) {
-    Trappola(diagnostics_, "SalvaEstrattoFile", [&] {
+    Trappola(findings_, "SalvaEstrattoFile", [&] {
       offset = Val(dialogs_.InputBox({prompt, title, TestoNumero(offset)}));
     });
   };
@@ -84,11 +84,11 @@ void Session::scriviSezione(Section& section) {
            [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.E1, section.E2); });
   }
   if (!FrameFileOut.KMLchk) return;
-  const bool written = Trappola(diagnostics_, "SalvaKML", [&] {
+  const bool written = Trappola(findings_, "SalvaKML", [&] {
     if (!kml_) kml_ = std::make_unique<KmlGoogle>();
     kml_->FileName(NomeUscita(FrameFileOut.FileOutTxt, ".kml").string());
     outputs_.prepara(kml_->FileName());
-    corvan::SalvaKML(*kml_, survey_, geo_, {section.E1, section.E2, section.Passo, colours_}, dialogs_, diagnostics_);
+    corvan::SalvaKML(*kml_, survey_, geo_, {section.E1, section.E2, section.Passo, colours_}, dialogs_, findings_);
     outputs_.scritto(kml_->FileName());
   });
   if (!written) kml_.reset();  // gives up the half-written file
@@ -108,7 +108,7 @@ void Session::scrivi(const char* procedure, const char* extension, const std::fu
 
 void Session::scriviFile(const char* procedure, const std::filesystem::path& name,
                          const std::function<void(FileWriter&)>& body) {
-  Trappola(diagnostics_, procedure, [&] {
+  Trappola(findings_, procedure, [&] {
     outputs_.prepara(name);
     FileWriter out(name);
     body(out);

@@ -9,7 +9,7 @@
 
 namespace corvan {
 void Session::CoordPic_MouseDown(const MouseEvent& mouse) {
-  Trappola(diagnostics_, "CoordPic_MouseDown", [&] {
+  Trappola(findings_, "CoordPic_MouseDown", [&] {
     if (dragging_ != Dragging::Nothing) return;  // the other button of a drag that runs
     const bool left = mouse.button == MouseButton::Left;
     if (view_.projection == Projection::Perspective && left && mouse.shift) {
@@ -60,7 +60,7 @@ void Session::iniziaTrascinamento(Dragging kind, const MouseEvent& mouse) {
 }
 
 void Session::CoordPic_MouseMove(const MouseEvent& mouse) {
-  Trappola(diagnostics_, "CoordPic_MouseMove", [&] {
+  Trappola(findings_, "CoordPic_MouseMove", [&] {
     view_.XNow = static_cast<float>(mouse.x);
     view_.YNow = static_cast<float>(mouse.y);
     switch (dragging_) {
@@ -94,7 +94,7 @@ void Session::CoordPic_MouseMove(const MouseEvent& mouse) {
 }
 
 void Session::CoordPic_MouseUp(const MouseEvent& mouse) {
-  Trappola(diagnostics_, "CoordPic_MouseUp", [&] {
+  Trappola(findings_, "CoordPic_MouseUp", [&] {
     const Dragging ended = std::exchange(dragging_, Dragging::Nothing);
     FrameView.angleLabelsVisible = FrameView.ZoomlblVisible = false;
     switch (ended) {
@@ -128,7 +128,7 @@ void Session::CoordPic_DblClick(const MouseEvent& mouse) {
 
 void Session::DisegnaContorno() {
   if (canvas_ == nullptr) return;
-  Trappola(diagnostics_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
+  Trappola(findings_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
 }
 
 void Session::mostraCavo(std::int32_t index) {

@@ -40,7 +40,7 @@ void Session::LoadFiles_Click() { FrameFileIn.visible = true; }
 void Session::CancCmd_Click() { FrameFileIn.visible = false; }
 
 void Session::ConvertAsciiCmd_Click() {
-  diagnostics_.clear();
+  findings_.clear();
   const CoordinateEntry chosen = FrameFileIn.LatLonCmbx;
   Form_Load();
   FrameFileIn.LatLonCmbx = chosen;  // the user's choices outlive the reset
@@ -90,7 +90,7 @@ void Session::BatOperation() {
   timeLink_.reset();
   numCollegamenti_ = 0;
   const ReadSpan span = FrameFileIn.pastGaps ? ReadSpan::PastLostFixes : ReadSpan::ToFirstLostFix;
-  InputContext context{survey_, dialogs_, diagnostics_, span};
+  InputContext context{survey_, dialogs_, findings_, span};
   for (const auto& name : FrameFileIn.File1) {
     survey_.file.NomeFile = name;
     survey_.file.TitoloFile = name.filename().string();
@@ -107,8 +107,8 @@ void Session::BatOperation() {
 }
 
 void Session::AnalisiFile() {
-  Trappola(diagnostics_, "AnalisiFile", [this] {
-    fixes_ = corvan::AnalisiFile(survey_, geo_, diagnostics_);
+  Trappola(findings_, "AnalisiFile", [this] {
+    fixes_ = corvan::AnalisiFile(survey_, geo_, findings_);
     rifaiStrati();
   });
   if (fixes_.bad == 0) return;
@@ -116,9 +116,9 @@ void Session::AnalisiFile() {
     InfoLbl.Caption = BadPositions;
     InfoLbl.Visible = true;
   }
-  diagnostics_.note("AnalisiFile", std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " +
-                                       std::to_string(survey_.NumMisure()) + ", " + std::to_string(fixes_.discarded) +
-                                       " discarded, " + std::to_string(fixes_.interpolated) + " interpolated");
+  findings_.note("AnalisiFile", std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " +
+                                    std::to_string(survey_.NumMisure()) + ", " + std::to_string(fixes_.discarded) +
+                                    " discarded, " + std::to_string(fixes_.interpolated) + " interpolated");
 }
 
 /// Window and layers around the cells.
@@ -141,7 +141,7 @@ void Session::ImpostaZonaDaDati() {
   const std::size_t first = PrimaPosizione(survey_);
   std::int16_t zone = DefaultZone;
   if (first > 0) {
-    Trappola(diagnostics_, "SelezionaZonaUTM",
+    Trappola(findings_, "SelezionaZonaUTM",
              [&] { zone = SelezionaZonaUTM(ASingolo(geo_.Gradi(survey_.Misure(first).Lon))); });
   }
   const bool badPositions = InfoLbl.Caption == BadPositions;
@@ -159,15 +159,14 @@ void Session::ImpostaZona(std::int16_t zone) {
 }
 
 void Session::CableConf_Click() {
-  Trappola(diagnostics_, "ModificaCavo", [this] {
+  Trappola(findings_, "ModificaCavo", [this] {
     const std::string answer(
         Rifila(dialogs_.InputBox({"Set String", "Cable Configuration", survey_.cavo.StringaCavo})));
     if (answer.empty()) return;
     const std::size_t tokens = ContaCampi(answer, ScegliSeparatore(answer));
     if (tokens < 2 * CableElectrodes) {
-      diagnostics_.note("ModificaCavo", "the cable configuration has " + std::to_string(tokens) + " of " +
-                                            std::to_string(2 * CableElectrodes) +
-                                            " tokens, the missing positions are 0");
+      findings_.note("ModificaCavo", "the cable configuration has " + std::to_string(tokens) + " of " +
+                                         std::to_string(2 * CableElectrodes) + " tokens, the missing positions are 0");
     }
     survey_.cavo.PosCavo = LeggiStringaCavo(answer);
     survey_.cavo.StringaCavo = answer;
@@ -177,16 +176,16 @@ void Session::CableConf_Click() {
 }
 
 void Session::SetUtmZone_Click() {
-  Trappola(diagnostics_, "SetUtmZone", [this] {
+  Trappola(findings_, "SetUtmZone", [this] {
     const std::string answer = dialogs_.InputBox(
         {"UTM Zone n. ", "Set Universal Trasverse Mercatore Zone", std::to_string(survey_.settings.ZonaUTM)});
     const std::int16_t zone = Rifila(answer).empty() ? DefaultZone : AInt16(Val(answer));
     ImpostaZona(zone);
     geo_.UTMzone(zone);
     if (geo_.UTMzone() != zone) {
-      diagnostics_.fault("SetUtmZone", "zone " + std::to_string(zone) +
-                                           " is not 1 to 60: positions are computed in zone " +
-                                           std::to_string(geo_.UTMzone()));
+      findings_.fault("SetUtmZone", "zone " + std::to_string(zone) +
+                                        " is not 1 to 60: positions are computed in zone " +
+                                        std::to_string(geo_.UTMzone()));
     }
     survey_.settings.CoordUTM = false;
     AnalisiFile();
@@ -195,7 +194,7 @@ void Session::SetUtmZone_Click() {
 }
 
 void Session::SetRange_Click() {
-  Trappola(diagnostics_, "SetRange", [this] {
+  Trappola(findings_, "SetRange", [this] {
     constexpr Mask bound = "#####0.0#";
     const std::string range = FormattaNumero(static_cast<double>(colours_.ScalaMin), bound) + ";" +
                               FormattaNumero(static_cast<double>(colours_.ScalaMax), bound);

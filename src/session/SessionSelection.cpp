@@ -19,12 +19,12 @@ std::int32_t IndiceDi(const std::string& box) { return AInt32(Val(box)); }
 
 void Session::ptlbl_Click(std::int32_t Index) {
   if (survey_.Misure.empty()) {
-    diagnostics_.fault("ptlbl_Click", "there is no measurement to select");
+    findings_.fault("ptlbl_Click", "there is no measurement to select");
     return;
   }
   if (Index < 1 || Index > survey_.NumMisure()) {
-    diagnostics_.fault("ptlbl_Click",
-                       "extreme " + std::to_string(Index) + " is not 1 to " + std::to_string(survey_.NumMisure()));
+    findings_.fault("ptlbl_Click",
+                    "extreme " + std::to_string(Index) + " is not 1 to " + std::to_string(survey_.NumMisure()));
     return;
   }
   ++statoSelezione_;
@@ -36,12 +36,12 @@ void Session::ptlbl_Click(std::int32_t Index) {
 
 void Session::E1Txt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "E1Txt_KeyPress", [this] { ptlbl_Click(IndiceDi(FrameExtrema.E1Txt)); });
+  Trappola(findings_, "E1Txt_KeyPress", [this] { ptlbl_Click(IndiceDi(FrameExtrema.E1Txt)); });
 }
 
 void Session::E2txt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "E2txt_KeyPress", [this] { ptlbl_Click(IndiceDi(FrameExtrema.E2txt)); });
+  Trappola(findings_, "E2txt_KeyPress", [this] { ptlbl_Click(IndiceDi(FrameExtrema.E2txt)); });
 }
 
 void Session::SelFirst_Click() { FrameExtrema.visible = true; }
@@ -49,7 +49,7 @@ void Session::SelFirst_Click() { FrameExtrema.visible = true; }
 void Session::SelectLast_Click() { FrameExtrema.visible = true; }
 
 void Session::dptlbl_DblClick(std::int32_t Index) {
-  Trappola(diagnostics_, "dptlbl_DblClick", [this, Index] {
+  Trappola(findings_, "dptlbl_DblClick", [this, Index] {
     if (dialogs_.MsgBox({"Correct Depth Value?", "", Buttons::OkCancel}) != Answer::Ok) return;
     Array1<Misura>& Misure = survey_.Misure;
     const auto k = static_cast<std::size_t>(Index);
@@ -68,7 +68,7 @@ void Session::dptlbl_DblClick(std::int32_t Index) {
 
 void Session::TestTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "TestTxt_KeyPress", [this] {
+  Trappola(findings_, "TestTxt_KeyPress", [this] {
     survey_.settings.TraslDatiEst = Val(FrameDataMove.TestTxt);
     rifaiDati();
   });
@@ -76,7 +76,7 @@ void Session::TestTxt_KeyPress(int key) {
 
 void Session::TnordTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "TnordTxt_KeyPress", [this] {
+  Trappola(findings_, "TnordTxt_KeyPress", [this] {
     survey_.settings.TraslDatiNord = Val(FrameDataMove.TnordTxt);
     rifaiDati();
   });
@@ -84,7 +84,7 @@ void Session::TnordTxt_KeyPress(int key) {
 
 void Session::DTestTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "DTestTxt_KeyPress", [this] {
+  Trappola(findings_, "DTestTxt_KeyPress", [this] {
     survey_.settings.TraslFondoEst = ASingolo(Val(FrameDataMove.DTestTxt));
     rifaiFondo();
   });
@@ -92,7 +92,7 @@ void Session::DTestTxt_KeyPress(int key) {
 
 void Session::DTnordTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "DTnordTxt_KeyPress", [this] {
+  Trappola(findings_, "DTnordTxt_KeyPress", [this] {
     survey_.settings.TraslFondoNord = ASingolo(Val(FrameDataMove.DTnordTxt));
     rifaiFondo();
   });

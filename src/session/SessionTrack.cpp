@@ -36,7 +36,7 @@ std::string Secondi(double seconds) {
 
 void Session::LeggiGPSEsterno(const std::filesystem::path& fileName) {
   if (fileName.empty()) return;
-  Trappola(diagnostics_, "LeggiGPSEsterno", [&] {
+  Trappola(findings_, "LeggiGPSEsterno", [&] {
     if (!leggiTraccia(fileName)) return;
     view_.MostraGPS2 = true;
     GeneraGPS(scene_, survey_);
@@ -62,9 +62,7 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   if (few && dialogs_.MsgBox({"not enough GPS points", "", Buttons::OkCancel}) != Answer::Ok) return false;
 
   TrackRead read = LeggiTraccia(kind, bytes.text(), geo_, dialogs_);
-  for (const auto& [severity, reason] : read.findings) {
-    diagnostics_.add({"LeggiGPSEsterno", fileName.string() + ": " + reason, severity});
-  }
+  findings_.add(read.findings, fileName);
   ExternalTrack& track = survey_.tracciaEst;
   track.PuntiGPSEst = std::move(read.fixes);
   track.meanSpacing = CalcolaProgressiva(track.PuntiGPSEst);
@@ -72,13 +70,14 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   track.zone = geo_.UTMzone();
   track.layout = geo_.LatLonFormat();
   if (track.PuntiGPSEst.empty()) {
-    diagnostics_.fault("LeggiGPSEsterno", fileName.string() + ": holds no fix");
+    findings_.fault("LeggiGPSEsterno", "holds no fix", fileName.string());
   } else if (survey_.Misure.empty()) {
     EstensioneDaTraccia(survey_);
   } else if (const double away = DistanzaDaTraccia(survey_); away > FarAway) {
-    diagnostics_.fault("LeggiGPSEsterno", fileName.string() + ": the track lies " +
-                                              TestoNumero(std::round(away / 1000)) +
-                                              " km from the survey (is the UTM zone right?)");
+    findings_.fault(
+        "LeggiGPSEsterno",
+        "the track lies " + TestoNumero(std::round(away / 1000)) + " km from the survey (is the UTM zone right?)",
+        fileName.string());
   }
   return true;
 }
@@ -102,7 +101,7 @@ void Session::allineaTraccia() {
 }
 
 void Session::LinkDataGPST(double clockOffset) {
-  Trappola(diagnostics_, "LinkDataGPST", [&] {
+  Trappola(findings_, "LinkDataGPST", [&] {
     allineaTraccia();
     const TimeLink link = corvan::LinkDataGPST(survey_, clockOffset);
     if (!link.done) return;
@@ -119,20 +118,20 @@ void Session::LinkDataGPST(double clockOffset) {
 void Session::rilevaTempi(const TimeLink& link) {
   const std::string all = " of " + std::to_string(survey_.NumMisure()) + " measurements ";
   if (link.outside > 0) {
-    diagnostics_.fault("LinkDataGPST", std::to_string(link.outside) + all +
-                                           "lie outside the time of the track, by up to " + Secondi(link.farthest) +
-                                           ": they took its first or last fix");
+    findings_.fault("LinkDataGPST", std::to_string(link.outside) + all +
+                                        "lie outside the time of the track, by up to " + Secondi(link.farthest) +
+                                        ": they took its first or last fix");
   }
   if (link.withoutTime > 0) {
-    diagnostics_.fault("LinkDataGPST", std::to_string(link.withoutTime) + all + "have no time and were not linked");
+    findings_.fault("LinkDataGPST", std::to_string(link.withoutTime) + all + "have no time and were not linked");
   }
   if (link.withoutTrack > 0) {
-    diagnostics_.fault("LinkDataGPST", "the track holds no fix: all measurements are left out");
+    findings_.fault("LinkDataGPST", "the track holds no fix: all measurements are left out");
   }
 }
 
 void Session::LinkDataGPSP() {
-  Trappola(diagnostics_, "LinkDataGPSP", [this] {
+  Trappola(findings_, "LinkDataGPSP", [this] {
     if (!view_.MostraGPS2) return;
     if (numCollegamenti_ != 2) {
       dialogs_.MsgBox({"You must define two connection before link data and gps", "", Buttons::Ok});
@@ -144,9 +143,9 @@ void Session::LinkDataGPSP() {
         dialogs_.MsgBox({"Something wrong", "", Buttons::Ok});
         return;
       case PlaceLink::Nothing:
-        diagnostics_.fault("LinkDataGPSP",
-                           "the connections name a measurement or fix that does not exist, or two "
-                           "measurements at one place: nothing is linked");
+        findings_.fault("LinkDataGPSP",
+                        "the connections name a measurement or fix that does not exist, or two "
+                        "measurements at one place: nothing is linked");
         return;
       case PlaceLink::Linked:
         AnalisiFile();
@@ -157,7 +156,7 @@ void Session::LinkDataGPSP() {
 }
 
 void Session::ptlbl_Collega(std::int32_t Index) {
-  Trappola(diagnostics_, "ptlbl_MouseDown", [this, Index] {
+  Trappola(findings_, "ptlbl_MouseDown", [this, Index] {
     if (!view_.MostraGPS2) return;
     if (++numCollegamenti_ > 2) {
       numCollegamenti_ = 0;
@@ -175,8 +174,8 @@ void Session::ptlbl_Collega(std::int32_t Index) {
     const std::int32_t typed = AInt32(Val(answer));
     collegamenti_.fix.at(slot) = std::clamp(typed, 1, last);
     if (typed != collegamenti_.fix.at(slot)) {
-      diagnostics_.fault("ptlbl_MouseDown", "fix " + std::to_string(typed) + " is not 1 to " + std::to_string(last) +
-                                                ": " + std::to_string(collegamenti_.fix.at(slot)) + " is taken");
+      findings_.fault("ptlbl_MouseDown", "fix " + std::to_string(typed) + " is not 1 to " + std::to_string(last) +
+                                             ": " + std::to_string(collegamenti_.fix.at(slot)) + " is taken");
     }
   });
 }

@@ -4,8 +4,8 @@
 #include "base/ErrorTrap.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "picture/Bitmap.h"
 #include "session/Session.h"
-#include "view3d/Bitmap.h"
 
 namespace corvan {
 namespace {
@@ -34,7 +34,7 @@ void Session::rifaiFinestra() {
 }
 
 void Session::CreaFourArray() {
-  Trappola(diagnostics_, "CreaFourArray", [this] { corvan::CreaFourArray(scene_, survey_, colours_); });
+  Trappola(findings_, "CreaFourArray", [this] { corvan::CreaFourArray(scene_, survey_, colours_); });
 }
 
 void Session::rifaiScena() {
@@ -44,7 +44,7 @@ void Session::rifaiScena() {
 
 void Session::DisegnaImmagineQ() {
   if (canvas_ == nullptr) return;
-  Trappola(diagnostics_, "DisegnaImmagineQ", [this] {
+  Trappola(findings_, "DisegnaImmagineQ", [this] {
     PictureNotes notes;
     for (const TaggedLabel* label : {&FrameExtrema.PrimoLbl, &FrameExtrema.SecondoLbl}) {
       if (!label->Tag.empty()) notes.picked.push_back(AInt32(Val(label->Tag)));
@@ -76,7 +76,7 @@ void Session::GammaTxt_KeyPress(int key) { leggiAngolo(key, FrameView.GammaTxt, 
 
 void Session::Zoomtxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(diagnostics_, "Zoomtxt_KeyPress", [this] {
+  Trappola(findings_, "Zoomtxt_KeyPress", [this] {
     const float zoom = ASingolo(Val(FrameView.Zoomtxt));
     if (!(zoom > 0.0F)) throw RunTimeError("zoom " + TestoNumero(zoom) + " is not greater than 0");
     view_.ZoomFattore = zoom;

@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* Procedure = "AnalisiFile";
 
-void CalcolaFattori(Survey& survey, Diagnostics& diagnostics) {
+void CalcolaFattori(Survey& survey, Findings& findings) {
   const auto& p = survey.cavo.PosCavo;
   std::string without;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
@@ -26,11 +26,11 @@ void CalcolaFattori(Survey& survey, Diagnostics& diagnostics) {
       survey.traccia.FattoreK.at(c) = factor;
       if (factor == 0.0F) without += (without.empty() ? "" : ", ") + std::to_string(c);
     } catch (const RunTimeError& error) {
-      diagnostics.fault(Procedure, "geometric factor of channel " + std::to_string(c) + ": " + error.what());
+      findings.fault(Procedure, "geometric factor of channel " + std::to_string(c) + ": " + error.what());
     }
   }
   if (without.empty()) return;
-  diagnostics.note(Procedure, "electrodes coincide, geometric factor and resistivity are 0: channels " + without);
+  findings.note(Procedure, "electrodes coincide, geometric factor and resistivity are 0: channels " + without);
 }
 
 /// Widens [low, high] by a value; one that is not finite takes no part.
@@ -72,18 +72,17 @@ void CalcolaRho(Misura& m, const TrackExtent& t) {
 }
 
 /// Tells of firings without current, whose resistivities cannot be computed anew.
-void RilevaCorrentiNulle(const Survey& survey, Diagnostics& diagnostics) {
+void RilevaCorrentiNulle(const Survey& survey, Findings& findings) {
   const auto idle = [](const Misura& m) { return !m.SenzaFix && (m.Val180 == 0.0F || m.Val184 == 0.0F); };
   const auto first = std::find_if(survey.Misure.begin(), survey.Misure.end(), idle);
   if (first == survey.Misure.end()) return;
   const auto file = static_cast<std::size_t>(first->NumFile);
   const std::string name =
       file >= 1 && file <= survey.files.size() ? " of " + survey.files[file - 1].path.string() : std::string();
-  diagnostics.note(Procedure,
-                   std::to_string(std::count_if(first, survey.Misure.end(), idle)) +
-                       " measurement(s) with a current of 0 keep the resistivities that were read, the first "
-                       "is measurement " +
-                       std::to_string(first - survey.Misure.begin() + 1) + name);
+  findings.note(Procedure, std::to_string(std::count_if(first, survey.Misure.end(), idle)) +
+                               " measurement(s) with a current of 0 keep the resistivities that were read, the first "
+                               "is measurement " +
+                               std::to_string(first - survey.Misure.begin() + 1) + name);
 }
 
 /// The scene holds positions and distances as singles: a place whose distance from another may exceed them has none.
@@ -115,7 +114,7 @@ bool DerivaPosizione(Misura& m, GeoGeo& geo) {
 }
 
 /// Positions of all measurements; those that cannot be converted lose theirs.
-void DerivaPosizioni(Survey& survey, GeoGeo& geo, Diagnostics& diagnostics) {
+void DerivaPosizioni(Survey& survey, GeoGeo& geo, Findings& findings) {
   std::size_t failed = 0;
   std::size_t impossible = 0;
   bool hemisphereSet = false;
@@ -135,11 +134,11 @@ void DerivaPosizioni(Survey& survey, GeoGeo& geo, Diagnostics& diagnostics) {
     m.Scartata = m.Interpolata = false;
   }
   if (failed > 0) {
-    diagnostics.fault(Procedure, "positions that cannot be converted count as lost: " + std::to_string(failed));
+    findings.fault(Procedure, "positions that cannot be converted count as lost: " + std::to_string(failed));
   }
   if (impossible > 0) {
-    diagnostics.note(Procedure, "positions outside 90 degrees of latitude or 180 of longitude: " +
-                                    std::to_string(impossible) + " (is the coordinate format right?)");
+    findings.note(Procedure, "positions outside 90 degrees of latitude or 180 of longitude: " +
+                                 std::to_string(impossible) + " (is the coordinate format right?)");
   }
 }
 
@@ -217,17 +216,17 @@ std::size_t PrimaPosizione(const Survey& survey) {
   return found == survey.Misure.end() ? 0 : static_cast<std::size_t>(found - survey.Misure.begin()) + 1;
 }
 
-TrackResult AnalisiFile(Survey& survey, GeoGeo& geo, Diagnostics& diagnostics) {
+TrackResult AnalisiFile(Survey& survey, GeoGeo& geo, Findings& findings) {
   TrackExtent& t = survey.traccia;
-  CalcolaFattori(survey, diagnostics);
+  CalcolaFattori(survey, findings);
   AvviaEstremi(survey);
   for (Misura& m : survey.Misure) {
     Allarga(t.MinVal12, t.MaxVal12, m.Val12);
     CalcolaRho(m, t);
     for (std::size_t c = 1; c <= MaxChannels; ++c) Allarga(t.RhoMin, t.RhoMax, m.Rho.at(c));
   }
-  RilevaCorrentiNulle(survey, diagnostics);
-  DerivaPosizioni(survey, geo, diagnostics);
+  RilevaCorrentiNulle(survey, findings);
+  DerivaPosizioni(survey, geo, findings);
   CalcolaEstensione(survey);
   survey.settings.CoordUTM = true;
   const TrackResult result = TrattaFixPersi(survey, geo);

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "base/Diagnostics.h"
+#include "base/Findings.h"
 #include "geo/GeoGeo.h"
 #include "survey/Survey.h"
 
@@ -26,8 +26,8 @@ std::size_t PrimaPosizione(const Survey& survey);
 ///
 /// @param geo the survey's converter: its zone is fixed by the first usable longitude unless set before; its hemisphere
 /// is taken from the first usable latitude, but for UTM positions, whose hemisphere the caller has set
-/// Errors: an arithmetic fault of one step leaves that step's target as it was and is one diagnostic a kind; a position
+/// Errors: an arithmetic fault of one step leaves that step's target as it was and is one finding a kind; a position
 /// that cannot be converted counts as lost.
-TrackResult AnalisiFile(Survey& survey, GeoGeo& geo, Diagnostics& diagnostics);
+TrackResult AnalisiFile(Survey& survey, GeoGeo& geo, Findings& findings);
 
 }  // namespace corvan

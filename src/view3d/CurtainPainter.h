@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "view3d/Canvas.h"
-#include "view3d/ColourScale.h"
+#include "picture/Canvas.h"
+#include "picture/ColourScale.h"
 #include "view3d/Scene.h"
 #include "view3d/ViewState.h"
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "view3d/Canvas.h"
+#include "picture/Canvas.h"
 
 namespace corvan {
 

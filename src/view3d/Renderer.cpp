@@ -5,6 +5,7 @@
 #include <span>
 #include <utility>
 
+#include "picture/Legend.h"
 #include "view3d/Projector.h"
 
 namespace corvan {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "view3d/Canvas.h"
-#include "view3d/ColourScale.h"
+#include "picture/Canvas.h"
+#include "picture/ColourScale.h"
 #include "view3d/CurtainPainter.h"
 #include "view3d/PointLayer.h"
 #include "view3d/Scene.h"
@@ -56,8 +56,5 @@ class Renderer {
   PointLayer ptlbl_, dptlbl_, gpslbl_, CableLbl_;
   std::vector<PuntoPixel> path_;  // working space
 };
-
-/// The legend: a bar of the 256 colours, five values below it, the unit to the left and the title to the right.
-void DisegnaScalaColori3D(const ColourRange& colours, Canvas& canvas);
 
 }  // namespace corvan

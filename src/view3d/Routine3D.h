@@ -5,17 +5,10 @@
 #include <cmath>
 #include <cstdint>
 
+#include "picture/Pixels.h"
 #include "survey/Punto3D.h"
 
 namespace corvan {
-
-/// A point of the picture, in pixels from its top-left corner; Y grows downwards.
-struct PuntoPixel {
-  std::int32_t X = 0;
-  std::int32_t Y = 0;
-
-  friend bool operator==(const PuntoPixel&, const PuntoPixel&) = default;
-};
 
 /// Cosine and sine of an angle, taken once for all points that it turns.
 struct Giro {
@@ -38,13 +31,6 @@ inline void Gira(float& p, float& q, const Giro& angle, double cp, double cq) {
 Punto3D RuotaX(const Punto3D& P, const Punto3D& C, double angle);
 Punto3D RuotaY(const Punto3D& P, const Punto3D& C, double angle);
 Punto3D RuotaZ(const Punto3D& P, const Punto3D& C, double angle);
-
-/// Nearest whole number, halves to even, of a value within 2^51; in the default rounding mode. Adding and taking off
-/// 1.5 x 2^52 leaves no room for a fraction: a tenth of the time of a general rounding in loops over cells.
-inline double ArrotondaPixel(double value) {
-  constexpr double shift = 6755399441055744.0;
-  return (value + shift) - shift;
-}
 
 /// Pixel coordinate of a world value v: the window's edges w1 and w2 fall on the pixels p1 and p2. A window without
 /// width gives the middle pixel. Results past 32 bits are held at the range's ends.

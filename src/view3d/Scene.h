@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "base/Array1.h"
+#include "picture/ColourScale.h"
 #include "survey/Misura.h"
 #include "survey/Punto3D.h"
 #include "survey/Survey.h"
-#include "view3d/ColourScale.h"
 
 namespace corvan {
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "base/Rounding.h"
+#include "picture/Pixels.h"
 #include "survey/Punto3D.h"
 #include "survey/Survey.h"
 
@@ -13,14 +14,6 @@ namespace corvan {
 template <class Number>
 struct ViewWindow {
   Number xmin = 0, xmax = 0, zmin = 0, zmax = 0;
-};
-
-/// Edges of the drawing area, pixels.
-struct PixelArea {
-  std::int32_t left = 0, right = 0, top = 0, bottom = 0;
-
-  double width() const { return static_cast<double>(right) - left; }
-  double height() const { return static_cast<double>(bottom) - top; }
 };
 
 enum class Projection { Orthographic, Perspective };

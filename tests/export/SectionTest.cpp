@@ -19,7 +19,7 @@ struct Place {
 struct Fixture {
   test::ScriptedAnswers dialogs;
   GeoGeo geo{dialogs};
-  Diagnostics diagnostics;
+  Findings findings;
   Survey survey;
   SectionRequest request;
 
@@ -44,7 +44,7 @@ struct Fixture {
     }
     request.E2 = survey.NumMisure();
   }
-  Section extract() { return EstraiSezione(survey, geo, request, diagnostics); }
+  Section extract() { return EstraiSezione(survey, geo, request, findings); }
   double trueX(std::size_t k) const { return survey.Misure(k).Deriv[3]; }
   double trueY(std::size_t k) const { return survey.Misure(k).Deriv[4]; }
 };
@@ -150,7 +150,7 @@ TEST(LostFixes, KeepPlaceInTheProfileAndGiveNoGeometry) {
 TEST(LostFixes, AllOverGiveNoRecords) {
   Fixture f({{0, 0}, {0, 0}});
   EXPECT_EQ(f.extract().NqpBin(), 0);
-  EXPECT_TRUE(f.diagnostics.anyFault());
+  EXPECT_TRUE(f.findings.anyFault());
 }
 
 TEST(ZeroSpacing, LeavesPlacesZeroAndSaysSo) {
@@ -161,7 +161,7 @@ TEST(ZeroSpacing, LeavesPlacesZeroAndSaysSo) {
   EXPECT_EQ(s.NqpBin(), 20);
   EXPECT_EQ(s.RecordOut(1).x[0], 0);
   EXPECT_EQ(s.RecordOut(1).resistivity, 0.25F);
-  EXPECT_TRUE(f.diagnostics.anyFault());
+  EXPECT_TRUE(f.findings.anyFault());
 }
 
 }  // namespace

@@ -123,7 +123,7 @@ struct CurtainFixture {
   test::TempFolder folder;
   test::ScriptedAnswers dialogs;
   GeoGeo geo{dialogs};
-  Diagnostics diagnostics;
+  Findings findings;
   Survey survey;
 
   CurtainFixture(const std::vector<std::pair<double, std::int16_t>>& eastings) {
@@ -143,7 +143,7 @@ struct CurtainFixture {
   std::string write() {
     KmlGoogle kml;
     kml.FileName((folder / "c.kml").string());
-    SalvaKML(kml, survey, geo, {1, survey.NumMisure(), 5, {1, 10}}, dialogs, diagnostics);
+    SalvaKML(kml, survey, geo, {1, survey.NumMisure(), 5, {1, 10}}, dialogs, findings);
     return test::Slurp(folder / "c.kml");
   }
   /// Easting of the first and second corner of a cell, back through the converter.
@@ -192,7 +192,7 @@ TEST(Curtains, LeaveOutCellsThatAreNotFiniteAndAskForAMissingZoneOnce) {
   const std::string text = f.write();
   EXPECT_EQ(text.find("n.  1 -  4<"), std::string::npos);
   EXPECT_NE(text.find("n.  1 -  5<"), std::string::npos);
-  EXPECT_TRUE(f.diagnostics.anyFault());
+  EXPECT_TRUE(f.findings.anyFault());
   EXPECT_EQ(f.geo.UTMzone(), 0) << "61 leaves the zone as it was";
   ASSERT_EQ(f.dialogs.questions.size(), 2U);
   EXPECT_EQ(f.dialogs.questions[0].title, "UTM Zone n.");

@@ -20,19 +20,19 @@ using test::SyscalFile;
 struct Reading {
   test::TempFolder folder;
   test::ScriptedAnswers dialogs;
-  Diagnostics diagnostics;
+  Findings findings;
   Survey survey;
   ReadSpan span = ReadSpan::ToFirstLostFix;
 
   void file(const std::string& content) {
     survey.file.NomeFile = folder.write("file" + std::to_string(survey.file.NumFile) + ".bin", content);
     ++survey.file.NumFile;
-    InputContext context{survey, dialogs, diagnostics, span};
+    InputContext context{survey, dialogs, findings, span};
     LeggiFile(context);
   }
   bool says(const std::string& part) const {
-    for (const Diagnostic& d : diagnostics.entries()) {
-      if (d.reason.find(part) != std::string::npos) return d.reason.find("file") != std::string::npos;
+    for (const Finding& d : findings.entries()) {
+      if (d.reason.find(part) != std::string::npos) return !d.file.empty();
     }
     return false;
   }
@@ -55,7 +55,7 @@ TEST_P(RecordLengths, FollowTheTypeWord) {
   EXPECT_EQ(r.survey.Misure(2).Val184, -1000.0F);
   EXPECT_EQ(r.survey.Misure(2).CanaleB[7], -10.0F);
   EXPECT_TRUE(r.dialogs.questions.empty());
-  EXPECT_FALSE(r.diagnostics.anyFault());
+  EXPECT_FALSE(r.findings.anyFault());
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, RecordLengths,
@@ -114,7 +114,7 @@ TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
     r.dialogs.answers["Set Channel Number"] = {answer};
     r.file(SyscalFile(Firings(3, 1)));
     EXPECT_EQ(r.survey.NumMisure(), 0) << answer;
-    EXPECT_TRUE(r.diagnostics.anyFault()) << answer;
+    EXPECT_TRUE(r.findings.anyFault()) << answer;
   }
 }
 
@@ -134,7 +134,7 @@ TEST(LostFixes, EndTheFileUnlessReadPast) {
   ASSERT_EQ(past.survey.NumMisure(), 5);
   EXPECT_TRUE(past.survey.Misure(3).SenzaFix);
   EXPECT_EQ(past.survey.Misure(3).Rho[2], 4.02F) << "the readings of a firing without fix are kept";
-  EXPECT_FALSE(past.diagnostics.anyFault());
+  EXPECT_FALSE(past.findings.anyFault());
 }
 
 TEST(LostFixes, WithoutLongitudeLeaveTheFiringEmpty) {
@@ -159,7 +159,7 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
   EXPECT_TRUE(std::isnan(r.survey.Misure(1).Rho[1]));
   EXPECT_TRUE(std::isinf(r.survey.Misure(2).Val12));
   EXPECT_TRUE(r.says("3 records with a reading or electrode that is not a finite number, the first is record 1"));
-  EXPECT_TRUE(r.diagnostics.anyFault());
+  EXPECT_TRUE(r.findings.anyFault());
 
   Reading past;
   past.span = ReadSpan::PastLostFixes;
@@ -201,7 +201,7 @@ TEST(Sizes, ShortOfARecordAreNamed) {
     r.file(c.content);
     EXPECT_EQ(r.survey.NumMisure(), c.firings) << c.words;
     EXPECT_TRUE(r.says(c.words)) << c.words;
-    EXPECT_TRUE(r.diagnostics.anyFault()) << c.words;
+    EXPECT_TRUE(r.findings.anyFault()) << c.words;
   }
 }
 

@@ -13,7 +13,7 @@ using test::TextLine;
 
 struct Outcome {
   Survey survey;
-  Diagnostics diagnostics;
+  Findings findings;
 };
 
 Outcome Read(const std::string& content, ReadSpan span = ReadSpan::ToFirstLostFix, bool utm = false) {
@@ -23,7 +23,7 @@ Outcome Read(const std::string& content, ReadSpan span = ReadSpan::ToFirstLostFi
   out.survey.file.NomeFile = folder.write("export.txt", content);
   out.survey.file.NumFile = 1;
   out.survey.settings.CoordUTM = utm;
-  InputContext context{out.survey, dialogs, out.diagnostics, span};
+  InputContext context{out.survey, dialogs, out.findings, span};
   LeggiFile(context);
   return out;
 }
@@ -51,7 +51,7 @@ TEST(TextExport, PutsEveryFieldInItsPlace) {
   EXPECT_EQ(m.CanaleA[10], 48);
   EXPECT_EQ(m.CanaleB[10], 49);
   EXPECT_EQ(m.Tempo, 0);
-  EXPECT_FALSE(out.diagnostics.anyFault());
+  EXPECT_FALSE(out.findings.anyFault());
   const Outcome utm = Read(Header + TextLine({}) + "\n\n", ReadSpan::ToFirstLostFix, true);
   EXPECT_EQ(utm.survey.Misure(1).UTMy, 26);
   EXPECT_EQ(utm.survey.Misure(1).UTMx, 27);
@@ -90,7 +90,7 @@ TEST_P(DataLines, RunFromTheFirstPositionToTheFirstLostOne) {
   std::vector<int> taken;
   for (const Misura& m : out.survey.Misure) taken.push_back(static_cast<int>(m.Passo));
   EXPECT_EQ(taken, c.taken) << c.pattern;
-  EXPECT_EQ(out.diagnostics.anyFault(), c.fault) << c.pattern;
+  EXPECT_EQ(out.findings.anyFault(), c.fault) << c.pattern;
 }
 
 constexpr ReadSpan Stop = ReadSpan::ToFirstLostFix;
@@ -111,26 +111,26 @@ TEST(TextLines, WithTooFewFieldsReadAsZeroAndAreNamed) {
   ASSERT_EQ(out.survey.NumMisure(), 2);
   EXPECT_EQ(out.survey.Misure(2).Val184, 29);
   EXPECT_EQ(out.survey.Misure(2).CanaleA[1], 0);
-  ASSERT_TRUE(out.diagnostics.anyFault());
-  EXPECT_NE(out.diagnostics.entries()[0].reason.find("line 3 has 29 of 49 fields"), std::string::npos);
+  ASSERT_TRUE(out.findings.anyFault());
+  EXPECT_NE(out.findings.entries()[0].reason.find("line 3 has 29 of 49 fields"), std::string::npos);
 }
 
 TEST(TextLines, WithANumberOutOfRangeEndTheReaderAndKeepWhatCameBefore) {
   const Outcome out = Read(Header + TextLine({}) + "\n" + TextLine({}) + "\n" + TextLine({{4, "1e99"}}) + "\n" +
                            TextLine({}) + "\n.\n");
   EXPECT_EQ(out.survey.NumMisure(), 2);
-  ASSERT_TRUE(out.diagnostics.anyFault());
-  EXPECT_NE(out.diagnostics.entries()[0].reason.find("export.txt: line 4"), std::string::npos);
+  ASSERT_TRUE(out.findings.anyFault());
+  EXPECT_NE(out.findings.entries()[0].detto().find("export.txt: line 4"), std::string::npos);
 }
 
 TEST(TextLines, WithAPositionOutOfRangeAreNamedOrLeftOut) {
   const Outcome before = Read(Header + TextLine({{26, "1e999"}}) + "\n" + TextLine({}) + "\n\n");
   EXPECT_EQ(before.survey.NumMisure(), 0);
-  EXPECT_NE(before.diagnostics.entries().at(0).reason.find("line 2"), std::string::npos);
+  EXPECT_NE(before.findings.entries().at(0).reason.find("line 2"), std::string::npos);
   const Outcome behind =
       Read(Header + TextLine({}) + "\n" + TextLine({{26, "0"}}) + "\n" + TextLine({{26, "1e999"}}) + "\n");
   EXPECT_EQ(behind.survey.NumMisure(), 1);
-  EXPECT_NE(behind.diagnostics.entries().at(0).reason.find("2 lines from there on left out"), std::string::npos);
+  EXPECT_NE(behind.findings.entries().at(0).reason.find("2 lines from there on left out"), std::string::npos);
 }
 
 TEST(TextLines, OfMegabytesWithoutAFieldAreNoData) {

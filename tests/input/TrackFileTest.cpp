@@ -18,8 +18,8 @@ struct Reading {
   Reading() { geo.UTMzone(33); }
 
   static bool says(const TrackRead& read, const std::string& words) {
-    for (const auto& [severity, reason] : read.findings) {
-      if (reason.find(words) != std::string::npos) return true;
+    for (const Finding& finding : read.findings.entries()) {
+      if (finding.reason.find(words) != std::string::npos) return true;
     }
     return false;
   }

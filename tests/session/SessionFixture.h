@@ -32,7 +32,7 @@ struct SessionFixture {
   void readFirings(std::size_t count) { read({folder.write("survey.bin", SyscalFile(Firings(count, 10)))}); }
   const Misura& m(std::size_t k) const { return session.survey().Misure(k); }
   std::string output(const char* extension) const { return Slurp(folder / (std::string("section") + extension)); }
-  bool faulty() const { return session.diagnostics().anyFault(); }
+  bool faulty() const { return session.findings().anyFault(); }
 };
 
 }  // namespace corvan::test

@@ -69,8 +69,8 @@ TEST(ReadFile, GoesOnWithTheNextFileAfterABadOne) {
   f.read({f.folder / "missing.bin", good, f.folder.write("empty.bin", ""), good});
   EXPECT_EQ(f.session.survey().NumMisure(), 8);
   EXPECT_EQ(f.m(8).NumFile, 4) << "a file keeps its place in the batch";
-  ASSERT_EQ(f.session.diagnostics().entries().size(), 2U);
-  EXPECT_NE(f.session.diagnostics().entries()[0].reason.find("missing.bin: No such file"), std::string::npos);
+  ASSERT_EQ(f.session.findings().entries().size(), 2U);
+  EXPECT_NE(f.session.findings().entries()[0].detto().find("missing.bin: No such file"), std::string::npos);
 }
 
 TEST(ReadFile, OfNothingLeavesNothingAndDoesNotFail) {
@@ -274,7 +274,7 @@ TEST(SaveSection, WritesTheOtherFormatsWhenOneCannotBe) {
   f.session.SalvaEstrattoFile();
   EXPECT_EQ(f.session.outputs().size(), 2U);
   ASSERT_TRUE(f.faulty());
-  EXPECT_NE(f.session.diagnostics().entries().back().reason.find("section.txt: Is a directory"), std::string::npos);
+  EXPECT_NE(f.session.findings().entries().back().detto().find("section.txt: Is a directory"), std::string::npos);
 }
 
 TEST(SaveSection, NeverReplacesAFileThatWasRead) {

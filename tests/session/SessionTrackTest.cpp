@@ -28,7 +28,7 @@ double DistanceToTrack(const Survey& survey, std::size_t k) {
 TEST(ExternalTracks, GiveTheMeasurementsTheirPlaceInEveryForm) {
   for (const char* ending : {"csv", "nav", "sav", "gps"}) {
     TrackFixture f;
-    const std::size_t notes = f.session.diagnostics().entries().size();
+    const std::size_t notes = f.session.findings().entries().size();
     std::vector<std::pair<double, double>> before;
     for (std::size_t k = 1; k <= 438; ++k) before.emplace_back(f.m(k).UTMx, f.m(k).UTMy);
     f.load(ending);
@@ -60,7 +60,7 @@ TEST(ExternalTracks, GiveTheMeasurementsTheirPlaceInEveryForm) {
     const double x = f.m(200).UTMx;
     f.session.LinkDataGPST();
     EXPECT_EQ(f.m(200).UTMx, x) << "linking again moves nothing";
-    EXPECT_EQ(f.session.diagnostics().entries().size(), notes) << ending;
+    EXPECT_EQ(f.session.findings().entries().size(), notes) << ending;
   }
 }
 
@@ -70,8 +70,8 @@ TEST(ExternalTracks, OfAnotherDayAreTold) {
   f.session.LinkDataGPST(3 * 86400.0);
   EXPECT_EQ(f.session.timeLink()->outside, 438U);
   EXPECT_TRUE(f.faulty());
-  EXPECT_NE(f.session.diagnostics().entries().back().reason.find("by up to 3. days"), std::string::npos)
-      << f.session.diagnostics().entries().back().reason;
+  EXPECT_NE(f.session.findings().entries().back().reason.find("by up to 3. days"), std::string::npos)
+      << f.session.findings().entries().back().reason;
 }
 
 TEST(ExternalTracks, ThatHoldNothingDiscardEveryMeasurement) {
@@ -104,7 +104,7 @@ TEST(ExternalTracks, FarFromTheSurveyAreTold) {
   f.dialogs.answers["UTM Zone n. "] = {"32"};
   f.session.SetUtmZone_Click();
   f.load("csv");  // eastings of zone 33
-  EXPECT_NE(f.session.diagnostics().entries().back().reason.find("km from the survey (is the UTM zone right?)"),
+  EXPECT_NE(f.session.findings().entries().back().reason.find("km from the survey (is the UTM zone right?)"),
             std::string::npos);
 }
 

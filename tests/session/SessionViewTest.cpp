@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "view3d/BufferCanvas.h"
+#include "picture/BufferCanvas.h"
 
 namespace corvan {
 namespace {

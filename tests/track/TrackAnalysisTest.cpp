@@ -21,7 +21,7 @@ constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
 struct Fixture {
   test::ScriptedAnswers dialogs;
   GeoGeo geo{dialogs};
-  Diagnostics diagnostics;
+  Findings findings;
   Survey survey;
 
   explicit Fixture(const std::vector<std::pair<double, double>>& places = {}, BadGps filter = BadGps::NoFilter) {
@@ -42,7 +42,7 @@ struct Fixture {
       survey.Misure.append(m);
     }
   }
-  TrackResult run() { return AnalisiFile(survey, geo, diagnostics); }
+  TrackResult run() { return AnalisiFile(survey, geo, findings); }
   const Misura& m(std::size_t k) const { return survey.Misure(k); }
 };
 
@@ -67,7 +67,7 @@ TEST(Resistivity, IsRecomputedWhereThereIsACurrent) {
   EXPECT_EQ(f.m(2).Rho[1], 7) << "no current: as read";
   EXPECT_EQ(f.survey.traccia.RhoMax, 7);
   EXPECT_EQ(f.survey.traccia.RhoMin, 0);
-  EXPECT_EQ(f.diagnostics.entries().at(0).reason,
+  EXPECT_EQ(f.findings.entries().at(0).reason,
             "1 measurement(s) with a current of 0 keep the resistivities that were read, the first is measurement 2");
 }
 
@@ -76,7 +76,7 @@ TEST(Resistivity, TellsWhichChannelsHaveCoincidingElectrodes) {
   for (std::size_t e = 8; e <= 11; ++e) f.survey.cavo.PosCavo.at(e) = 0;
   f.run();
   EXPECT_EQ(f.m(1).Rho[8], 0);
-  EXPECT_EQ(f.diagnostics.entries().at(0).reason,
+  EXPECT_EQ(f.findings.entries().at(0).reason,
             "electrodes coincide, geometric factor and resistivity are 0: channels 8, 9, 10");
 }
 
@@ -174,7 +174,7 @@ TEST(Sources, ThatCannotBeConvertedCountAsLost) {
   EXPECT_EQ(f.run().bad, 2U);
   EXPECT_EQ(f.m(2).UTMx, 0);
   EXPECT_EQ(f.m(3).Lat, 0);
-  EXPECT_TRUE(f.diagnostics.anyFault());
+  EXPECT_TRUE(f.findings.anyFault());
 }
 
 TEST(OneMeasurement, ComesToItsEnd) {
@@ -182,7 +182,7 @@ TEST(OneMeasurement, ComesToItsEnd) {
   f.run();
   EXPECT_EQ(f.survey.traccia.PassoMedio, 0);
   EXPECT_EQ(f.survey.traccia.PuntiGPS.size(), 1U);
-  EXPECT_FALSE(f.diagnostics.anyFault());
+  EXPECT_FALSE(f.findings.anyFault());
 }
 
 TEST(Translation, MovesTheTracksPointsAndNoDistance) {

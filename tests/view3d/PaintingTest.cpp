@@ -9,10 +9,11 @@
 #include <utility>
 
 #include "base/Rounding.h"
+#include "picture/Bitmap.h"
+#include "picture/Legend.h"
+#include "picture/Palette.h"
 #include "Pictures.h"
-#include "view3d/Bitmap.h"
 #include "view3d/DepthOrder.h"
-#include "view3d/Palette.h"
 #include "view3d/Projector.h"
 #include "view3d/Renderer.h"
 

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "picture/BufferCanvas.h"
 #include "survey/Survey.h"
-#include "view3d/BufferCanvas.h"
 
 namespace corvan::test {
 

@@ -1,11 +1,11 @@
-#include "view3d/ColourScale.h"
+#include "picture/ColourScale.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 
-#include "view3d/Palette.h"
-#include "view3d/Routine3D.h"
+#include "picture/Palette.h"
+#include "picture/Pixels.h"
 
 namespace corvan {
 namespace {

@@ -1,9 +1,10 @@
-#include <cmath>
+#include "picture/Legend.h"
+
+#include <array>
 #include <string>
 
 #include "base/NumberText.h"
-#include "view3d/Palette.h"
-#include "view3d/Renderer.h"
+#include "picture/Palette.h"
 
 namespace corvan {
 namespace {

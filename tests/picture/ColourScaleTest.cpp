@@ -1,5 +1,5 @@
 // The colour of a resistivity.
-#include "view3d/ColourScale.h"
+#include "picture/ColourScale.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "view3d/SpanPainter.h"
+#include "picture/SpanPainter.h"
 
 namespace corvan {
 

@@ -7,8 +7,7 @@
 #include <span>
 #include <string_view>
 
-#include "view3d/Routine3D.h"
-#include "view3d/ViewState.h"
+#include "picture/Pixels.h"
 
 namespace corvan {
 

@@ -1,4 +1,4 @@
-#include "view3d/Bitmap.h"
+#include "picture/Bitmap.h"
 
 #include <cstddef>
 #include <cstdint>

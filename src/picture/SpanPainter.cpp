@@ -1,4 +1,4 @@
-#include "view3d/SpanPainter.h"
+#include "picture/SpanPainter.h"
 
 #include <algorithm>
 #include <array>

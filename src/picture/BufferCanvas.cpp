@@ -1,4 +1,4 @@
-#include "view3d/BufferCanvas.h"
+#include "picture/BufferCanvas.h"
 
 #include <cstddef>
 

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
-#include "view3d/Canvas.h"
-#include "view3d/SpanPainter.h"
+#include "picture/Canvas.h"
+#include "picture/SpanPainter.h"
 
 namespace corvan {
 
