@@ -155,4 +155,21 @@ void AggiungiNumero(std::string& out, double value, Mask mask) {
   for (int k = 0; k < places; ++k) out += zero ? '0' : at(d.whole + k);
 }
 
+double ArrotondaDecimale(double value, int places) {
+  static constexpr std::array<double, 16> tens{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  if (!std::isfinite(value)) return 0.0;
+  const double unit = tens.at(static_cast<std::size_t>(places));
+  const double scaled = std::abs(value) * unit;
+  const double below = std::floor(scaled);
+  // What 15 significant digits and the product may have moved; whole numbers of so many units are exact.
+  constexpr double exact = 1e14, doubt = 1e-14;
+  if (scaled < exact && std::abs(scaled - below - 0.5) > doubt * scaled) {
+    const double units = scaled - below < 0.5 ? below : below + 1.0;
+    return value < 0.0 && units > 0.0 ? -units / unit : units / unit;
+  }
+  const std::string mask = "0." + std::string(static_cast<std::size_t>(places), '0');
+  return Val(FormattaNumero(value, mask.c_str()));
+}
+
 }  // namespace corvan

@@ -55,4 +55,8 @@ std::string FormattaNumero(double value, Mask mask);
 /// The same, appended to `out`.
 void AggiungiNumero(std::string& out, double value, Mask mask);
 
+/// The number that a mask of so many places would write and Val would read back, without the way through the text where
+/// rounding cannot go two ways. 0 for a value that is not finite. @param places 0 to 15
+double ArrotondaDecimale(double value, int places);
+
 }  // namespace corvan

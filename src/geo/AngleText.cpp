@@ -29,11 +29,20 @@ std::string Ripulisci(std::string_view text) {
   return clean;
 }
 
-/// The whole angle in its last unit as digits without a point, e.g. minutes with 6 places: 2730.5 is "2730500000".
-std::string UltimaUnita(double value, int places) {
-  std::string mask = "0.";
-  mask.append(static_cast<std::size_t>(places), '0');
-  return Senza(FormattaNumero(value, mask.c_str()), ".");
+constexpr int SecondPlaces = 2;
+constexpr int MinutePlaces = 6;
+constexpr int DegreePlaces = 10;
+constexpr long long SecondUnits = 100;
+constexpr long long MinuteUnits = 1000000;
+constexpr long long PerMinute = 60 * SecondUnits;
+constexpr double LargestAngle = 1e9;  // degrees; a larger one cannot be split
+
+/// The whole angle in its last unit: hundredths of a second, or millionths of a minute.
+long long UltimaUnita(double degrees, bool seconds) {
+  if (!(std::abs(degrees) <= LargestAngle)) throw RunTimeError("angle " + TestoNumero(degrees) + " is no angle");
+  const double pieces = std::abs(degrees) * (seconds ? 3600.0 : 60.0);
+  const double rounded = ArrotondaDecimale(pieces, seconds ? SecondPlaces : MinutePlaces);
+  return std::llround(rounded * static_cast<double>(seconds ? SecondUnits : MinuteUnits));
 }
 
 /// Two digits, a point and the places of a piece below 60, written with at least `forced` places.
@@ -77,26 +86,51 @@ double GradiDaTesto(std::string_view text, AngleFormat format) {
 }
 
 std::string TestoDaGradi(double degrees, AngleFormat format) {
-  constexpr int secondPlaces = 2;
-  constexpr int minutePlaces = 6;
-  constexpr long long secondUnits = 100;
-  constexpr long long minuteUnits = 1000000;
   if (format == AngleFormat::D_DDDD) return FormattaNumero(degrees, "##0.0000######");
   const bool seconds = format == AngleFormat::DMMSS;
-  constexpr double largest = 1e9;
-  if (!(std::abs(degrees) <= largest)) throw RunTimeError("angle " + TestoNumero(degrees) + " is no angle");
-  const double magnitude = std::abs(degrees) * (seconds ? 3600.0 : 60.0);
-  const long long units = std::stoll(UltimaUnita(magnitude, seconds ? secondPlaces : minutePlaces));
+  const long long units = UltimaUnita(degrees, seconds);
   const std::string sign = degrees < 0.0 && units != 0 ? "-" : "";
   if (!seconds) {
-    const long long perDegree = 60 * minuteUnits;
-    return sign + std::to_string(units / perDegree) + Sessantesimi(units % perDegree, minutePlaces, 2);
+    const long long perDegree = 60 * MinuteUnits;
+    return sign + std::to_string(units / perDegree) + Sessantesimi(units % perDegree, MinutePlaces, 2);
   }
-  const long long perMinute = 60 * secondUnits;
-  const long long perDegree = 60 * perMinute;
-  const long long minutes = units % perDegree / perMinute;
+  const long long perDegree = 60 * PerMinute;
+  const long long minutes = units % perDegree / PerMinute;
   return sign + std::to_string(units / perDegree) + FormattaNumero(static_cast<double>(minutes), "00") +
-         Sessantesimi(units % perMinute, secondPlaces, 1);
+         Sessantesimi(units % PerMinute, SecondPlaces, 1);
+}
+
+double NumeroScritto(double degrees, AngleFormat format) {
+  if (format == AngleFormat::D_DDDD) return ArrotondaDecimale(degrees, DegreePlaces);
+  const bool seconds = format == AngleFormat::DMMSS;
+  const long long units = UltimaUnita(degrees, seconds);
+  const long long unit = seconds ? SecondUnits : MinuteUnits;
+  const long long pieces = units / unit;  // whole seconds or minutes
+  const long long packed =
+      seconds ? pieces / 3600 * 10000 + pieces % 3600 / 60 * 100 + pieces % 60 : pieces / 60 * 100 + pieces % 60;
+  const double number = static_cast<double>(packed * unit + units % unit) / static_cast<double>(unit);
+  return degrees < 0.0 && units != 0 ? -number : number;
+}
+
+double GradiDaNumero(double number, AngleFormat format) {
+  if (format == AngleFormat::D_DDDD) return number + 0.0;
+  // The shortest text of a single from 1024 on holds all its digits, and below 100 it is one piece: then the pieces
+  // come out of the number as they would out of the text.
+  const double magnitude = std::abs(number);
+  constexpr double whole = 1024.0, most = 16777216.0;
+  const bool single = static_cast<double>(static_cast<float>(magnitude)) == magnitude;
+  if (!single || magnitude < whole || magnitude > most) return GradiDaTesto(TestoNumero(number), format);
+  double degrees = 0.0;
+  if (format == AngleFormat::DMM_MMM) {
+    const double head = std::floor(magnitude / 100.0);
+    degrees = head + (magnitude - head * 100.0) / 60.0;
+  } else {
+    const double head = std::floor(magnitude / 10000.0);
+    const double rest = magnitude - head * 10000.0;
+    const double minutes = std::floor(rest / 100.0);
+    degrees = head + minutes / 60.0 + (rest - minutes * 100.0) / 3600.0;
+  }
+  return number < 0.0 ? -degrees : degrees;
 }
 
 double NumeroDaGradi(double degrees, AngleFormat format) {

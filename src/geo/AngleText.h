@@ -4,10 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace corvan {
+#include "base/Position.h"
 
-/// Degrees, minutes and seconds run together, degrees and decimal minutes run together, or decimal degrees.
-enum class AngleFormat { DMMSS, DMM_MMM, D_DDDD };
+namespace corvan {
 
 /// Reads an angle. Blanks, "°" and "'" are ignored, "," counts as the decimal point. The sign belongs to the whole
 /// angle; a text without a point has it at its end (4530 is 45°30'); pieces before the text's start are empty or
@@ -19,6 +18,14 @@ double GradiDaTesto(std::string_view text, AngleFormat format);
 /// the last place first (0.01", 0.000001' or 1e-10°) and then split, so that no piece reads 60.
 /// @throws RunTimeError when it is too large to be split
 std::string TestoDaGradi(double degrees, AngleFormat format);
+
+/// The angle that a number of this layout stands for: what GradiDaTesto reads in the number's shortest text, without
+/// the way through it where the digits cannot matter. @return decimal degrees
+double GradiDaNumero(double number, AngleFormat format);
+
+/// An angle in decimal degrees as the number that TestoDaGradi writes, rounded to its last place: tables hold the
+/// latitudes and longitudes of UTM positions so. @throws RunTimeError when it is too large to be split
+double NumeroScritto(double degrees, AngleFormat format);
 
 /// An angle in decimal degrees as the number that a file of this layout would hold (45.5 gives 453000, 4530 or 45.5),
 /// at full precision.

@@ -1,4 +1,4 @@
-// Converts one point at a time between geographic and UTM coordinates on eleven datums.
+// Converts one point at a time, typed as text, between geographic and UTM coordinates on eleven datums.
 #pragma once
 
 #include <cstddef>
@@ -17,9 +17,8 @@ namespace corvan {
 /// UTMx, UTMy, or the other way UTMx, UTMy, UTM2Geo, Lat, Lon. The first longitude fixes the zone for all later points:
 /// a survey is kept in one zone.
 ///
-/// The series are those that published files were made with. Forward, three coefficients of the meridional arc differ
-/// from the textbook; up to 3° from the central meridian the result stays within decimetres of the exact projection.
-/// Back, one sign differs: latitudes come out up to eight metres short there. docs/accuracy.md gives the figures.
+/// The state and the texts around the functions of geo/Utm.h, for those who convert what people type. Inside the
+/// program positions are values and need neither.
 class GeoGeo {
  public:
   /// @param dialogs where "Wrong Datum Name" and the format warning are shown; must outlive this object
@@ -52,12 +51,8 @@ class GeoGeo {
   void Lon(std::string_view text);
 
   /// The same in decimal degrees.
-  double LatGradi() const;
-  double LonGradi() const;
-
-  /// The same from decimal degrees, without the way through a text.
-  /// @throws RunTimeError for a longitude that has no zone
-  void Posizione(double latitude, double longitude);
+  double LatGradi() const { return lat_; }
+  double LonGradi() const { return lon_; }
 
   /// Easting and northing, m.
   double UTMx() const { return x_; }
@@ -67,38 +62,23 @@ class GeoGeo {
 
   /// True for the northern hemisphere; false adds 10,000,000 m to northings.
   bool Nord() const { return nord_; }
-  void Nord(bool north);
+  void Nord(bool north) { nord_ = north; }
 
-  /// Forward series (J. P. Snyder, Map Projections, USGS PP 1395, in the form of the US Army's TM 5-241-8, with the
-  /// deviations named above). An arithmetic fault leaves UTMx and UTMy as they were.
+  /// VersoUTM and DaUTM of geo/Utm.h on the state above. An arithmetic fault leaves their targets as they were.
   /// @return false after such a fault
   bool Geo2UTM();
-
-  /// Footpoint-latitude inverse (Snyder, USGS PP 1395, eq. 3-26 and 8-17 to 8-25, but for one sign). An arithmetic
-  /// fault leaves latitude and longitude as they were. @return false after such a fault
   bool UTM2Geo();
 
-  /// Decimal degrees of a number in the current layout, e.g. 45.5 for 4530 of "DMM.MMM".
-  double Gradi(double layoutNumber) const;
-
  private:
-  void LoadDatum();
-  double CentralMeridian() const;
+  Hemisphere Emisfero() const { return nord_ ? Hemisphere::North : Hemisphere::South; }
 
   Dialogs* dialogs_;
   std::size_t slot_ = 0;
-  double a_ = 0, b_ = 0;
   std::optional<AngleFormat> format_;
-  double lat_ = 0, lon_ = 0;  // rad
-  double meridian_ = 0;       // central meridian, rad
+  double lat_ = 0, lon_ = 0;  // decimal degrees
   double x_ = 0, y_ = 0;      // m
   std::int16_t zone_ = 0;
   bool nord_ = true;
-  double falseNorthing_ = 0;  // m
 };
-
-/// UTM zone of a longitude in degrees; outside -180..180 it is taken as DDDMM. 180 gives 61, deliberately unclamped.
-/// @throws RunTimeError when the zone has no 16-bit form
-std::int16_t UTMZoneOf(float longitude);
 
 }  // namespace corvan

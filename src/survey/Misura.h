@@ -5,11 +5,18 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/Position.h"
+
 namespace corvan {
 
 inline constexpr std::size_t MaxChannels = 10;          ///< channels stored per firing
 inline constexpr std::size_t PotentialElectrodes = 11;  ///< E1 to E11; channel c measures between E c and E c+1
 inline constexpr std::size_t CableElectrodes = 13;      ///< E1 to E11, then C1 (12) and C2 (13)
+
+/// Channels of a firing as bits 1..10.
+using ReadingSet = std::uint16_t;
+inline constexpr ReadingSet AllReadings = 0x7FE;
+constexpr ReadingSet BitDi(std::size_t channel) { return static_cast<ReadingSet>(1U << channel); }
 
 /// Per-channel arrays run 1..10 and electrodes 1..11; slot 0 is unused.
 struct Misura {
@@ -34,12 +41,22 @@ struct Misura {
   bool Interpolata = false;                      ///< the position was interpolated over a gap
   double Tempo = 0;                              ///< days since 1899-12-30; 0 where the file holds no time
 
-  bool SenzaFix = false;     ///< as read, the firing has no position
-  bool SorgenteUTM = false;  ///< the position was given as UTM, and latitude and longitude are derived from it
+  /// The position as read, or as a link to an external track gave it; of an interpolated one that between its
+  /// neighbours', which the next analysis takes away again.
+  PositionSource sorgente;
+  bool SenzaFix = true;              ///< the firing has no position of its own, or none that can be converted
+  ReadingSet letture = AllReadings;  ///< channels whose reading was stored
 };
 
 /// A latitude or northing of 0, a longitude or easting of 0, and any value that is not finite mean "no position".
 bool PosizioneUsabile(double north, double east);
+
+/// The reading of a channel (1..10) was stored. One that was not has resistivity and potential 0 and takes no part in
+/// extremes, colours and cells.
+inline bool HaLettura(const Misura& m, std::size_t channel) { return (m.letture & BitDi(channel)) != 0; }
+
+/// None of the firing's readings was stored: it is left out of everything, whatever the filter.
+inline bool Vuota(const Misura& m) { return m.letture == 0; }
 
 /// The firing has a position: its own or an interpolated one.
 inline bool HaPosizione(const Misura& m) { return !m.SenzaFix || m.Interpolata; }
@@ -47,8 +64,11 @@ inline bool HaPosizione(const Misura& m) { return !m.SenzaFix || m.Interpolata; 
 /// The firing takes part in sections and cells: it has a position and is not left out.
 inline bool Tenuta(const Misura& m) { return HaPosizione(m) && !m.Scartata; }
 
-/// Stores a position as read. Without a usable one all four coordinates stay 0 and SenzaFix is set.
-/// @param north,east latitude and longitude in the file's layout, or northing and easting when m.SorgenteUTM
-void ImpostaPosizione(Misura& m, double north, double east);
+/// Stores a geographic position as read. Without a usable one all stays 0 and there is no source.
+/// @param latitude,longitude in the file's layout, which Lat and Lon keep @param degrees the same in decimal degrees
+void ImpostaGeografica(Misura& m, double latitude, double longitude, const Geographic& degrees);
+
+/// Stores a position on a grid of no stated zone, likewise.
+void ImpostaUTM(Misura& m, double northing, double easting);
 
 }  // namespace corvan

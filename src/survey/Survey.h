@@ -11,9 +11,10 @@
 #include "survey/ExternalTrack.h"
 #include "survey/Misura.h"
 #include "survey/Punto3D.h"
-#include "survey/SyscalRecords.h"
 
 namespace corvan {
+
+inline constexpr std::size_t TimedRecord = 304;  ///< bytes; shorter records hold no time
 
 /// What one file of the batch gave.
 struct FileSummary {
@@ -22,31 +23,31 @@ struct FileSummary {
   std::uintmax_t bytes = 0;
   std::size_t recordLength = 0;  ///< bytes; 0 for a text export
   std::size_t records = 0;       ///< records, or lines of a text export
-  std::int32_t channels = 0;
-  std::size_t firings = 0;  ///< measurements that the file added
+  std::int32_t channels = 0;     ///< records of a firing
+  std::size_t firings = 0;       ///< measurements that the file added
+
+  bool timed() const { return recordLength >= TimedRecord; }
 };
 
-/// The file being read and the records of the last one.
+/// The file being read.
 struct CurrentFile {
-  std::filesystem::path NomeFile;    ///< full path
-  std::string TitoloFile;            ///< name without folder
-  std::string TipoFile;              ///< first 8 bytes, upper-cased
-  std::int16_t NumFile = 0;          ///< ordinal in the batch, from 1
-  std::int16_t FileLetto = 0;        ///< 1 once the reader has returned
-  std::int16_t LungRecord = 0;       ///< record length, bytes
-  std::int32_t NumCanali = 0;        ///< channels per firing
-  std::int16_t CanaliImpostati = 0;  ///< 1 once the channel count is settled
-  std::string HeaderBin;             ///< the 1030-character header of the last binary file
-  SyscalRecords RecordPro;           ///< raw records of the last Syscal Pro file
+  std::filesystem::path NomeFile;  ///< full path
+  std::string TitoloFile;          ///< name without folder
+  std::int16_t NumFile = 0;        ///< ordinal in the batch, from 1
+  std::int16_t LungRecord = 0;     ///< record length of the last binary file, bytes; kept, nothing needs it
+  std::int32_t NumCanali = 0;      ///< channels per firing
+  std::string HeaderBin;           ///< the 1030-character header of the last binary file; kept, nothing needs it
 };
 
 enum class BadGps { NoFilter, Skip, Interpolate };
 
 struct Settings {
-  bool CoordUTM = false;             ///< the files carry UTM coordinates
-  BadGps filter = BadGps::NoFilter;  ///< the treatment of bad fixes
-  std::int16_t ZonaUTM = 32;         ///< UTM zone of the survey, as typed or chosen
-  double TraslDatiEst = 0;           ///< data translation of the view, m
+  bool CoordUTM = false;                      ///< the files carry UTM coordinates
+  AngleFormat layout = AngleFormat::DMM_MMM;  ///< of latitudes and longitudes
+  BadGps filter = BadGps::NoFilter;           ///< the treatment of bad fixes
+  std::int16_t ZonaUTM = 32;                  ///< UTM zone of the survey, as typed or chosen
+  GridZone griglia{32, Hemisphere::North};    ///< the one grid that all positions stand on: ZonaUTM held to 1..60
+  double TraslDatiEst = 0;                    ///< data translation of the view, m
   double TraslDatiNord = 0;
   float TraslFondoEst = 0;  ///< depth translation of the view, m
   float TraslFondoNord = 0;
@@ -69,6 +70,7 @@ struct TrackExtent {
   double EstensioneX = 0, EstensioneY = 0;        ///< m
   double Lunghezza = 0;                           ///< track length, m
   float PassoMedio = 0;                           ///< mean spacing of the measurements, m
+  double AltezzaCella = 1;                        ///< height of one level of the curtain, m
   Array1<Punto3D> PuntiGPS;   ///< per measurement, relative to the origin, translated; w is the depth
   Array1<Punto3D> PuntiGPS0;  ///< the same with z = 0
 };

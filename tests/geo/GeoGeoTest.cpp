@@ -1,6 +1,8 @@
 // Coordinates: the series as published files were made with it, and how far it lies from the exact projection.
 #include "geo/GeoGeo.h"
 
+#include "geo/Utm.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,0 +1,47 @@
+// What a reader of survey files is asked and what it gives: it changes no survey.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Findings.h"
+#include "base/Position.h"
+#include "survey/Misura.h"
+#include "survey/Survey.h"
+
+namespace corvan {
+
+/// Up to where a file is read.
+enum class ReadSpan {
+  ToFirstLostFix,  ///< the records or lines from the first lost fix on are left out
+  PastLostFixes    ///< on to the last positioned one; the firings between keep their readings and are bad fixes
+};
+
+struct ReadOptions {
+  ReadSpan span = ReadSpan::ToFirstLostFix;
+  std::optional<AngleFormat> layout = AngleFormat::DMM_MMM;  ///< of latitudes and longitudes; none: the file holds UTM
+  /// Asked for the records of a firing where the file leaves them open, with the default answer; an empty answer takes
+  /// it. Never set: the default is taken.
+  std::function<std::string(std::int32_t)> channels;
+};
+
+/// Takes the firings of a file in their order; NumFile is left to the taker, but for 1 in firings that hold a record.
+using MisuraSink = std::function<void(const Misura&)>;
+
+/// What a walk over a file found.
+struct FileReport {
+  FileSummary summary;
+  std::string HeaderBin;  ///< the first 1030 bytes of a binary file
+  Findings findings;      ///< without the file's name where they are about the file
+};
+
+/// The same with the firings.
+struct FileRead : FileReport {
+  std::vector<Misura> measurements;
+};
+
+}  // namespace corvan
