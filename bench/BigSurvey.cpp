@@ -34,7 +34,7 @@ Answer Silent::MsgBox(const MessageRequest& request) {
   return Answer::Ok;
 }
 
-std::string Silent::InputBox(const InputRequest& request) {
+std::optional<std::string> Silent::InputBox(const InputRequest& request) {
   static_cast<void>(request);
   return "";
 }

@@ -14,7 +14,7 @@ namespace corvan::bench {
 class Silent : public Dialogs {
  public:
   Answer MsgBox(const MessageRequest& request) override;
-  std::string InputBox(const InputRequest& request) override;
+  std::optional<std::string> InputBox(const InputRequest& request) override;
 };
 
 /// A folder for the run's files, removed when the program ends.

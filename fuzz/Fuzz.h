@@ -29,7 +29,7 @@ class OneAnswer : public Dialogs {
     static_cast<void>(request);
     return Answer::Ok;
   }
-  std::string InputBox(const InputRequest& request) override {
+  std::optional<std::string> InputBox(const InputRequest& request) override {
     static_cast<void>(request);
     return answer_;
   }

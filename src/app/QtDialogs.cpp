@@ -19,13 +19,14 @@ Answer QtDialogs::MsgBox(const MessageRequest& request) {
   return box.exec() == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
 }
 
-std::string QtDialogs::InputBox(const InputRequest& request) {
+std::optional<std::string> QtDialogs::InputBox(const InputRequest& request) {
   QInputDialog box(QApplication::activeWindow());
   box.setWindowTitle(QString::fromStdString(request.title));
   box.setLabelText(QString::fromStdString(request.prompt));
   box.setTextValue(QString::fromStdString(request.defaultAnswer));
   box.resize(420, box.sizeHint().height());
-  return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
+  if (box.exec() != QDialog::Accepted) return std::nullopt;
+  return box.textValue().toStdString();
 }
 
 }  // namespace corvan

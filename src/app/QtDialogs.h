@@ -9,7 +9,7 @@ namespace corvan {
 class QtDialogs : public Dialogs {
  public:
   Answer MsgBox(const MessageRequest& request) override;
-  std::string InputBox(const InputRequest& request) override;
+  std::optional<std::string> InputBox(const InputRequest& request) override;
 };
 
 }  // namespace corvan

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace corvan {
@@ -37,8 +38,8 @@ class Dialogs {
   virtual ~Dialogs() = default;
 
   virtual Answer MsgBox(const MessageRequest& request) = 0;
-  /// @return the text entered; empty for Cancel
-  virtual std::string InputBox(const InputRequest& request) = 0;
+  /// @return the text entered, which may be empty; nothing for Cancel
+  virtual std::optional<std::string> InputBox(const InputRequest& request) = 0;
   virtual void Avanzamento(const ProgressStep& step) { static_cast<void>(step); }
 };
 

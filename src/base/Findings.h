@@ -44,6 +44,10 @@ class Findings {
       add(std::move(entry));
     }
   }
+  /// Takes back what a procedure found, when what was found no longer holds.
+  void ritira(const std::string& procedure) {
+    std::erase_if(entries_, [&procedure](const Finding& f) { return f.procedure == procedure; });
+  }
   void clear() { entries_.clear(); }
   bool empty() const { return entries_.empty(); }
   const std::vector<Finding>& entries() const { return entries_; }

@@ -29,9 +29,9 @@ Answer ScriptedDialogs::MsgBox(const MessageRequest& request) {
   return Answer::Ok;
 }
 
-std::string ScriptedDialogs::InputBox(const InputRequest& request) {
+std::optional<std::string> ScriptedDialogs::InputBox(const InputRequest& request) {
   const auto found = answers_.find(request.prompt);
-  return found == answers_.end() ? "" : found->second;
+  return found == answers_.end() ? std::nullopt : std::optional(found->second);
 }
 
 void ScriptedDialogs::Avanzamento(const ProgressStep& step) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,7 @@ class ScriptedDialogs : public Dialogs {
   const std::vector<std::string>& messages() const { return messages_; }
 
   Answer MsgBox(const MessageRequest& request) override;
-  std::string InputBox(const InputRequest& request) override;
+  std::optional<std::string> InputBox(const InputRequest& request) override;
   void Avanzamento(const ProgressStep& step) override;
 
  private:

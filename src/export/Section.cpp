@@ -1,14 +1,17 @@
 #include "export/Section.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "export/TruePositions.h"
 #include "geo/Plane.h"
+#include "geo/Utm.h"
 
 namespace corvan {
 namespace {
@@ -41,14 +44,15 @@ struct Extraction {
   Section section;
 };
 
-void RicalcolaUTM(Survey& survey, GeoGeo& geo) {
+/// Positions that were interpolated in degrees lie on the straight line between them on the sphere, not on the grid.
+void RicalcolaUTM(Survey& survey) {
   for (Misura& m : survey.Misure) {
-    if (m.SorgenteUTM || !HaPosizione(m)) continue;
-    geo.Lat(TestoNumero(m.Lat));
-    geo.Lon(TestoNumero(m.Lon));
-    if (!geo.Geo2UTM()) continue;
-    m.UTMx = geo.UTMx();
-    m.UTMy = geo.UTMy();
+    const auto* degrees = std::get_if<Geographic>(&m.sorgente);
+    if (degrees == nullptr || !m.Interpolata) continue;
+    const std::optional<Grid> place = VersoUTM(*degrees, survey.settings.griglia);
+    if (!place) continue;
+    m.UTMx = place->easting;
+    m.UTMy = place->northing;
   }
 }
 
@@ -102,10 +106,10 @@ double DistanzaDaE1(const Section& section, std::int32_t p) {
   return dist(a.est, a.nord, b.est, b.nord);
 }
 
-void CreaProfiloVero(Survey& survey, Extraction& x, const std::vector<std::int32_t>& kept) {
+void CreaProfiloVero(const Survey& survey, Extraction& x, const std::vector<std::int32_t>& kept) {
   x.section.ProfiloVero = x.section.Profilo;
   for (const std::int32_t p : kept) {
-    const Misura& m = Punto(survey, p);
+    const Misura& m = survey.Misure(static_cast<std::size_t>(p));
     const double place = x.grid.place(C1, DistanzaDaE1(x.section, p)).value_or(0.0);
     x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], static_cast<double>(Profondita(x, place)),
                                 x.section.Profilo(p).distanza};
@@ -116,7 +120,7 @@ void CreaProfiloVero(Survey& survey, Extraction& x, const std::vector<std::int32
 /// A coordinate as the files hold it: rounded to centimetres through its text, then a single.
 float CoordinataScritta(double value) { return SingoloOppure(Val(FormattaNumero(value, "#######0.00")), 0.0F); }
 
-/// Electrodes and readings of one firing, D metres from the section's start.
+/// Electrodes and readings of one firing, D metres from the section's start; its place is another's matter.
 SectionPoint CreaPunto(const Misura& m, const Extraction& x, double D) {
   SectionPoint point;
   for (std::size_t e = 1; e <= CableElectrodes; ++e) {
@@ -127,36 +131,97 @@ SectionPoint CreaPunto(const Misura& m, const Extraction& x, double D) {
     const double a = m.CanaleA.at(c), b = m.CanaleB.at(c);
     point.potential.at(c) = SingoloOppure((a - b) / 2.0, 0.0F);
   }
+  point.file = m.NumFile;
+  point.letture = m.letture;
+  point.posta = HaPosizione(m);
   point.resistivity = m.Rho;
   point.current = SingoloOppure((static_cast<double>(m.Val180) - static_cast<double>(m.Val184)) / 2.0, 0.0F);
-  point.nord = CoordinataScritta(m.Deriv[4]);
-  point.est = CoordinataScritta(m.Deriv[3]);
   return point;
 }
 
-void CreaRecord(Survey& survey, Extraction& x) {
+/// Ten records for each point that is not left out; one without a position takes the true place of the kept one before.
+void CreaRecord(const Survey& survey, Extraction& x, std::int32_t firstKept) {
   Section& section = x.section;
   section.RecordOut.reserve(static_cast<std::size_t>(section.E2 - section.E1) + 1);
+  const Misura* place = &survey.Misure(static_cast<std::size_t>(firstKept));
   for (std::int32_t p = section.E1; p <= section.E2; ++p) {
-    const Misura& m = Punto(survey, p);
+    const Misura& m = survey.Misure(static_cast<std::size_t>(p));
     if (m.Scartata) continue;
+    if (HaPosizione(m)) place = &m;
+    SectionPoint point = CreaPunto(m, x, DistanzaDaE1(section, p));
+    point.misura = p;
+    point.estVero = place->Deriv[3];
+    point.nordVero = place->Deriv[4];
+    point.est = CoordinataScritta(point.estVero);
+    point.nord = CoordinataScritta(point.nordVero);
     ++section.points;
-    section.RecordOut.append(CreaPunto(m, x, DistanzaDaE1(section, p)));
+    section.RecordOut.append(point);
   }
+}
+
+/// Moves the kept points and writes their true places back.
+void PonePosizioniVere(Survey& survey, const std::vector<std::int32_t>& kept, const Extraction& x, Findings& findings) {
+  std::vector<PlanPoint> stored;
+  stored.reserve(kept.size());
+  for (const std::int32_t p : kept) stored.push_back({Punto(survey, p).UTMx, Punto(survey, p).UTMy});
+  const double lag = x.cable.Lag(x.request.OffsetCavo);
+  const TruePlaces moved = CalcolaPosizioniVere(stored, x.request.position, lag);
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    Punto(survey, kept[i]).Deriv[3] = moved.places[i].est;
+    Punto(survey, kept[i]).Deriv[4] = moved.places[i].nord;
+  }
+  if (moved.bend > std::abs(lag)) {
+    findings.note(Procedure, "the section bends: a point lies " + FormattaNumero(moved.bend, "0.#") +
+                                 " m from the straight line along which true positions were moved back by " +
+                                 FormattaNumero(lag, "0.#") + " m");
+  }
+}
+
+/// Records whose potential electrodes fall on one place of the grid.
+void RilevaCoincidenti(const Section& section, Findings& findings) {
+  if (section.Passo == 0.0) return;
+  std::size_t count = 0;
+  const SectionPoint* first = nullptr;
+  std::size_t channel = 0;
+  for (const SectionPoint& point : section.RecordOut.points()) {
+    for (std::size_t c = 1; c <= MaxChannels; ++c) {
+      if (point.x.at(c) != point.x.at(c + 1)) continue;
+      if (count++ > 0) continue;
+      first = &point;
+      channel = c;
+    }
+  }
+  if (first == nullptr) return;
+  findings.fault(Procedure, std::to_string(count) + " of " + std::to_string(section.NqpBin()) +
+                                " records have both potential electrodes at one place, since places are multiples of " +
+                                "the distance of C1 and C2 (" + FormattaNumero(section.Passo, "0.###") +
+                                " m): the first is channel " + std::to_string(channel) + " of measurement " +
+                                std::to_string(first->misura));
+}
+
+/// Measurements that are written although nobody knows where they were.
+void RilevaSenzaPosizione(const Section& section, Findings& findings) {
+  const auto& points = section.RecordOut.points();
+  const auto lost = std::count_if(points.begin(), points.end(), [](const SectionPoint& p) { return !p.posta; });
+  if (lost == 0) return;
+  findings.fault(Procedure, std::to_string(lost) + " of " + std::to_string(section.points) +
+                                " measurements have no position and are written at that of the one before: \"Skip bad "
+                                "GPS\" leaves them out, \"Interpolate bad GPS\" places them");
 }
 
 }  // namespace
 
-Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Findings& findings) {
+Section EstraiSezione(Survey& survey, const SectionRequest& request, Findings& findings) {
   const CableGeometry cable = MisuraCavo(survey.cavo);
   Extraction x{request, cable, ElectrodeGrid(x.cable, request.OffsetCavo), {}};
   x.section.E1 = request.E1;
   x.section.E2 = request.E2;
   x.section.Passo = cable.Passo;
-  RicalcolaUTM(survey, geo);
+  x.section.griglia = survey.settings.griglia;
+  x.section.altezza = survey.traccia.AltezzaCella;
+  RicalcolaUTM(survey);
   const std::vector<std::int32_t> kept = PuntiTenuti(survey, request.E1, request.E2);
   if (kept.empty()) {
-    x.section.Profilo = x.section.ProfiloVero = Profile(request.E1, request.E2);
     findings.fault(Procedure, "no measurement of the section has a position: no records");
     return std::move(x.section);
   }
@@ -164,9 +229,11 @@ Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request
     findings.fault(Procedure, "C1 and C2 coincide, the electrode spacing is 0: places along the section are left 0");
   }
   x.section.Profilo = CreaProfilo(survey, x.section, kept);
-  CalcolaPosizioniVere(survey, kept, request.position, cable.Lag(request.OffsetCavo));
+  PonePosizioniVere(survey, kept, x, findings);
   if (request.echoSounder) CreaProfiloVero(survey, x, kept);
-  CreaRecord(survey, x);
+  CreaRecord(survey, x, kept.front());
+  RilevaCoincidenti(x.section, findings);
+  RilevaSenzaPosizione(x.section, findings);
   return std::move(x.section);
 }
 

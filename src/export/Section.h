@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "base/Findings.h"
-#include "geo/GeoGeo.h"
+#include "base/Position.h"
 #include "survey/Quadrupole.h"
 #include "survey/Survey.h"
 #include "track/Profile.h"
@@ -34,15 +34,18 @@ struct Section {
   double Passo = 0;          ///< electrode spacing, m
   Profile Profilo;           ///< stored positions and depths
   Profile ProfiloVero;       ///< true positions and the depths under the cable; made for the echo sounder
+  GridZone griglia;          ///< the grid of all its positions
+  double altezza = 1;        ///< height of a level of the curtain, m
   SectionRecords RecordOut;  ///< ten records a point
 
   std::int32_t NqpBin() const { return 10 * points; }
 };
 
-/// Extracts the section E1..E2. The true positions are left in Deriv(3) and Deriv(4) of its measurements; positions of
-/// geographic source are computed anew from latitude and longitude. Measurements that are left out give no records;
-/// those without a position repeat the place of the kept one before them. Without any kept point there are no records.
+/// Extracts the section E1..E2 with all that its writers need. Positions interpolated in degrees are projected anew
+/// from there. Measurements that are left out give no records; those without a position repeat the place of the kept
+/// one before them, which is a fault. Without any kept point there are no records and the profiles are empty. The true
+/// positions are written back to Deriv(3) and Deriv(4) for tables of the survey; nothing here reads them.
 /// Errors: a failing step (an electrode spacing of 0, a reading that is not finite) leaves its target 0 and is noted.
-Section EstraiSezione(Survey& survey, GeoGeo& geo, const SectionRequest& request, Findings& findings);
+Section EstraiSezione(Survey& survey, const SectionRequest& request, Findings& findings);
 
 }  // namespace corvan

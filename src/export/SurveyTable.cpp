@@ -1,5 +1,6 @@
 #include "export/SurveyTable.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -23,11 +24,20 @@ class Row {
   void addAll(const std::array<float, Size>& values) {
     for (std::size_t k = 1; k < Size; ++k) add(values[k]);
   }
+  /// An empty field.
+  void skip() { text_ += ','; }
   const std::string& line() { return text_ += '\n'; }
 
  private:
   std::string text_;
 };
+
+/// Binary records shorter than those that hold a time have none; text exports keep the 0 that they have always had.
+bool HaTempo(const Survey& survey, const Misura& m) {
+  const auto file = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
+  if (file < 1 || file > survey.files.size()) return true;
+  return survey.files[file - 1].recordLength == 0 || survey.files[file - 1].timed();
+}
 
 std::string Intestazione() {
   std::string header = "n,file,time,lat,lon,utm_x,utm_y,true_x,true_y,distance,step,depth,c1,c2";
@@ -51,7 +61,12 @@ void SalvaTabella(FileWriter& out, const Survey& survey) {
     Row row;
     row.add(++n);
     row.add(m.NumFile);
-    for (const double value : {m.Tempo, m.Lat, m.Lon, m.UTMx, m.UTMy, m.Deriv[3], m.Deriv[4], m.Distanza})
+    if (HaTempo(survey, m)) {
+      row.add(m.Tempo);
+    } else {
+      row.skip();
+    }
+    for (const double value : {m.Lat, m.Lon, m.UTMx, m.UTMy, m.Deriv[3], m.Deriv[4], m.Distanza})
       row.add(value);
     for (const float value : {m.Passo, m.Val12, m.Val60, m.Val64}) row.add(value);
     row.addAll(m.Elettrodi);

@@ -10,49 +10,49 @@
 namespace corvan {
 namespace {
 
-Misura& Punto(Survey& survey, std::int32_t p) { return survey.Misure(static_cast<std::size_t>(p)); }
+/// Largest distance of points from their line.
+double Scarto(const LinearFit& fit, const Array1<double>& x, const Array1<double>& y) {
+  if (fit.Vertical()) return 0.0;
+  double most = 0.0;
+  for (std::size_t k = 1; k <= x.size(); ++k) most = std::max(most, std::abs(fit.a() + fit.b() * x(k) - y(k)));
+  return most / std::sqrt(fit.b() * fit.b() + 1.0);
+}
 
-/// Moves the kept points back along the direction of travel.
-void SpostaIndietro(Survey& survey, const std::vector<std::int32_t>& kept, double lag) {
-  const Misura& first = Punto(survey, kept.front());
-  const Misura& last = Punto(survey, kept.back());
+/// Moves points back along the direction of travel.
+TruePlaces SpostaIndietro(const std::vector<PlanPoint>& stored, double lag) {
+  const PlanPoint& first = stored.front();
+  const PlanPoint& last = stored.back();
   Array1<double> DxSezione;
   Array1<double> DySezione;
-  for (const std::int32_t p : kept) {
-    DxSezione.append(Punto(survey, p).UTMx - first.UTMx);
-    DySezione.append(Punto(survey, p).UTMy - first.UTMy);
+  for (const PlanPoint& p : stored) {
+    DxSezione.append(p.est - first.est);
+    DySezione.append(p.nord - first.nord);
   }
   LinearFit fit;
   std::int32_t i1 = 1;
-  auto i2 = static_cast<std::int32_t>(kept.size());
+  auto i2 = static_cast<std::int32_t>(stored.size());
   fit.LinFit(DxSezione, DySezione, i1, i2);
 
   const double slope = std::abs(fit.b());
   const double root = std::sqrt(slope * slope + 1.0);
-  const double dX = lag / root;
+  // Along a meridian only the northing moves: the easting is the stored one, whatever was written before.
+  const double dX = fit.Vertical() ? 0.0 : lag / root;
   const double dY = fit.Vertical() ? lag : lag * slope / root;
-  const bool eastward = first.UTMx < last.UTMx;
-  const bool northward = first.UTMy < last.UTMy;
-  for (const std::int32_t p : kept) {
-    Misura& m = Punto(survey, p);
-    // Along a meridian the easting keeps what an earlier extraction left there.
-    if (!fit.Vertical()) m.Deriv[3] = eastward ? m.UTMx - dX : m.UTMx + dX;
-    m.Deriv[4] = northward ? m.UTMy - dY : m.UTMy + dY;
+  const bool eastward = first.est < last.est;
+  const bool northward = first.nord < last.nord;
+  TruePlaces moved;
+  moved.bend = Scarto(fit, DxSezione, DySezione);
+  moved.places.reserve(stored.size());
+  for (const PlanPoint& p : stored) {
+    moved.places.push_back({eastward ? p.est - dX : p.est + dX, northward ? p.nord - dY : p.nord + dY});
   }
+  return moved;
 }
 
 }  // namespace
 
-void CalcolaPosizioniVere(Survey& survey, const std::vector<std::int32_t>& kept, TruePosition position, double lag) {
-  if (position == TruePosition::BehindBoat) {
-    SpostaIndietro(survey, kept, lag);
-    return;
-  }
-  for (const std::int32_t p : kept) {
-    Misura& m = Punto(survey, p);
-    m.Deriv[3] = m.UTMx;
-    m.Deriv[4] = m.UTMy;
-  }
+TruePlaces CalcolaPosizioniVere(const std::vector<PlanPoint>& stored, TruePosition position, double lag) {
+  return position == TruePosition::BehindBoat ? SpostaIndietro(stored, lag) : TruePlaces{stored, 0.0};
 }
 
 double CableGeometry::Lag(double OffsetCavo) const {

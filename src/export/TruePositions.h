@@ -23,10 +23,21 @@ struct CableGeometry {
 /// Positions that are not finite take no part in the largest and smallest and count as the largest themselves.
 CableGeometry MisuraCavo(const Cable& cable);
 
-/// Sets Deriv(3) and Deriv(4) of the kept points of a section.
-/// @param kept their numbers in order, at least one
+/// A place in the plane, m.
+struct PlanPoint {
+  double est = 0;
+  double nord = 0;
+};
+
+/// True places of points in the order of a section.
+struct TruePlaces {
+  std::vector<PlanPoint> places;
+  double bend = 0;  ///< largest distance of a point from the straight line that all were moved along, m
+};
+
+/// @param stored at least one
 /// @param lag m, used by TruePosition::BehindBoat: each point moves backwards by it along the straight line fitted
-/// through the kept points; along a meridian only the northing moves
-void CalcolaPosizioniVere(Survey& survey, const std::vector<std::int32_t>& kept, TruePosition position, double lag);
+/// through all; along a meridian only the northing moves
+TruePlaces CalcolaPosizioniVere(const std::vector<PlanPoint>& stored, TruePosition position, double lag);
 
 }  // namespace corvan

@@ -27,4 +27,7 @@ std::optional<Geographic> DaUTM(const Grid& place, const Datum& datum = Datums.f
 /// @throws RunTimeError when the zone has no 16-bit form
 std::int16_t UTMZoneOf(float longitude);
 
+/// The same, by the name that "Read File" knows it by.
+inline std::int16_t SelezionaZonaUTM(float x) { return UTMZoneOf(x); }
+
 }  // namespace corvan

@@ -26,6 +26,12 @@ std::size_t IndiceColore(double value, double low, double span) {
 
 }  // namespace
 
+ColourRange ScalaDaDati(float low, float high) {
+  if (low != high) return {low, high};
+  const float margin = 0.05F * std::abs(low);
+  return {low - margin, high + margin};
+}
+
 Palette CreaScalaColore() {
   Palette palette{};
   std::transform(PaletteRgb.begin(), PaletteRgb.end(), palette.begin() + 1, RossoInBasso);

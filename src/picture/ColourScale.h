@@ -15,6 +15,10 @@ struct ColourRange {
 /// Colour values with red in the low byte, then green, then blue; indices 1..256, slot 0 unused.
 using Palette = std::array<std::int32_t, 257>;
 
+/// The range that shows data of these extremes: a single value stands in the middle of 5 % of it to each side, uniform
+/// zeros give no range.
+ColourRange ScalaDaDati(float low, float high);
+
 Palette CreaScalaColore();
 
 /// Colour of a value on a linear scale: index round((Valore - ScalaMin) 256 / (ScalaMax - ScalaMin)), halves to even,

@@ -15,7 +15,7 @@
 #include "export/KmlGoogle.h"
 #include "export/OutputFiles.h"
 #include "export/Section.h"
-#include "geo/GeoGeo.h"
+#include "input/FileRead.h"
 #include "geo/ZoneConstants.h"
 #include "picture/ColourScale.h"
 #include "session/Panels.h"
@@ -190,8 +190,15 @@ class Session {
 
   void BatOperation();
   void AnalisiFile();
-  void ImpostaZonaDaDati();
+  void stabilisciGriglia();
   void ImpostaZona(std::int16_t zone);
+  ReadOptions opzioni() const;
+  void leggiFile(const ReadOptions& options);
+  void rilevaLettura();
+  void rifiuta(const char* procedure, const std::string& message);
+  void rilevaCollegamento(const char* procedure, const LinkNotes& notes);
+  void rilevaDistanza(const char* procedure);
+  std::string chiedi(const InputRequest& request) { return dialogs_.InputBox(request).value_or(""); }
   void azzeraSelezione();
   void scegliEstremo(std::int32_t index, std::string& box, TaggedLabel& label);
   void spostaDati(double east, double north);
@@ -211,7 +218,10 @@ class Session {
   void DisegnaContorno();
   void mostraCavo(std::int32_t index);
   bool leggiTraccia(const std::filesystem::path& fileName);
-  void allineaTraccia();
+  bool chiediZonaTraccia();
+  void prendiTraccia(Array1<PuntoGPSEst> fixes, const std::string& name);
+  void allineaTraccia(const char* procedure);
+  bool GrigliaIgnota() const;
   void rilevaTempi(const TimeLink& link);
   void rifaiFinestra();
   void mostraUscita(bool bin, bool txt, bool echo);
@@ -227,10 +237,10 @@ class Session {
   Clock clock_;
   Findings findings_;
   Survey survey_;
-  GeoGeo geo_;
   ZoneConstants zona_;
   TrackResult fixes_;
   ColourRange colours_;
+  bool rangeTyped_ = false;  ///< the user typed the colour range: it no longer follows the data
   ViewState view_;
   Scene scene_;
   Renderer renderer_;
@@ -239,6 +249,7 @@ class Session {
   std::int32_t pressedLabel_ = 0;  ///< the measurement whose label took the press
   std::int32_t pressedFix_ = 0;    ///< or the fix
   std::vector<std::int32_t> pickedFixes_;
+  std::string nomeTraccia_;  ///< file of the external track
   std::int16_t numCollegamenti_ = 0;
   Collegamenti collegamenti_;
   std::optional<TimeLink> timeLink_;

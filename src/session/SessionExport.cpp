@@ -35,11 +35,11 @@ void Session::SaveOutCmd_Click() {
 void Session::SalvaEstrattoFile() {
   section_.reset();
   if (statoSelezione_ != 2) {
-    dialogs_.MsgBox({"No points selected", "", Buttons::Ok});
+    rifiuta("SalvaEstrattoFile", "No points selected");
     return;
   }
   Trappola(findings_, "SalvaEstrattoFile", [this] {
-    Section section = EstraiSezione(survey_, geo_, chiediSezione(), findings_);
+    Section section = EstraiSezione(survey_, chiediSezione(), findings_);
     section_ = SectionSummary{section.E1, section.E2, section.points, section.NqpBin()};
     scriviSezione(section);
   });
@@ -54,7 +54,7 @@ SectionRequest Session::chiediSezione() {
 
   const auto ask = [this](double& offset, const char* prompt, const char* title) {
     Trappola(findings_, "SalvaEstrattoFile", [&] {
-      offset = Val(dialogs_.InputBox({prompt, title, TestoNumero(offset)}));
+      offset = Val(chiedi({prompt, title, TestoNumero(offset)}));
     });
   };
   ask(offsetCavo_, "Distance of the first floating Electrode from Syscal", "Set Cable Offset Value ");
@@ -79,16 +79,16 @@ void Session::scriviSezione(Section& section) {
   }
   if (FrameFileOut.EchoZChk) {
     scrivi("SalvaTraccia", ".ecs",
-           [&](FileWriter& out) { SalvaTraccia(out, section.Profilo, section.E1, section.E2); });
+           [&](FileWriter& out) { SalvaTraccia(out, section.Profilo, section.Profilo.Primo(), section.Profilo.Ultimo()); });
     scrivi("SalvaTraccia", ".ecst",
-           [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.E1, section.E2); });
+           [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.ProfiloVero.Primo(), section.ProfiloVero.Ultimo()); });
   }
   if (!FrameFileOut.KMLchk) return;
   const bool written = Trappola(findings_, "SalvaKML", [&] {
     if (!kml_) kml_ = std::make_unique<KmlGoogle>();
     kml_->FileName(NomeUscita(FrameFileOut.FileOutTxt, ".kml").string());
     outputs_.prepara(kml_->FileName());
-    corvan::SalvaKML(*kml_, survey_, geo_, {section.E1, section.E2, section.Passo, colours_}, dialogs_, findings_);
+    corvan::SalvaKML(*kml_, section, colours_, dialogs_, findings_);
     outputs_.scritto(kml_->FileName());
   });
   if (!written) kml_.reset();  // gives up the half-written file

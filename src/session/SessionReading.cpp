@@ -1,4 +1,5 @@
 // Reading files and preparing the survey: the chain from the selected files to the analysed track.
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -10,19 +11,18 @@
 #include "input/InputDriver.h"
 #include "session/Session.h"
 #include "track/Cable.h"
-#include "track/UtmZone.h"
+#include "track/FormatGuess.h"
 
 namespace corvan {
 namespace {
 
 constexpr const char* BadPositions = "Some Data have incorrect GPS position";
+constexpr const char* ZoneAssumed = "SelezionaZonaUTM";
 constexpr std::int16_t DefaultZone = 32;
 
 }  // namespace
 
-Session::Session(Dialogs& dialogs, Clock clock) : dialogs_(dialogs), clock_(std::move(clock)), geo_(dialogs) {
-  Form_Load();
-}
+Session::Session(Dialogs& dialogs, Clock clock) : dialogs_(dialogs), clock_(std::move(clock)) { Form_Load(); }
 
 void Session::Form_Load() {
   FrameFileIn.DonelblVisible = false;
@@ -31,7 +31,6 @@ void Session::Form_Load() {
   FrameDataMove = TranslationPanel{};
   AzzeraVista(view_);
   mostraAngoli();
-  geo_.Reset();
   ImpostaZona(DefaultZone);
 }
 
@@ -46,28 +45,16 @@ void Session::ConvertAsciiCmd_Click() {
   FrameFileIn.LatLonCmbx = chosen;  // the user's choices outlive the reset
   if (FrameFileIn.Option2) survey_.settings.filter = BadGps::Skip;
   if (FrameFileIn.Option3) survey_.settings.filter = BadGps::Interpolate;
-  switch (chosen) {
-    case CoordinateEntry::DDMMSS:
-      geo_.LatLonFormat("DMMSS");
-      break;
-    case CoordinateEntry::DDMM:
-      geo_.LatLonFormat("DMM.MMM");
-      break;
-    case CoordinateEntry::DD:
-      geo_.LatLonFormat("D.DDDD");
-      break;
-    case CoordinateEntry::UTM:
-      survey_.settings.CoordUTM = true;
-      geo_.UTMzone(survey_.settings.ZonaUTM);
-      geo_.Nord(!FrameFileIn.south);
-      break;
-  }
+  survey_.settings.CoordUTM = chosen == CoordinateEntry::UTM;
+  survey_.settings.layout = opzioni().layout.value_or(AngleFormat::DMM_MMM);
+  rangeTyped_ = false;
   BatOperation();
   if (!survey_.Misure.empty()) {
+    stabilisciGriglia();
     CreaCavoDaMisure(survey_);
+    RilevaCavo(survey_, findings_);
     AnalisiFile();
-    colours_ = {survey_.traccia.RhoMin, survey_.traccia.RhoMax};
-    if (chosen != CoordinateEntry::UTM) ImpostaZonaDaDati();
+    rilevaLettura();
   } else {
     rifaiStrati();
   }
@@ -80,6 +67,50 @@ void Session::ConvertAsciiCmd_Click() {
   rifaiScena();
 }
 
+ReadOptions Session::opzioni() const {
+  ReadOptions options;
+  options.span = FrameFileIn.pastGaps ? ReadSpan::PastLostFixes : ReadSpan::ToFirstLostFix;
+  switch (FrameFileIn.LatLonCmbx) {
+    case CoordinateEntry::DDMMSS:
+      options.layout = AngleFormat::DMMSS;
+      break;
+    case CoordinateEntry::DDMM:
+      options.layout = AngleFormat::DMM_MMM;
+      break;
+    case CoordinateEntry::DD:
+      options.layout = AngleFormat::D_DDDD;
+      break;
+    case CoordinateEntry::UTM:
+      options.layout.reset();
+      break;
+  }
+  options.channels = [this](std::int32_t usual) {
+    return dialogs_.InputBox({"Set Channel Number", "N. Channel", TestoNumero(static_cast<double>(usual))}).value_or("");
+  };
+  return options;
+}
+
+/// The one grid of the survey: of its first position, or of UTM files that of the start until a zone is stated.
+void Session::stabilisciGriglia() {
+  GridZone& grid = survey_.settings.griglia;
+  grid = {DefaultZone, Hemisphere::North};
+  if (survey_.settings.CoordUTM) {
+    grid.hemisphere = FrameFileIn.south ? Hemisphere::South : Hemisphere::North;
+  } else if (const std::optional<GridZone> first = GrigliaDelPrimoFix(survey_)) {
+    grid = *first;
+  }
+  ImpostaZona(grid.zone);
+}
+
+/// What only the whole survey shows about how it was read.
+void Session::rilevaLettura() {
+  if (SenzaZona(survey_)) {
+    findings_.note(ZoneAssumed, "UTM coordinates without a stated zone: zone " + std::to_string(DefaultZone) +
+                                    " is assumed (\"Set UTM Zone\", --zone)");
+  }
+  RilevaFormato(survey_, findings_);
+}
+
 void Session::BatOperation() {
   survey_.Misure.clear();
   survey_.files.clear();
@@ -89,30 +120,48 @@ void Session::BatOperation() {
   section_.reset();
   timeLink_.reset();
   numCollegamenti_ = 0;
-  const ReadSpan span = FrameFileIn.pastGaps ? ReadSpan::PastLostFixes : ReadSpan::ToFirstLostFix;
-  InputContext context{survey_, dialogs_, findings_, span};
+  const ReadOptions options = opzioni();
   for (const auto& name : FrameFileIn.File1) {
     survey_.file.NomeFile = name;
     survey_.file.TitoloFile = name.filename().string();
-    survey_.file.CanaliImpostati = 0;
-    survey_.file.FileLetto = 0;
     ++survey_.file.NumFile;
     outputs_.proteggi(name);
     dialogs_.Avanzamento({survey_.file.TitoloFile, survey_.files.size(), FrameFileIn.File1.size()});
-    LeggiFile(context);
+    leggiFile(options);
   }
   dialogs_.Avanzamento({"", survey_.files.size(), FrameFileIn.File1.size()});
   FrameFileIn.Donelbl = "Read " + TestoConSegno(static_cast<double>(survey_.NumMisure())) + " meas.";
   FrameFileIn.DonelblVisible = true;
 }
 
+/// Appends what a file gives to the survey.
+void Session::leggiFile(const ReadOptions& options) {
+  CurrentFile& file = survey_.file;
+  const auto append = [this](const Misura& m) {
+    survey_.Misure.append(m);
+    Misura& last = survey_.Misure(survey_.Misure.size());
+    if (!Vuota(last)) last.NumFile = survey_.file.NumFile;  // an empty firing names no file
+  };
+  Trappola(findings_, "LeggiFile", [&] {
+    FileReport report = PercorriFile(file.NomeFile, options, append);
+    findings_.add(report.findings, file.NomeFile);
+    survey_.files.push_back(report.summary);
+    if (report.summary.format.empty()) return;
+    file.NumCanali = report.summary.channels;
+    if (report.HeaderBin.empty()) return;
+    file.LungRecord = static_cast<std::int16_t>(report.summary.recordLength);
+    file.HeaderBin = std::move(report.HeaderBin);
+  });
+}
+
 void Session::AnalisiFile() {
   Trappola(findings_, "AnalisiFile", [this] {
-    fixes_ = corvan::AnalisiFile(survey_, geo_, findings_);
+    fixes_ = corvan::AnalisiFile(survey_, findings_);
+    if (!rangeTyped_) colours_ = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
     rifaiStrati();
   });
-  if (fixes_.bad == 0) return;
-  if (survey_.settings.filter == BadGps::NoFilter) {
+  if (fixes_.bad == 0 && fixes_.discarded == 0) return;
+  if (fixes_.bad > 0 && survey_.settings.filter == BadGps::NoFilter) {
     InfoLbl.Caption = BadPositions;
     InfoLbl.Visible = true;
   }
@@ -123,7 +172,7 @@ void Session::AnalisiFile() {
 
 /// Window and layers around the cells.
 void Session::rifaiStrati() {
-  allineaTraccia();
+  allineaTraccia("AnalisiFile");
   ImpostaFinestra(view_, survey_.traccia);
   GeneraTraiettoria(scene_, survey_);
   GeneraContorno(scene_, survey_);
@@ -135,39 +184,23 @@ void Session::rifaiStrati() {
   scene_.cable.clear();
 }
 
-/// The zone of the first position, in decimal degrees whatever the file's layout; 32 when there is none.
-void Session::ImpostaZonaDaDati() {
-  const std::int16_t used = geo_.UTMzone();
-  const std::size_t first = PrimaPosizione(survey_);
-  std::int16_t zone = DefaultZone;
-  if (first > 0) {
-    Trappola(findings_, "SelezionaZonaUTM",
-             [&] { zone = SelezionaZonaUTM(ASingolo(geo_.Gradi(survey_.Misure(first).Lon))); });
-  }
-  const bool badPositions = InfoLbl.Caption == BadPositions;
-  ImpostaZona(zone);
-  geo_.UTMzone(zone);
-  if (badPositions) InfoLbl.Caption = BadPositions;
-  // The two ways to a zone part at its very border (180 degrees): positions and zone must not.
-  if (geo_.UTMzone() != used) AnalisiFile();
-}
-
 void Session::ImpostaZona(std::int16_t zone) {
   survey_.settings.ZonaUTM = zone;
+  survey_.settings.griglia.zone = std::clamp<std::int16_t>(zone, 1, 60);
   zona_ = InizializzaUTM(zone);
   InfoLbl.Caption = "WGS 84 - UTM " + std::to_string(zone);
 }
 
 void Session::CableConf_Click() {
   Trappola(findings_, "ModificaCavo", [this] {
-    const std::string answer(
-        Rifila(dialogs_.InputBox({"Set String", "Cable Configuration", survey_.cavo.StringaCavo})));
+    const std::string answer(Rifila(chiedi({"Set String", "Cable Configuration", survey_.cavo.StringaCavo})));
     if (answer.empty()) return;
     const std::size_t tokens = ContaCampi(answer, ScegliSeparatore(answer));
     if (tokens < 2 * CableElectrodes) {
       findings_.note("ModificaCavo", "the cable configuration has " + std::to_string(tokens) + " of " +
                                          std::to_string(2 * CableElectrodes) + " tokens, the missing positions are 0");
     }
+    findings_.ritira("CreaCavoDaMisure");  // the cable that was typed holds for all
     survey_.cavo.PosCavo = LeggiStringaCavo(answer);
     survey_.cavo.StringaCavo = answer;
     AnalisiFile();
@@ -177,16 +210,16 @@ void Session::CableConf_Click() {
 
 void Session::SetUtmZone_Click() {
   Trappola(findings_, "SetUtmZone", [this] {
-    const std::string answer = dialogs_.InputBox(
-        {"UTM Zone n. ", "Set Universal Trasverse Mercatore Zone", std::to_string(survey_.settings.ZonaUTM)});
+    const std::string answer =
+        chiedi({"UTM Zone n. ", "Set Universal Trasverse Mercatore Zone", std::to_string(survey_.settings.ZonaUTM)});
     const std::int16_t zone = Rifila(answer).empty() ? DefaultZone : AInt16(Val(answer));
     ImpostaZona(zone);
-    geo_.UTMzone(zone);
-    if (geo_.UTMzone() != zone) {
+    const std::int16_t used = survey_.settings.griglia.zone;
+    if (used != zone) {
       findings_.fault("SetUtmZone", "zone " + std::to_string(zone) +
-                                        " is not 1 to 60: positions are computed in zone " +
-                                        std::to_string(geo_.UTMzone()));
+                                        " is not 1 to 60: positions are computed in zone " + std::to_string(used));
     }
+    findings_.ritira(ZoneAssumed);
     survey_.settings.CoordUTM = false;
     AnalisiFile();
     rifaiScena();
@@ -198,11 +231,19 @@ void Session::SetRange_Click() {
     constexpr Mask bound = "#####0.0#";
     const std::string range = FormattaNumero(static_cast<double>(colours_.ScalaMin), bound) + ";" +
                               FormattaNumero(static_cast<double>(colours_.ScalaMax), bound);
-    const std::string answer = dialogs_.InputBox({"Scale (Min; Max)", "Set Colour Scale Range", range});
-    const std::size_t separator = answer.find(';');
-    if (separator == std::string::npos) return;
-    const ColourRange typed{ASingolo(Val(answer.substr(0, separator))), ASingolo(Val(answer.substr(separator + 1)))};
-    colours_ = typed;
+    const std::optional<std::string> answer =
+        dialogs_.InputBox({"Scale (Min; Max)", "Set Colour Scale Range", range});
+    if (!answer) return;
+    if (Rifila(*answer).empty()) {
+      rangeTyped_ = false;
+      colours_ = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
+    } else {
+      const std::size_t separator = answer->find(';');
+      if (separator == std::string::npos) return;
+      const ColourRange typed{ASingolo(Val(answer->substr(0, separator))), ASingolo(Val(answer->substr(separator + 1)))};
+      colours_ = typed;
+      rangeTyped_ = true;
+    }
     DisegnaImmagineQ();
   });
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/DateText.h"
 #include "base/ErrorTrap.h"
 #include "base/Fields.h"
 #include "base/NumberText.h"
@@ -13,17 +14,13 @@
 #include "input/TrackFile.h"
 #include "session/Session.h"
 #include "survey/MeasurementText.h"
+#include "track/TrackGrid.h"
 
 namespace corvan {
 namespace {
 
 /// Nobody surveys so far from the boat that records the track, m.
 constexpr double FarAway = 50'000.0;
-
-/// Lines of a text, the empty one behind the last line end included.
-std::size_t Pezzi(std::string_view content) {
-  return static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) + 1;
-}
 
 std::string Secondi(double seconds) {
   if (seconds < 120.0) return TestoNumero(seconds) + " s";
@@ -52,67 +49,108 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   outputs_.proteggi(fileName);
   const FileBytes bytes = LeggiTutto(fileName);
   const TrackKind kind = GenereTraccia(fileName.filename().string(), bytes.text());
-  if (kind == TrackKind::Csv && survey_.settings.ZonaUTM == 0) {
-    const std::string answer = dialogs_.InputBox({"Set UTM zone", "Zone n.", "32"});
-    if (Rifila(answer).empty()) return false;
-    survey_.settings.ZonaUTM = AInt16(Val(answer));
-  }
-  if (kind == TrackKind::Csv) geo_.UTMzone(survey_.settings.ZonaUTM);
-  const bool few = kind == TrackKind::SixColumns && Pezzi(bytes.text()) < survey_.Misure.size();
+  TrackOptions options{survey_.settings.layout, std::nullopt};
+  TrackRead read = LeggiTraccia(kind, bytes.text(), options);
+  if (kind == TrackKind::Csv && !chiediZonaTraccia()) return false;
+  const bool few = kind == TrackKind::SixColumns && read.lines < survey_.Misure.size();
   if (few && dialogs_.MsgBox({"not enough GPS points", "", Buttons::OkCancel}) != Answer::Ok) return false;
-
-  TrackRead read = LeggiTraccia(kind, bytes.text(), geo_, dialogs_);
-  findings_.add(read.findings, fileName);
-  ExternalTrack& track = survey_.tracciaEst;
-  track.PuntiGPSEst = std::move(read.fixes);
-  track.meanSpacing = CalcolaProgressiva(track.PuntiGPSEst);
-  track.loaded = true;
-  track.zone = geo_.UTMzone();
-  track.layout = geo_.LatLonFormat();
-  if (track.PuntiGPSEst.empty()) {
-    findings_.fault("LeggiGPSEsterno", "holds no fix", fileName.string());
-  } else if (survey_.Misure.empty()) {
-    EstensioneDaTraccia(survey_);
-  } else if (const double away = DistanzaDaTraccia(survey_); away > FarAway) {
-    findings_.fault(
-        "LeggiGPSEsterno",
-        "the track lies " + TestoNumero(std::round(away / 1000)) + " km from the survey (is the UTM zone right?)",
-        fileName.string());
+  if (read.undated) {
+    const std::string day = chiedi({"Date of the first fix (yyyy-mm-dd)", "The log holds no date", ""});
+    if (!Rifila(day).empty()) {
+      options.firstDay = std::floor(DataDaTesto(day));
+      read = LeggiTraccia(kind, bytes.text(), options);
+    }
   }
+  if (kind == TrackKind::Sav && read.fixes.size() >= 4) {
+    const std::string answer = chiedi({"N Bezier Points", "Set the interpolation", ""});
+    const std::int16_t count = Rifila(answer).empty() ? std::int16_t{0} : AInt16(Val(answer));
+    if (count >= 2) read.fixes = Ricampiona(read.fixes, count);
+  }
+  findings_.add(read.findings, fileName);
+  prendiTraccia(std::move(read.fixes), fileName.string());
   return true;
 }
 
-/// Brings the track into the zone of the survey.
-void Session::allineaTraccia() {
+/// The zone of a survey that has none. @return false when the user gave up
+bool Session::chiediZonaTraccia() {
+  if (survey_.settings.ZonaUTM != 0) return true;
+  const std::string answer = chiedi({"Set UTM zone", "Zone n.", "32"});
+  if (Rifila(answer).empty()) return false;
+  ImpostaZona(AInt16(Val(answer)));
+  return true;
+}
+
+void Session::prendiTraccia(Array1<PuntoGPSEst> fixes, const std::string& name) {
   ExternalTrack& track = survey_.tracciaEst;
-  if (!track.loaded || geo_.UTMzone() == 0 || geo_.UTMzone() == track.zone) return;
-  GeoGeo other(dialogs_);
-  other.LatLonFormat(track.layout);
-  other.UTMzone(geo_.UTMzone());
-  for (PuntoGPSEst& fix : track.PuntiGPSEst) {
-    other.Posizione(other.Gradi(fix.GeoA), other.Gradi(fix.GeoB));
-    other.Nord(geo_.Nord());
-    if (!other.Geo2UTM()) continue;
-    fix.X = other.UTMx();
-    fix.Y = other.UTMy();
+  track = ExternalTrack{};
+  track.PuntiGPSEst = std::move(fixes);
+  track.layout = survey_.settings.layout;
+  track.loaded = true;
+  nomeTraccia_ = name;
+  allineaTraccia("LeggiGPSEsterno");
+  if (track.PuntiGPSEst.empty()) {
+    findings_.fault("LeggiGPSEsterno", "holds no fix", name);
+  } else if (survey_.Misure.empty()) {
+    EstensioneDaTraccia(survey_);
+  } else {
+    rilevaDistanza("LeggiGPSEsterno");
   }
-  track.meanSpacing = CalcolaProgressiva(track.PuntiGPSEst);
-  track.zone = geo_.UTMzone();
+}
+
+/// Nobody surveys so far from the boat that records the track.
+void Session::rilevaDistanza(const char* procedure) {
+  if (survey_.tracciaEst.PuntiGPSEst.empty() || GrigliaIgnota()) return;
+  const double away = DistanzaDaTraccia(survey_);
+  if (away <= FarAway) return;
+  findings_.fault(procedure,
+                  "the track lies " + TestoNumero(std::round(away / 1000)) +
+                      " km from the survey (is the UTM zone right?)",
+                  nomeTraccia_);
+}
+
+/// No measurement has a position: the survey lies nowhere.
+bool Session::GrigliaIgnota() const {
+  return std::none_of(survey_.Misure.begin(), survey_.Misure.end(), [](const Misura& m) { return !m.SenzaFix; });
+}
+
+/// Brings the track onto the grid of the survey.
+void Session::allineaTraccia(const char* procedure) {
+  if (const std::size_t left = CollocaTraccia(survey_); left > 0) {
+    findings_.fault(procedure, std::to_string(left) + " fixes that cannot be converted left out", nomeTraccia_);
+  }
 }
 
 void Session::LinkDataGPST(double clockOffset) {
   Trappola(findings_, "LinkDataGPST", [&] {
-    allineaTraccia();
+    allineaTraccia("LinkDataGPST");
+    rilevaDistanza("LinkDataGPST");
     const TimeLink link = corvan::LinkDataGPST(survey_, clockOffset);
     if (!link.done) return;
     timeLink_ = link;
     rilevaTempi(link);
+    rilevaCollegamento("LinkDataGPST", link.notes);
     view_.MostraGPS2 = false;
     renderer_.GpsNonVisibile();
     AnalisiFile();
-    if (link.withoutTrack > 0) ScartaSenzaTraccia(survey_);
+    if (link.withoutTrack > 0) {
+      ScartaSenzaTraccia(survey_);
+      fixes_.discarded = survey_.Misure.size();
+    }
     rifaiScena();
   });
+}
+
+/// What the measurements took from between the fixes, and what they did not.
+void Session::rilevaCollegamento(const char* procedure, const LinkNotes& notes) {
+  if (notes.keptDepth > 0) {
+    findings_.note(procedure, std::to_string(notes.keptDepth) +
+                                  " measurements lie at fixes without a depth and kept their own");
+  }
+  if (notes.holes > 0) {
+    findings_.note(procedure, std::to_string(notes.holes) +
+                                  " measurements lie in holes of the track of over 60 s, the longest of " +
+                                  Secondi(notes.longestHole) + ": they were placed on the straight line across");
+  }
 }
 
 void Session::rilevaTempi(const TimeLink& link) {
@@ -131,28 +169,38 @@ void Session::rilevaTempi(const TimeLink& link) {
 }
 
 void Session::LinkDataGPSP() {
-  Trappola(findings_, "LinkDataGPSP", [this] {
+  constexpr const char* procedure = "LinkDataGPSP";
+  Trappola(findings_, procedure, [this] {
     if (!view_.MostraGPS2) return;
     if (numCollegamenti_ != 2) {
-      dialogs_.MsgBox({"You must define two connection before link data and gps", "", Buttons::Ok});
+      rifiuta(procedure, "You must define two connection before link data and gps");
       return;
     }
-    allineaTraccia();
-    switch (corvan::LinkDataGPSP(survey_, collegamenti_)) {
+    allineaTraccia(procedure);
+    rilevaDistanza(procedure);
+    LinkNotes notes;
+    switch (corvan::LinkDataGPSP(survey_, collegamenti_, notes)) {
       case PlaceLink::SomethingWrong:
-        dialogs_.MsgBox({"Something wrong", "", Buttons::Ok});
+        rifiuta(procedure, "Something wrong");
         return;
       case PlaceLink::Nothing:
-        findings_.fault("LinkDataGPSP",
+        findings_.fault(procedure,
                         "the connections name a measurement or fix that does not exist, or two "
                         "measurements at one place: nothing is linked");
         return;
       case PlaceLink::Linked:
+        rilevaCollegamento(procedure, notes);
         AnalisiFile();
         rifaiScena();
         return;
     }
   });
+}
+
+/// Tells the user that a command is not carried out.
+void Session::rifiuta(const char* procedure, const std::string& message) {
+  findings_.fault(procedure, message);
+  dialogs_.MsgBox({message, "", Buttons::Ok});
 }
 
 void Session::ptlbl_Collega(std::int32_t Index) {
@@ -164,7 +212,7 @@ void Session::ptlbl_Collega(std::int32_t Index) {
     }
     const auto slot = static_cast<std::size_t>(numCollegamenti_ - 1);
     collegamenti_.measurement.at(slot) = Index;
-    const std::string answer = dialogs_.InputBox(
+    const std::string answer = chiedi(
         {"Connection " + std::to_string(numCollegamenti_) + " (Data <--> GPS", "Data n." + std::to_string(Index), ""});
     if (Rifila(answer).empty()) {
       --numCollegamenti_;

@@ -34,7 +34,7 @@ void Session::rifaiFinestra() {
 }
 
 void Session::CreaFourArray() {
-  Trappola(findings_, "CreaFourArray", [this] { corvan::CreaFourArray(scene_, survey_, colours_); });
+  Trappola(findings_, "CreaFourArray", [this] { corvan::CreaFourArray(scene_, survey_); });
 }
 
 void Session::rifaiScena() {

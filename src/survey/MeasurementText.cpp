@@ -1,5 +1,7 @@
 #include "survey/MeasurementText.h"
 
+#include <algorithm>
+
 #include "base/NumberText.h"
 #include "base/OleDate.h"
 
@@ -12,9 +14,7 @@ constexpr Mask Depth = "###0.##";
 /// File, time and position: what all labels of a measurement begin with.
 std::string Inizio(const Survey& survey, const Misura& m) {
   constexpr Mask angle = "###00.######";
-  const auto ordinal = static_cast<std::size_t>(m.NumFile);
-  const std::string file =
-      ordinal >= 1 && ordinal <= survey.files.size() ? survey.files[ordinal - 1].path.filename().string() : "";
+  const std::string file = std::filesystem::path(FileDi(survey, m)).filename().string();
   std::string when;
   if (TempoValido(m.Tempo)) {
     const DateTime date = DaGiorni(m.Tempo);
@@ -25,6 +25,11 @@ std::string Inizio(const Survey& survey, const Misura& m) {
 }
 
 }  // namespace
+
+std::string FileDi(const Survey& survey, const Misura& m) {
+  const auto ordinal = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
+  return ordinal >= 1 && ordinal <= survey.files.size() ? survey.files[ordinal - 1].path.string() : std::string();
+}
 
 std::string DescriviMisura(const Survey& survey, std::size_t k) {
   const Misura& m = survey.Misure(k);

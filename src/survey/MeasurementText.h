@@ -8,6 +8,9 @@
 
 namespace corvan {
 
+/// Full name of the file that a measurement came from; empty where it names none.
+std::string FileDi(const Survey& survey, const Misura& m);
+
 /// "File." name, " Data. " date and time, " Lg." longitude, " Lt." latitude (as the file lays them out), " D.Prog. "
 /// distance along the track in metres. @param k 1-based
 std::string DescriviMisura(const Survey& survey, std::size_t k);

@@ -23,15 +23,22 @@ struct Quadrupole {
   std::int16_t channel = 0;  ///< 1..10
 };
 
-/// One firing of a section: its electrodes, which the ten quadrupoles share, and the readings of its channels.
+/// One firing of a section: its electrodes, which the ten quadrupoles share, the readings of its channels and its true
+/// place.
 struct SectionPoint {
+  std::int32_t misura = 0;                           ///< number of the measurement
+  std::int16_t file = 0;                             ///< ordinal of its file
+  ReadingSet letture = AllReadings;                  ///< channels whose reading exists
+  bool posta = true;                                 ///< it has a position; else it repeats that of another point
+  double estVero = 0;                                ///< true easting, m
+  double nordVero = 0;                               ///< true northing, m
   std::array<float, CableElectrodes + 1> x{};        ///< of electrodes 1..13 along the section, m
   std::array<float, CableElectrodes + 1> z{};        ///< water depth under them, m
   std::array<float, MaxChannels + 1> potential{};    ///< of channels 1..10, mV
   std::array<float, MaxChannels + 1> resistivity{};  ///< of channels 1..10, ohm m
   float current = 0;                                 ///< mA
-  float nord = 0;                                    ///< true northing, m
-  float est = 0;                                     ///< true easting, m
+  float nord = 0;                                    ///< true northing as files hold it, m
+  float est = 0;                                     ///< true easting, likewise
 };
 
 /// Ten quadrupoles a point, put together when asked for: a section of 100,000 firings has a million of them.
@@ -40,6 +47,7 @@ class SectionRecords {
   void reserve(std::size_t points) { points_.reserve(points); }
   void append(const SectionPoint& point) { points_.append(point); }
   std::size_t size() const { return MaxChannels * points_.size(); }
+  const Array1<SectionPoint>& points() const { return points_; }
 
   /// @param k 1 to size(); any other index throws RunTimeError
   Quadrupole operator()(std::size_t k) const {

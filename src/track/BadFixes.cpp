@@ -1,8 +1,10 @@
 #include "track/BadFixes.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "base/Rounding.h"
+#include "geo/AngleText.h"
 #include "geo/Plane.h"
 
 namespace corvan {
@@ -27,36 +29,59 @@ void SpostaCavo(Misura& m, const Misura& from, double shift) {
   for (std::size_t e = 1; e <= PotentialElectrodes; ++e) Sposta(m.Elettrodi.at(e), from.Elettrodi.at(e), shift);
 }
 
-/// Positions everything between the two ends of a gap.
-void Interpola(Survey& survey, const Gap& gap, const GeoGeo& geo) {
+/// The source of what lies between two ends, at its place on the survey's grid or in degrees.
+PositionSource SorgenteTra(const Misura& a, const Misura& b, const GridZone& griglia, const Grid& place,
+                           const Geographic& degrees) {
+  for (const Misura* end : {&a, &b}) {
+    const auto* grid = std::get_if<Grid>(&end->sorgente);
+    if (grid == nullptr) continue;
+    const GridZone in = grid->zone == 0 ? GridZone{} : griglia;
+    return Grid{place.easting, place.northing, in.zone, in.hemisphere};
+  }
+  return degrees;
+}
+
+/// Positions everything between the two ends of a gap. @return how many
+std::size_t Interpola(Survey& survey, const Gap& gap) {
   const Misura& a = survey.Misure(gap.i1);
   const Misura& b = survey.Misure(gap.i2);
-  const AngleFormat layout = geo.Layout();
-  const double latA = geo.Gradi(a.Lat), latB = geo.Gradi(b.Lat);
-  const double lonA = geo.Gradi(a.Lon), lonB = geo.Gradi(b.Lon);
+  const AngleFormat layout = survey.settings.layout;
+  const double latA = GradiDaNumero(a.Lat, layout), latB = GradiDaNumero(b.Lat, layout);
+  const double lonA = GradiDaNumero(a.Lon, layout), lonB = GradiDaNumero(b.Lon, layout);
   const double steps = static_cast<double>(gap.i2 - gap.i1);
   const double step = dist(a.UTMx, a.UTMy, b.UTMx, b.UTMy) / steps;
+  std::size_t done = 0;
   for (std::size_t j = gap.i1 + 1; j < gap.i2; ++j) {
     Misura& m = survey.Misure(j);
+    if (Vuota(m)) continue;
     const double n = static_cast<double>(j - gap.i1);
     const double t = n / steps;
+    const Geographic degrees{Tra(latA, latB, t), Tra(lonA, lonB, t)};
     m.UTMx = Tra(a.UTMx, b.UTMx, t);
     m.UTMy = Tra(a.UTMy, b.UTMy, t);
-    m.Lat = NumeroDaGradi(Tra(latA, latB, t), layout);
-    m.Lon = NumeroDaGradi(Tra(lonA, lonB, t), layout);
+    m.Lat = NumeroDaGradi(degrees.latitude, layout);
+    m.Lon = NumeroDaGradi(degrees.longitude, layout);
+    m.sorgente = SorgenteTra(a, b, survey.settings.griglia, {m.UTMx, m.UTMy}, degrees);
     m.Passo = ASingolo(step);
     SpostaCavo(m, a, n * step);
     m.Deriv[3] = m.UTMx;
     m.Deriv[4] = m.UTMy;
     m.Interpolata = true;
+    ++done;
   }
+  return done;
+}
+
+bool StessoFile(const Survey& survey, const Gap& gap) {
+  return survey.Misure(gap.i1).NumFile == survey.Misure(gap.i2).NumFile;
 }
 
 }  // namespace
 
-TrackResult TrattaFixPersi(Survey& survey, const GeoGeo& geo) {
+TrackResult TrattaFixPersi(Survey& survey) {
   TrackResult result;
   const std::size_t count = survey.Misure.size();
+  const BadGps filter = survey.settings.filter;
   for (std::size_t k = 1; k <= count;) {
     if (!survey.Misure(k).SenzaFix) {
       ++k;
@@ -64,18 +89,18 @@ TrackResult TrattaFixPersi(Survey& survey, const GeoGeo& geo) {
     }
     Gap gap{k - 1, k};
     while (gap.i2 <= count && survey.Misure(gap.i2).SenzaFix) ++gap.i2;
-    const std::size_t lost = gap.i2 - k;
-    result.bad += lost;
-    const bool open = gap.i1 == 0 || gap.i2 > count;
-    const BadGps filter = survey.settings.filter;
-    if (filter == BadGps::Interpolate && !open) {
-      Interpola(survey, gap, geo);
-      result.interpolated += lost;
+    result.bad += gap.i2 - k;
+    const bool closed = gap.i1 > 0 && gap.i2 <= count && StessoFile(survey, gap);
+    if (filter == BadGps::Interpolate && closed) {
+      result.interpolated += Interpola(survey, gap);
     } else if (filter != BadGps::NoFilter) {
       for (std::size_t j = k; j < gap.i2; ++j) survey.Misure(j).Scartata = true;
-      result.discarded += lost;
     }
     k = gap.i2;
+  }
+  for (Misura& m : survey.Misure) {
+    m.Scartata = m.Scartata || Vuota(m);
+    result.discarded += m.Scartata ? 1U : 0U;
   }
   return result;
 }

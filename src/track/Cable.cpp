@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <map>
+#include <utility>
 
 #include "base/Fields.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "survey/MeasurementText.h"
 
 namespace corvan {
 namespace {
@@ -17,6 +20,46 @@ constexpr std::size_t C2 = 13;
 bool HaCavo(const Misura& m) {
   const auto set = [](float position) { return std::isfinite(position) && position != 0.0F; };
   return set(m.Val60) || set(m.Val64) || std::any_of(m.Elettrodi.begin() + 1, m.Elettrodi.end(), set);
+}
+
+/// Readings that a whole firing of a file has.
+ReadingSet LettureIntere(const Survey& survey, const Misura& m) {
+  const auto file = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
+  if (file < 1 || file > survey.files.size()) return AllReadings;
+  const auto channels = static_cast<std::size_t>(std::clamp(survey.files[file - 1].channels, 0, 10));
+  return static_cast<ReadingSet>((2U << channels) - 2U);
+}
+
+/// The measurement whose electrodes are the cable.
+const Misura& MisuraDelCavo(const Survey& survey) {
+  const Misura* best = nullptr;
+  ReadingSet most = 0;
+  for (const Misura& m : survey.Misure) {
+    const ReadingSet whole = LettureIntere(survey, m);
+    if (whole <= most || (m.letture & whole) != whole || !HaCavo(m)) continue;
+    best = &m;
+    most = whole;
+  }
+  if (best != nullptr) return *best;
+  const auto found = std::find_if(survey.Misure.begin(), survey.Misure.end(), HaCavo);
+  return found == survey.Misure.end() ? survey.Misure(1) : *found;
+}
+
+/// Positions differ by more than a centimetre; the tenth of a millimetre covers the digits of singles.
+bool Diverse(double a, double b) { return std::abs(a - b) > 0.0101; }
+
+/// The electrodes of a measurement lie otherwise about C1 than the cable's.
+bool AltroCavo(const Misura& m, const Cable& cable) {
+  const double c1 = m.Val60, used = cable.PosCavo[C1];
+  const auto differs = [&](double position, std::size_t e) {
+    return std::isfinite(position) && Diverse(position - c1, static_cast<double>(cable.PosCavo.at(e)) - used);
+  };
+  if (Vuota(m)) return false;
+  if (differs(m.Val64, C2)) return true;
+  for (std::size_t c = 1; c <= MaxChannels; ++c) {
+    if (HaLettura(m, c) && (differs(m.Elettrodi.at(c), c) || differs(m.Elettrodi.at(c + 1), c + 1))) return true;
+  }
+  return false;
 }
 
 /// The token of the configuration text that holds electrode k.
@@ -45,8 +88,7 @@ float FattoreGeometrico(float A, float B, float M, float N) {
 
 void CreaCavoDaMisure(Survey& survey) {
   if (survey.Misure.empty()) return;
-  const auto found = std::find_if(survey.Misure.begin(), survey.Misure.end(), HaCavo);
-  const Misura& m = found == survey.Misure.end() ? survey.Misure(1) : *found;
+  const Misura& m = MisuraDelCavo(survey);
   Cable& cable = survey.cavo;
   std::copy(m.Elettrodi.begin(), m.Elettrodi.end(), cable.PosCavo.begin());
   cable.PosCavo[C1] = m.Val60;
@@ -57,6 +99,28 @@ void CreaCavoDaMisure(Survey& survey) {
     const double relative = static_cast<double>(cable.PosCavo.at(k)) - middle;
     cable.PosCavoRel.at(k) = std::isfinite(relative) ? relative : 0.0;
   }
+}
+
+void RilevaCavo(const Survey& survey, Findings& findings) {
+  std::map<std::int16_t, std::pair<std::size_t, std::size_t>> others;  // file: first measurement, how many
+  for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
+    const Misura& m = survey.Misure(k);
+    if (!AltroCavo(m, survey.cavo)) continue;
+    ++others.try_emplace(m.NumFile, k, 0).first->second.second;
+  }
+  for (const auto& [file, place] : others) {
+    findings.fault("CreaCavoDaMisure",
+                   std::to_string(place.second) + " measurement(s) were read with another cable than the one in use (" +
+                       survey.cavo.StringaCavo + "), the first is measurement " + std::to_string(place.first) +
+                       ": their resistivities are wrong by the ratio of the geometric factors",
+                   FileDi(survey, survey.Misure(place.first)));
+  }
+}
+
+double LunghezzaCavo(const Cable& cable) {
+  const auto [low, high] = std::minmax_element(cable.PosCavo.begin() + 1, cable.PosCavo.end());
+  const double length = static_cast<double>(*high) - static_cast<double>(*low);
+  return std::isfinite(length) ? length : 0.0;
 }
 
 std::array<float, CableElectrodes + 1> LeggiStringaCavo(std::string_view text) {

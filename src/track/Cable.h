@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Findings.h"
 #include "survey/Survey.h"
 
 namespace corvan {
@@ -15,9 +16,19 @@ namespace corvan {
 /// @throws RunTimeError when the factor has no single-precision form
 float FattoreGeometrico(float A, float B, float M, float N);
 
-/// Takes the cable from the first measurement that has any cable position other than 0 (an empty first firing would
-/// zero every factor); from measurement 1 when there is none.
+/// Takes the cable from the first measurement that has all its file's readings and any cable position other than 0, of
+/// the files with the most channels: an empty or short first firing would zero factors. Without one, from the first
+/// that has any cable position, at last from measurement 1.
 void CreaCavoDaMisure(Survey& survey);
+
+/// Compares the cable in use with those that the measurements were read with: C2 and the electrodes of existing
+/// readings by their distance from C1, to a centimetre, since the cable may have moved as a whole. One fault a file
+/// that differs, naming the first measurement: resistivities computed with another cable are wrong by the ratio of the
+/// factors.
+void RilevaCavo(const Survey& survey, Findings& findings);
+
+/// Largest minus smallest position of the cable, m.
+double LunghezzaCavo(const Cable& cable);
 
 /// The thirteen positions of a configuration text ("C1 60 C2 55 E1 50 ... E11 0"): only the places of the numbers
 /// count, token 2 is C1, 4 is C2, 2k + 4 is E k. Missing or non-numeric tokens are 0. Tokens are separated by blanks,

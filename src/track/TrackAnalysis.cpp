@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <set>
 #include <string>
 
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "geo/AngleText.h"
+#include "geo/Place.h"
 #include "geo/Plane.h"
+#include "survey/MeasurementText.h"
 #include "track/BadFixes.h"
 #include "track/Cable.h"
 
@@ -19,18 +23,23 @@ constexpr const char* Procedure = "AnalisiFile";
 
 void CalcolaFattori(Survey& survey, Findings& findings) {
   const auto& p = survey.cavo.PosCavo;
-  std::string without;
+  std::string without, negative;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     try {
       const float factor = FattoreGeometrico(p[12], p[13], p.at(c), p.at(c + 1));
       survey.traccia.FattoreK.at(c) = factor;
       if (factor == 0.0F) without += (without.empty() ? "" : ", ") + std::to_string(c);
+      if (factor < 0.0F) negative += (negative.empty() ? "" : ", ") + std::to_string(c);
     } catch (const RunTimeError& error) {
       findings.fault(Procedure, "geometric factor of channel " + std::to_string(c) + ": " + error.what());
     }
   }
-  if (without.empty()) return;
-  findings.note(Procedure, "electrodes coincide, geometric factor and resistivity are 0: channels " + without);
+  if (!without.empty()) {
+    findings.note(Procedure, "electrodes coincide, geometric factor and resistivity are 0: channels " + without);
+  }
+  if (!negative.empty()) {
+    findings.note(Procedure, "geometric factors are negative (C1 and C2 in reverse order?): channels " + negative);
+  }
 }
 
 /// Widens [low, high] by a value; one that is not finite takes no part.
@@ -41,22 +50,31 @@ void Allarga(Number& low, Number& high, Number value) {
   high = std::max(high, value);
 }
 
-/// Starts the extremes of depth and resistivity: the depth from the first positioned measurement, the resistivity from
-/// the first channel of measurement 1, each from the next finite value when that one is not.
-void AvviaEstremi(Survey& survey) {
+/// Extremes of the depths, started from the first positioned measurement whose depth is finite.
+void CalcolaProfondita(Survey& survey) {
   TrackExtent& t = survey.traccia;
-  const std::size_t first = std::max<std::size_t>(PrimaPosizione(survey), 1);
-  t.MinVal12 = t.MaxVal12 = t.RhoMin = t.RhoMax = 0.0F;
-  for (std::size_t k = first; k <= survey.Misure.size(); ++k) {
-    t.MinVal12 = t.MaxVal12 = survey.Misure(k).Val12;
-    if (std::isfinite(t.MinVal12)) break;
-    t.MinVal12 = t.MaxVal12 = 0.0F;
-  }
+  t.MinVal12 = t.MaxVal12 = 0.0F;
+  const auto start = std::find_if(survey.Misure.begin(), survey.Misure.end(),
+                                  [](const Misura& m) { return !m.SenzaFix && !Vuota(m) && std::isfinite(m.Val12); });
+  if (start != survey.Misure.end()) t.MinVal12 = t.MaxVal12 = start->Val12;
   for (const Misura& m : survey.Misure) {
-    const auto finite = std::find_if(m.Rho.begin() + 1, m.Rho.end(), [](float rho) { return std::isfinite(rho); });
-    if (finite == m.Rho.end()) continue;
-    t.RhoMin = t.RhoMax = *finite;
-    break;
+    if (!Vuota(m)) Allarga(t.MinVal12, t.MaxVal12, m.Val12);
+  }
+}
+
+/// Extremes of the resistivities that stand, in readings that exist; 0 without any.
+void CalcolaEstremiRho(Survey& survey) {
+  TrackExtent& t = survey.traccia;
+  t.RhoMin = t.RhoMax = 0.0F;
+  bool started = false;
+  for (const Misura& m : survey.Misure) {
+    for (std::size_t c = 1; c <= MaxChannels; ++c) {
+      const float rho = m.Rho.at(c);
+      if (!HaLettura(m, c) || !std::isfinite(rho)) continue;
+      if (!started) t.RhoMin = t.RhoMax = rho;
+      started = true;
+      Allarga(t.RhoMin, t.RhoMax, rho);
+    }
   }
 }
 
@@ -66,6 +84,7 @@ void CalcolaRho(Misura& m, const TrackExtent& t) {
   const double i1 = m.Val180;
   const double i2 = m.Val184;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
+    if (!HaLettura(m, c)) continue;
     const double a = m.CanaleA.at(c), b = m.CanaleB.at(c), factor = t.FattoreK.at(c);
     m.Rho.at(c) = SingoloOppure((a / i1 + b / i2) * factor / 2.0, m.Rho.at(c));
   }
@@ -73,16 +92,15 @@ void CalcolaRho(Misura& m, const TrackExtent& t) {
 
 /// Tells of firings without current, whose resistivities cannot be computed anew.
 void RilevaCorrentiNulle(const Survey& survey, Findings& findings) {
-  const auto idle = [](const Misura& m) { return !m.SenzaFix && (m.Val180 == 0.0F || m.Val184 == 0.0F); };
+  const auto idle = [](const Misura& m) { return !m.SenzaFix && !Vuota(m) && (m.Val180 == 0.0F || m.Val184 == 0.0F); };
   const auto first = std::find_if(survey.Misure.begin(), survey.Misure.end(), idle);
   if (first == survey.Misure.end()) return;
-  const auto file = static_cast<std::size_t>(first->NumFile);
-  const std::string name =
-      file >= 1 && file <= survey.files.size() ? " of " + survey.files[file - 1].path.string() : std::string();
-  findings.note(Procedure, std::to_string(std::count_if(first, survey.Misure.end(), idle)) +
-                               " measurement(s) with a current of 0 keep the resistivities that were read, the first "
-                               "is measurement " +
-                               std::to_string(first - survey.Misure.begin() + 1) + name);
+  findings.note(
+      Procedure,
+      std::to_string(std::count_if(first, survey.Misure.end(), idle)) +
+          " measurement(s) with a current of 0 keep the resistivities that were read, the first is measurement " +
+          std::to_string(first - survey.Misure.begin() + 1),
+      FileDi(survey, *first));
 }
 
 /// The scene holds positions and distances as singles: a place whose distance from another may exceed them has none.
@@ -91,54 +109,52 @@ bool InScena(double x, double y) {
   return std::abs(x) <= limit && std::abs(y) <= limit;
 }
 
-/// The pair of coordinates that the source does not give. @return false when it cannot be derived
-bool DerivaPosizione(Misura& m, GeoGeo& geo) {
-  try {
-    if (m.SorgenteUTM) {
-      geo.UTMy(m.UTMy);
-      geo.UTMx(m.UTMx);
-      if (!InScena(m.UTMx, m.UTMy) || !geo.UTM2Geo()) return false;
-      m.Lat = Val(geo.Lat());
-      m.Lon = Val(geo.Lon());
-      return true;
-    }
-    geo.Lat(TestoNumero(m.Lat));
-    geo.Lon(TestoNumero(m.Lon));
-    if (!geo.Geo2UTM() || !InScena(geo.UTMx(), geo.UTMy())) return false;
-    m.UTMy = geo.UTMy();
-    m.UTMx = geo.UTMx();
-    return true;
-  } catch (const RunTimeError&) {
-    return false;
-  }
+/// Both forms of a measurement's position, from its source. @return false when they cannot be derived
+bool DerivaPosizione(Misura& m, const Settings& s) {
+  const std::optional<Place> place = Colloca(m.sorgente, s.griglia);
+  if (!place || !InScena(place->grid.easting, place->grid.northing)) return false;
+  m.UTMx = place->grid.easting;
+  m.UTMy = place->grid.northing;
+  if (std::holds_alternative<Geographic>(m.sorgente)) return true;  // Lat and Lon are as read
+  const Geographic& g = place->geographic;
+  constexpr double most = 1e9;  // degrees: what a layout can hold
+  if (!(std::abs(g.latitude) <= most && std::abs(g.longitude) <= most)) return false;
+  m.Lat = NumeroScritto(g.latitude, s.layout);
+  m.Lon = NumeroScritto(g.longitude, s.layout);
+  return true;
 }
 
-/// Positions of all measurements; those that cannot be converted lose theirs.
-void DerivaPosizioni(Survey& survey, GeoGeo& geo, Findings& findings) {
+bool FuoriDallaTerra(const Misura& m, AngleFormat layout) {
+  if (!std::holds_alternative<Grid>(m.sorgente)) return false;  // the readers look at geographic ones
+  return std::abs(GradiDaNumero(m.Lat, layout)) > 90.0 || std::abs(GradiDaNumero(m.Lon, layout)) > 180.0;
+}
+
+/// Positions of all measurements; those that cannot be converted lose theirs. What was interpolated is no source.
+void DerivaPosizioni(Survey& survey, Findings& findings) {
   std::size_t failed = 0;
   std::size_t impossible = 0;
-  bool hemisphereSet = false;
   for (Misura& m : survey.Misure) {
-    if (!m.SenzaFix && !m.SorgenteUTM && !hemisphereSet) {
-      geo.Nord(geo.Gradi(m.Lat) >= 0.0);
-      hemisphereSet = true;
-    }
-    if (!m.SenzaFix && !DerivaPosizione(m, geo)) {
+    if (m.Interpolata) m.sorgente = {};
+    m.Scartata = m.Interpolata = false;
+    m.SenzaFix = !HaSorgente(m.sorgente);
+    if (!m.SenzaFix && !DerivaPosizione(m, survey.settings)) {
       m.SenzaFix = true;
       ++failed;
     }
-    if (m.SenzaFix) m.Lat = m.Lon = m.UTMx = m.UTMy = 0.0;
-    if (!m.SenzaFix && (std::abs(geo.LatGradi()) > 90.0 || std::abs(geo.LonGradi()) > 180.0)) ++impossible;
+    if (m.SenzaFix) {
+      m.Lat = m.Lon = m.UTMx = m.UTMy = 0.0;
+    } else if (FuoriDallaTerra(m, survey.settings.layout)) {
+      ++impossible;
+    }
     m.Deriv[3] = m.UTMx;
     m.Deriv[4] = m.UTMy;
-    m.Scartata = m.Interpolata = false;
   }
   if (failed > 0) {
     findings.fault(Procedure, "positions that cannot be converted count as lost: " + std::to_string(failed));
   }
   if (impossible > 0) {
-    findings.note(Procedure, "positions outside 90 degrees of latitude or 180 of longitude: " +
-                                 std::to_string(impossible) + " (is the coordinate format right?)");
+    findings.fault(Procedure, "positions outside 90 degrees of latitude or 180 of longitude: " +
+                                  std::to_string(impossible) + " (is the coordinate format right?)");
   }
 }
 
@@ -187,49 +203,85 @@ void GeneraPuntiGPS(Survey& survey) {
   t.PuntiGPS0 = t.PuntiGPS;
 }
 
+/// Files that gave a measurement with a stored reading.
+std::size_t FilePresenti(const Survey& survey) {
+  std::set<std::int16_t> files;
+  std::int16_t last = 0;
+  for (const Misura& m : survey.Misure) {
+    if (m.NumFile != last && m.NumFile != 0) files.insert(m.NumFile);
+    last = m.NumFile;
+  }
+  return std::max<std::size_t>(files.size(), 1);
+}
+
+/// Height of a level: the mean step within the lines, so that a jump from one line to the next does not raise towers.
+/// Of one file it is PassoMedio. Where there is none, the electrode spacing, and 1 m at last.
+void CalcolaAltezza(Survey& survey, double within) {
+  const std::size_t count = survey.Misure.size(), files = FilePresenti(survey);
+  const auto& p = survey.cavo.PosCavo;
+  const double spacing = std::abs(static_cast<double>(p[13]) - static_cast<double>(p[12]));
+  double& height = survey.traccia.AltezzaCella;
+  height = count > files ? static_cast<double>(ASingolo(within / static_cast<double>(count - files))) : 0.0;
+  if (height == 0.0 && std::isfinite(spacing)) height = spacing;
+  if (height == 0.0) height = 1.0;
+}
+
+/// Straight distance as the scene sees it, in singles.
+double PassoTra(const Misura& a, const Misura& b, const TrackExtent& t) {
+  const Punto3D p = Relativo(a, t);
+  const Punto3D q = Relativo(b, t);
+  return dist(p.x, p.y, q.x, q.y);
+}
+
 /// Progressive distance between positioned measurements, untranslated; those without a position repeat the value
 /// before them.
 void CalcolaDistanze(Survey& survey) {
   TrackExtent& t = survey.traccia;
   t.Lunghezza = 0.0;
+  double within = 0.0;  // the steps that stay in one file
   const Misura* previous = nullptr;
   for (Misura& m : survey.Misure) {
     if (HaPosizione(m)) {
-      if (previous != nullptr) {
-        const Punto3D a = Relativo(*previous, t);
-        const Punto3D b = Relativo(m, t);
-        t.Lunghezza += dist(a.x, a.y, b.x, b.y);
-      }
+      const double step = previous == nullptr ? 0.0 : PassoTra(*previous, m, t);
+      t.Lunghezza += step;
+      if (previous != nullptr && previous->NumFile == m.NumFile) within += step;
       previous = &m;
     }
     m.Distanza = t.Lunghezza;
   }
   const std::size_t count = survey.Misure.size();
   t.PassoMedio = count < 2 ? 0.0F : ASingolo(t.Lunghezza / static_cast<double>(count - 1));
+  CalcolaAltezza(survey, within);
 }
 
 }  // namespace
 
-std::size_t PrimaPosizione(const Survey& survey) {
-  const auto found =
-      std::find_if(survey.Misure.begin(), survey.Misure.end(), [](const Misura& m) { return !m.SenzaFix; });
-  return found == survey.Misure.end() ? 0 : static_cast<std::size_t>(found - survey.Misure.begin()) + 1;
+std::optional<GridZone> GrigliaDelPrimoFix(const Survey& survey) {
+  for (const Misura& m : survey.Misure) {
+    const auto* source = std::get_if<Geographic>(&m.sorgente);
+    const std::optional<GridZone> grid = source == nullptr ? std::nullopt : GrigliaDi(*source);
+    if (grid && Colloca(*source, *grid)) return grid;
+  }
+  return std::nullopt;
 }
 
-TrackResult AnalisiFile(Survey& survey, GeoGeo& geo, Findings& findings) {
-  TrackExtent& t = survey.traccia;
+bool SenzaZona(const Survey& survey) {
+  return std::any_of(survey.Misure.begin(), survey.Misure.end(), [](const Misura& m) {
+    const auto* source = std::get_if<Grid>(&m.sorgente);
+    return source != nullptr && source->zone == 0;
+  });
+}
+
+TrackResult AnalisiFile(Survey& survey, Findings& findings) {
   CalcolaFattori(survey, findings);
-  AvviaEstremi(survey);
-  for (Misura& m : survey.Misure) {
-    Allarga(t.MinVal12, t.MaxVal12, m.Val12);
-    CalcolaRho(m, t);
-    for (std::size_t c = 1; c <= MaxChannels; ++c) Allarga(t.RhoMin, t.RhoMax, m.Rho.at(c));
-  }
+  for (Misura& m : survey.Misure) CalcolaRho(m, survey.traccia);
+  DerivaPosizioni(survey, findings);
+  CalcolaEstremiRho(survey);
+  CalcolaProfondita(survey);
   RilevaCorrentiNulle(survey, findings);
-  DerivaPosizioni(survey, geo, findings);
   CalcolaEstensione(survey);
   survey.settings.CoordUTM = true;
-  const TrackResult result = TrattaFixPersi(survey, geo);
+  const TrackResult result = TrattaFixPersi(survey);
   GeneraPuntiGPS(survey);
   CalcolaDistanze(survey);
   return result;

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 #include <vector>
 
 #include "base/OleDate.h"
 #include "base/Rounding.h"
-#include "geo/Plane.h"
 
 namespace corvan {
 namespace {
@@ -87,29 +85,55 @@ class TimeIndex {
   std::size_t hint_ = 0;
 };
 
-/// The measurement has a time: records shorter than this hold none, whatever stands behind them.
+/// The measurement has a time: records shorter than this hold none.
 bool ConTempo(const Survey& survey, const Misura& m) {
-  constexpr std::size_t timed = 304;
-  const auto file = static_cast<std::size_t>(m.NumFile);
-  const bool room = file < 1 || file > survey.files.size() || survey.files[file - 1].recordLength >= timed;
+  const auto file = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
+  const bool room = file < 1 || file > survey.files.size() || survey.files[file - 1].timed();
   return room && TempoValido(m.Tempo);
 }
 
-/// A share of the way from one fix to another.
-void Prendi(Misura& m, const PuntoGPSEst& a, const PuntoGPSEst& b, double share) {
-  const auto mix = [share](double p, double q) { return p + (q - p) * share; };
-  m.UTMx = mix(a.X, b.X);
-  m.UTMy = mix(a.Y, b.Y);
-  m.Val12 = SingoloOppure(mix(a.Prof, b.Prof), m.Val12);
-  m.SorgenteUTM = true;
-  m.SenzaFix = false;
+/// Seconds between two fixes; 0 where one has no time.
+double Buco(const PuntoGPSEst& a, const PuntoGPSEst& b) {
+  if (!TempoValido(a.DataOra) || !TempoValido(b.DataOra)) return 0.0;
+  return std::abs(static_cast<double>(Secondi(b.DataOra) - Secondi(a.DataOra)));
 }
 
-void Collega(Misura& m, const PuntoGPSEst& a, const PuntoGPSEst& b, double share) {
-  m.Lat = a.GeoB + (b.GeoB - a.GeoB) * share;
-  m.Lon = a.GeoA + (b.GeoA - a.GeoA) * share;
-  Prendi(m, a, b, share);
-}
+/// Puts measurements onto the track.
+class Linker {
+ public:
+  Linker(const ExternalTrack& track, LinkNotes& notes) : grid_(track.griglia), notes_(notes) {}
+
+  /// A share of the way from one fix to another, or one fix alone.
+  void prendi(Misura& m, const PuntoGPSEst& a, const PuntoGPSEst& b, double share) {
+    const auto mix = [share](double p, double q) { return p + (q - p) * share; };
+    m.UTMx = mix(a.X, b.X);
+    m.UTMy = mix(a.Y, b.Y);
+    if (a.haProf && b.haProf) {
+      m.Val12 = SingoloOppure(mix(a.Prof, b.Prof), m.Val12);
+    } else {
+      ++notes_.keptDepth;
+    }
+    const auto* numbers = std::get_if<Grid>(&a.sorgente);
+    const GridZone in = numbers != nullptr && numbers->zone == 0 ? GridZone{} : grid_;  // nobody has stated it yet
+    m.sorgente = Grid{m.UTMx, m.UTMy, in.zone, in.hemisphere};
+    m.SenzaFix = m.Interpolata = false;
+    if (&a == &b) return;
+    const double hole = Buco(a, b);
+    notes_.holes += hole > LongHole ? 1U : 0U;
+    notes_.longestHole = std::max(notes_.longestHole, hole);
+  }
+
+  void collega(Misura& m, const PuntoGPSEst& a, const PuntoGPSEst& b, double share) {
+    m.Lat = a.GeoB + (b.GeoB - a.GeoB) * share;
+    m.Lon = a.GeoA + (b.GeoA - a.GeoA) * share;
+    prendi(m, a, b, share);
+  }
+
+ private:
+  static constexpr double LongHole = 60.0;  // s
+  GridZone grid_;
+  LinkNotes& notes_;
+};
 
 }  // namespace
 
@@ -125,7 +149,9 @@ TimeLink LinkDataGPST(Survey& survey, double clockOffset) {
     return link;
   }
   TimeIndex index(fixes);
+  Linker linker(survey.tracciaEst, link.notes);
   for (Misura& m : survey.Misure) {
+    if (Vuota(m)) continue;
     if (!ConTempo(survey, m)) {
       ++link.withoutTime;
       continue;
@@ -133,16 +159,16 @@ TimeLink LinkDataGPST(Survey& survey, double clockOffset) {
     const std::int64_t moment = Secondi(m.Tempo + clockOffset / SecondsPerDay);
     const Around found = index.around(moment);
     if (found.GPSEsatto > 0) {
-      Collega(m, fixes(found.GPSEsatto), fixes(found.GPSEsatto), 0.0);
+      linker.collega(m, fixes(found.GPSEsatto), fixes(found.GPSEsatto), 0.0);
       ++link.exact;
     } else if (found.GPSPrima > 0 && found.GPSDopo > 0) {
       const std::int64_t before = index.second(found.GPSPrima), after = index.second(found.GPSDopo);
       const double whole = std::abs(static_cast<double>(after - before));
-      Collega(m, fixes(found.GPSPrima), fixes(found.GPSDopo), static_cast<double>(moment - before) / whole);
+      linker.collega(m, fixes(found.GPSPrima), fixes(found.GPSDopo), static_cast<double>(moment - before) / whole);
       ++link.between;
     } else {
       const std::size_t end = std::max(found.GPSPrima, found.GPSDopo);
-      Collega(m, fixes(end), fixes(end), 0.0);
+      linker.collega(m, fixes(end), fixes(end), 0.0);
       ++link.outside;
       link.farthest = std::max(link.farthest, std::abs(static_cast<double>(moment - index.second(end))));
     }
@@ -150,37 +176,11 @@ TimeLink LinkDataGPST(Survey& survey, double clockOffset) {
   return link;
 }
 
-double DistanzaDaTraccia(const Survey& survey) {
-  double nearest = std::numeric_limits<double>::infinity();
-  for (const PuntoGPSEst& fix : survey.tracciaEst.PuntiGPSEst) {
-    nearest = std::min(nearest, dist(fix.X, fix.Y, survey.traccia.CentroX, survey.traccia.CentroY));
-  }
-  return nearest;
-}
-
-void EstensioneDaTraccia(Survey& survey) {
-  const Array1<PuntoGPSEst>& fixes = survey.tracciaEst.PuntiGPSEst;
-  if (fixes.empty()) return;
-  TrackExtent& t = survey.traccia;
-  t.XMin = t.XMax = fixes(1).X;
-  t.YMin = t.YMax = fixes(1).Y;
-  for (const PuntoGPSEst& fix : fixes) {
-    t.XMin = std::min(t.XMin, fix.X);
-    t.XMax = std::max(t.XMax, fix.X);
-    t.YMin = std::min(t.YMin, fix.Y);
-    t.YMax = std::max(t.YMax, fix.Y);
-  }
-  t.CentroX = SingoloOppure((t.XMin + t.XMax) / 2.0, 0.0F);
-  t.CentroY = SingoloOppure((t.YMin + t.YMax) / 2.0, 0.0F);
-  t.EstensioneX = t.XMax - t.XMin;
-  t.EstensioneY = t.YMax - t.YMin;
-}
-
 void ScartaSenzaTraccia(Survey& survey) {
   for (Misura& m : survey.Misure) m.Scartata = true;
 }
 
-PlaceLink LinkDataGPSP(Survey& survey, const Collegamenti& connections) {
+PlaceLink LinkDataGPSP(Survey& survey, const Collegamenti& connections, LinkNotes& notes) {
   const Array1<PuntoGPSEst>& fixes = survey.tracciaEst.PuntiGPSEst;
   std::int32_t i1 = connections.measurement[0], i2 = connections.measurement[1];
   std::int32_t g1 = connections.fix[0], g2 = connections.fix[1];
@@ -203,17 +203,22 @@ PlaceLink LinkDataGPSP(Survey& survey, const Collegamenti& connections) {
   const std::int32_t step = g1 <= g2 ? 1 : -1;
   const double start = measurement(i1).Distanza;
   const auto along = [&](std::int32_t k) { return std::abs(fix(k).Progressiva - fix(g1).Progressiva); };
+  Linker linker(survey.tracciaEst, notes);
   std::int32_t j = g1;
   for (std::int32_t i = i1; i <= i2; ++i) {
     Misura& m = measurement(i);
     const double r = std::min(std::abs(m.Distanza - start) / s, Dg);
     while (j != g2 && along(j + step) < r) j += step;
     if (r == along(j) || j == g2) {
-      Prendi(m, fix(j), fix(j), 0.0);
+      linker.prendi(m, fix(j), fix(j), 0.0);
       continue;
     }
     const double low = along(j), high = along(j + step);
-    Prendi(m, fix(j), fix(j + step), r == high ? 1.0 : (r - low) / (high - low));
+    if (r == high) {
+      linker.prendi(m, fix(j + step), fix(j + step), 0.0);
+    } else {
+      linker.prendi(m, fix(j), fix(j + step), (r - low) / (high - low));
+    }
   }
   return PlaceLink::Linked;
 }

@@ -45,6 +45,9 @@ bool Confina(const Survey& survey, std::size_t neighbour, const Misura& m) {
   return Tenuta(other) && other.NumFile == m.NumFile;
 }
 
+/// The cell of a reading that does not exist: what is not finite is not drawn.
+constexpr float NoCell = std::numeric_limits<float>::quiet_NaN();
+
 CellColumn CreaColonna(const Survey& survey, const Origin& origin, std::size_t i) {
   const Misura& m = survey.Misure(i);
   CellColumn column;
@@ -52,11 +55,11 @@ CellColumn CreaColonna(const Survey& survey, const Origin& origin, std::size_t i
   const Place before = Confina(survey, i - 1, m) ? origin.between(survey.Misure(i - 1), m) : origin.of(m);
   const Place behind = Confina(survey, i + 1, m) ? origin.between(m, survey.Misure(i + 1)) : origin.of(m);
   column = {before.x, before.y, behind.x, behind.y, {}, true};
-  std::copy(m.Rho.begin() + 1, m.Rho.end(), column.rho.begin());
+  for (std::size_t c = 1; c <= MaxChannels; ++c) column.rho.at(c - 1) = HaLettura(m, c) ? m.Rho.at(c) : NoCell;
   return column;
 }
 
-double Spessore(const Survey& survey) { return survey.traccia.PassoMedio; }
+double Spessore(const Survey& survey) { return survey.traccia.AltezzaCella; }
 
 /// Height of the bottom under a depth, m of the scene: depths count in levels of the curtain.
 float Fondo(double depth, const Survey& survey) {
@@ -105,7 +108,7 @@ Punto3D Curtain::QuadPunti(std::int32_t cell, std::size_t corner) const {
           column.rho.at(level)};
 }
 
-void CreaFourArray(Scene& scene, const Survey& survey, ColourRange& colours) {
+void CreaFourArray(Scene& scene, const Survey& survey) {
   Curtain& cells = scene.cells;
   const Origin origin(survey);
   const std::size_t count = survey.Misure.size();
@@ -113,9 +116,6 @@ void CreaFourArray(Scene& scene, const Survey& survey, ColourRange& colours) {
   cells.NQuad = static_cast<std::int32_t>(MaxChannels * count);
   for (std::size_t k = 0; k <= MaxChannels; ++k) cells.z.at(k) = Coordinata(-static_cast<double>(k) * Spessore(survey));
   for (std::size_t i = 1; i <= count; ++i) cells.columns(i) = CreaColonna(survey, origin, i);
-  if (colours.ScalaMin == 0.0F && colours.ScalaMax == 0.0F) {
-    colours = {survey.traccia.RhoMin, survey.traccia.RhoMax};
-  }
 }
 
 void GeneraTraiettoria(Scene& scene, const Survey& survey) {

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "base/Array1.h"
-#include "picture/ColourScale.h"
 #include "survey/Misura.h"
 #include "survey/Punto3D.h"
 #include "survey/Survey.h"
@@ -19,7 +18,7 @@ namespace corvan {
 struct CellColumn {
   float x1 = 0, y1 = 0;                  ///< the edge towards the measurement before, m from the scene's origin
   float x2 = 0, y2 = 0;                  ///< the edge towards the one behind
-  std::array<float, MaxChannels> rho{};  ///< apparent resistivity of levels 1..10, ohm m
+  std::array<float, MaxChannels> rho{};  ///< apparent resistivity of levels 1..10, ohm m; NaN without a reading
   bool present = false;                  ///< the measurement has a position and is not left out
 };
 
@@ -47,8 +46,8 @@ struct Scene {
   Array1<Punto3D> cable;              ///< 13 while the cable of a measurement is shown, else empty
 };
 
-/// Builds the cells. A range of colours that was never set (both bounds 0) takes that of the data.
-void CreaFourArray(Scene& scene, const Survey& survey, ColourRange& colours);
+/// Builds the cells.
+void CreaFourArray(Scene& scene, const Survey& survey);
 
 void GeneraTraiettoria(Scene& scene, const Survey& survey);
 void GeneraGPS(Scene& scene, const Survey& survey);

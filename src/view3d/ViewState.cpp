@@ -6,6 +6,8 @@
 namespace corvan {
 namespace {
 
+constexpr float SmallestWindow = 10.0F;  // m: a survey at one place still has something to look at
+
 /// Angle of a normalised position: -pi at edge 1, pi at edge 2.
 double Angolo(double p, double edge1, double edge2) { return (2.0 * (p - edge1) / (edge2 - edge1) - 1.0) * Pi; }
 
@@ -34,7 +36,7 @@ void AzzeraVista(ViewState& view) {
 void ImpostaFinestra(ViewState& view, const TrackExtent& extent) {
   const float north = SingoloOppure(extent.EstensioneY, 0.0F);
   const float east = SingoloOppure(extent.EstensioneX, 0.0F);
-  view.Lato = std::max({north, east, 0.01F});
+  view.Lato = std::max({north, east, SmallestWindow});
   const double half = 0.5 * view.Lato;
   const double ratio = view.AreaPixel.height() > 0.0 ? view.AreaPixel.width() / view.AreaPixel.height() : 1.0;
   const Punto3D& c = view.CentroVista;

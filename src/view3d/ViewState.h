@@ -55,7 +55,7 @@ struct ViewState {
 /// Angles, zoom and layers back to those of the start; window, drawing area and projection stay.
 void AzzeraVista(ViewState& view);
 
-/// The window at zoom 1 around the survey: its height is the larger of the survey's extents (at least 0.01 m), its
+/// The window at zoom 1 around the survey: its height is the larger of the survey's extents (at least 10 m), its
 /// width such that a metre has the same number of pixels on both axes.
 void ImpostaFinestra(ViewState& view, const TrackExtent& extent);
 

@@ -46,10 +46,10 @@ Answer ScriptedAnswers::MsgBox(const MessageRequest& request) {
   return messageAnswer;
 }
 
-std::string ScriptedAnswers::InputBox(const InputRequest& request) {
+std::optional<std::string> ScriptedAnswers::InputBox(const InputRequest& request) {
   questions.push_back(request);
   std::vector<std::string>& left = answers[request.prompt];
-  if (left.empty()) return "";
+  if (left.empty()) return std::nullopt;
   std::string answer = left.front();
   left.erase(left.begin());
   return answer;

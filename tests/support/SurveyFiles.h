@@ -44,7 +44,7 @@ class ScriptedAnswers : public Dialogs {
   std::vector<InputRequest> questions;
 
   Answer MsgBox(const MessageRequest& request) override;
-  std::string InputBox(const InputRequest& request) override;
+  std::optional<std::string> InputBox(const InputRequest& request) override;
 };
 
 /// One record of a binary file under construction.

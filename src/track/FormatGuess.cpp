@@ -1,0 +1,67 @@
+#include "track/FormatGuess.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <string>
+
+#include "base/NumberText.h"
+#include "geo/AngleText.h"
+#include "geo/Place.h"
+#include "geo/Plane.h"
+#include "track/Cable.h"
+
+namespace corvan {
+namespace {
+
+constexpr double CableLengths = 20.0;  // a mean step longer than so many cables is none
+
+struct Layout {
+  AngleFormat format;
+  const char* name;
+};
+constexpr std::array Layouts{Layout{AngleFormat::D_DDDD, "decimal degrees (DD.DDDDD, --coords dd)"},
+                             Layout{AngleFormat::DMM_MMM, "degrees and minutes (DDMM:MMM, --coords ddmm)"},
+                             Layout{AngleFormat::DMMSS, "degrees, minutes and seconds (DDMMSS, --coords ddmmss)"}};
+
+/// Mean step within the lines if the numbers as read were of this layout; infinite where they cannot be.
+double PassoCon(const Survey& survey, AngleFormat format) {
+  constexpr double none = std::numeric_limits<double>::infinity();
+  double length = 0.0;
+  std::size_t steps = 0;
+  std::optional<GridZone> grid;
+  std::optional<Grid> before;
+  std::int16_t file = 0;
+  for (const Misura& m : survey.Misure) {
+    if (!std::holds_alternative<Geographic>(m.sorgente) || m.Interpolata) continue;
+    const Geographic g{GradiDaNumero(m.Lat, format), GradiDaNumero(m.Lon, format)};
+    if (std::abs(g.latitude) > 90.0 || std::abs(g.longitude) > 180.0) return none;
+    if (!grid) grid = GrigliaDi(g);
+    const std::optional<Place> place = grid ? Colloca(g, *grid) : std::nullopt;
+    if (!place) return none;
+    if (before && file == m.NumFile) {
+      length += dist(before->easting, before->northing, place->grid.easting, place->grid.northing);
+      ++steps;
+    }
+    before = place->grid;
+    file = m.NumFile;
+  }
+  return steps == 0 ? none : length / static_cast<double>(steps);
+}
+
+}  // namespace
+
+void RilevaFormato(const Survey& survey, Findings& findings) {
+  const double most = CableLengths * LunghezzaCavo(survey.cavo);
+  const double step = survey.traccia.AltezzaCella;
+  if (most == 0.0 || step <= most) return;
+  std::string likely = "another coordinate format or zone";
+  for (const auto& [format, name] : Layouts) {
+    if (format != survey.settings.layout && PassoCon(survey, format) <= most) likely = name;
+  }
+  findings.fault("AnalisiFile", "the measurements lie " + FormattaNumero(step, "0.#") + " m apart in the mean, over 20 " +
+                                    "cable lengths: the coordinates look like " + likely);
+}
+
+}  // namespace corvan
