@@ -61,7 +61,7 @@ struct Prepared {
   explicit Prepared(std::size_t count) : survey(Lines(count)) {
     geo.UTMzone(33);
     AnalisiFile(survey, geo, findings);
-    CreaFourArray(scene, survey, colours);
+    CreaFourArray(scene, survey);
     GeneraTraiettoria(scene, survey);
     GeneraContorno(scene, survey);
     view.AreaPixel = canvas.area();

@@ -58,7 +58,9 @@ void RilevaFormato(const Survey& survey, Findings& findings) {
   if (most == 0.0 || step <= most) return;
   std::string likely = "another coordinate format or zone";
   for (const auto& [format, name] : Layouts) {
-    if (format != survey.settings.layout && PassoCon(survey, format) <= most) likely = name;
+    if (format == survey.settings.layout || PassoCon(survey, format) > most) continue;
+    likely = name;
+    break;
   }
   findings.fault("AnalisiFile", "the measurements lie " + FormattaNumero(step, "0.#") + " m apart in the mean, over 20 " +
                                     "cable lengths: the coordinates look like " + likely);

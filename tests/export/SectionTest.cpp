@@ -3,50 +3,34 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <string>
 
-#include "support/SurveyFiles.h"
+#include "support/Surveys.h"
+#include "track/TrackAnalysis.h"
 
 namespace corvan {
 namespace {
 
-struct Place {
-  double x, y;
-  float depth = 5;
-};
+using test::Firing;
 
-/// A survey in UTM with the cable C1 55, C2 60, E1 50 ... E11 0: spacing 5, span -60, lag 2.5 + offset.
+/// Cable C1 55, C2 60, E1 50 ... E11 0: spacing 5, span -60, lag 2.5 + offset.
 struct Fixture {
-  test::ScriptedAnswers dialogs;
-  GeoGeo geo{dialogs};
   Findings findings;
   Survey survey;
   SectionRequest request;
 
-  explicit Fixture(const std::vector<Place>& places) {
-    geo.UTMzone(33);
-    survey.cavo.PosCavo = {0, 50, 45, 40, 35, 30, 25, 20, 15, 10, 5, 0, 55, 60};
-    for (const Place& p : places) {
-      Misura m;
-      m.SorgenteUTM = true;
-      ImpostaPosizione(m, p.y, p.x);
-      m.Val12 = p.depth;
-      m.Val180 = 1000;
-      m.Val184 = -1001;
-      m.Deriv[3] = m.UTMx;
-      m.Deriv[4] = m.UTMy;
-      for (std::size_t c = 1; c <= MaxChannels; ++c) {
-        m.CanaleA.at(c) = static_cast<float>(c);
-        m.CanaleB.at(c) = -static_cast<float>(c) - 1;
-        m.Rho.at(c) = static_cast<float>(c) / 4;
-      }
-      survey.Misure.append(m);
-    }
+  explicit Fixture(const std::vector<Firing>& firings) : survey(test::Measurements(firings)) {
     request.E2 = survey.NumMisure();
   }
-  Section extract() { return EstraiSezione(survey, geo, request, findings); }
+  Section extract() { return EstraiSezione(survey, request, findings); }
   double trueX(std::size_t k) const { return survey.Misure(k).Deriv[3]; }
   double trueY(std::size_t k) const { return survey.Misure(k).Deriv[4]; }
+  bool says(const std::string& words) const {
+    return std::any_of(findings.entries().begin(), findings.entries().end(),
+                       [&](const Finding& f) { return f.reason.find(words) != std::string::npos; });
+  }
 };
 
 TEST(Records, HoldThePlacesSnappedToTheElectrodeGrid) {
@@ -63,7 +47,7 @@ TEST(Records, HoldThePlacesSnappedToTheElectrodeGrid) {
   EXPECT_EQ(r.channel, 4);
   EXPECT_EQ(r.current, 1000.5F);
   EXPECT_EQ(r.potential, 4.5F);
-  EXPECT_EQ(r.resistivity, 1.0F);
+  EXPECT_EQ(r.resistivity, 2.04F);
   EXPECT_EQ(r.z[0], 0) << "no depths unless asked";
   EXPECT_EQ(r.est, 300007.0F);
   EXPECT_EQ(r.nord, 5e6F);
@@ -72,7 +56,7 @@ TEST(Records, HoldThePlacesSnappedToTheElectrodeGrid) {
 
 struct DirectionCase {
   const char* name;
-  std::vector<Place> track;
+  std::vector<Firing> track;
   double dx, dy;  ///< expected shift of the true position, m
 };
 
@@ -114,7 +98,7 @@ TEST(TruePosition, RepeatedGivesTheSame) {
 
 TEST(Depths, AreThoseUnderEachElectrode) {
   // Depth k metres at 10 (k - 1) metres.
-  Fixture f({{300000, 5e6, 1}, {300010, 5e6, -2}, {300020, 5e6, 3}, {300030, 5e6, 4}});
+  Fixture f({{300000, 5e6, 1, 1}, {300010, 5e6, 1, -2}, {300020, 5e6, 1, 3}, {300030, 5e6, 1, 4}});
   f.request.echoSounder = true;
   f.request.OffsetEco = 42;
   Section s = f.extract();
@@ -132,7 +116,7 @@ TEST(Depths, AreThoseUnderEachElectrode) {
 }
 
 TEST(LostFixes, KeepPlaceInTheProfileAndGiveNoGeometry) {
-  Fixture f({{0, 0}, {300000, 5e6, 2}, {0, 0}, {300007, 5e6, 3}, {0, 0}});
+  Fixture f({{0, 0}, {300000, 5e6, 1, 2}, {0, 0}, {300007, 5e6, 1, 3}, {0, 0}});
   f.survey.Misure(3).Scartata = true;
   f.request.echoSounder = true;
   f.request.position = TruePosition::BehindBoat;
@@ -142,14 +126,19 @@ TEST(LostFixes, KeepPlaceInTheProfileAndGiveNoGeometry) {
   EXPECT_EQ(s.Profilo(3).prof, 2) << "else the kept one before";
   EXPECT_EQ(s.Profilo(5).distanza, 7);
   EXPECT_EQ(s.ProfiloVero(3).est, s.ProfiloVero(2).est);
-  EXPECT_EQ(s.RecordOut(1).est, 0) << "no position is written where there is none";
+  EXPECT_EQ(s.RecordOut(1).est, 299997.5F) << "before the first kept point: its true place";
+  EXPECT_EQ(s.RecordOut(31).est, 300004.5F) << "else that of the kept one before";
+  EXPECT_FALSE(s.RecordOut.points()(4).posta);
+  EXPECT_TRUE(f.says("2 of 4 measurements have no position"));
   EXPECT_EQ(f.trueX(2), 300000 - 2.5) << "eastward, though the extremes have no position";
   EXPECT_EQ(s.RecordOut(21).x[0], 60) << "third point: D = 7 from the first kept one";
 }
 
 TEST(LostFixes, AllOverGiveNoRecords) {
   Fixture f({{0, 0}, {0, 0}});
-  EXPECT_EQ(f.extract().NqpBin(), 0);
+  const Section s = f.extract();
+  EXPECT_EQ(s.NqpBin(), 0);
+  EXPECT_LT(s.Profilo.Ultimo(), s.Profilo.Primo()) << "no profile of zeros";
   EXPECT_TRUE(f.findings.anyFault());
 }
 
@@ -160,8 +149,60 @@ TEST(ZeroSpacing, LeavesPlacesZeroAndSaysSo) {
   Section s = f.extract();
   EXPECT_EQ(s.NqpBin(), 20);
   EXPECT_EQ(s.RecordOut(1).x[0], 0);
-  EXPECT_EQ(s.RecordOut(1).resistivity, 0.25F);
+  EXPECT_EQ(s.RecordOut(1).resistivity, 1.01F);
   EXPECT_TRUE(f.findings.anyFault());
+}
+
+// Sections written one after the other must not lean on each other: along a meridian the easting is the stored one.
+TEST(TruePosition, OfAMeridianDoesNotRememberAnEarlierSection) {
+  Fixture f({{300000, 5e6}, {300000, 5000040}, {300030, 5000080}});
+  f.request.position = TruePosition::BehindBoat;
+  f.extract();
+  f.request.E2 = 2;
+  EXPECT_EQ(f.extract().RecordOut.points()(2).estVero, 300000);
+}
+
+TEST(TruePosition, OfABendIsNoted) {
+  Fixture straight({{300000, 5e6}, {300100, 5000001}, {300200, 5e6}});
+  straight.request.position = TruePosition::BehindBoat;
+  straight.extract();
+  EXPECT_FALSE(straight.says("bends"));
+  // Fitted y = 10: the middle point lies 20 m off, the lag is 2.5 m.
+  Fixture bent({{300000, 5e6}, {300100, 5000030}, {300200, 5e6}});
+  bent.request.position = TruePosition::BehindBoat;
+  bent.extract();
+  EXPECT_TRUE(bent.says("20. m from the straight line"));
+  EXPECT_FALSE(bent.findings.anyFault());
+}
+
+// The way from degrees to the grid and back is not to be taken twice: only what was interpolated in degrees is
+// projected.
+TEST(Positions, OfTheExtractionAreTheAnalysedOnes) {
+  Fixture f({{300000, 5e6}, {0, 0}, {300030, 5000040}});
+  f.survey.settings.filter = BadGps::Interpolate;
+  AnalisiFile(f.survey, f.findings);
+  f.extract();
+  EXPECT_EQ(f.survey.Misure(2).UTMx, 300015) << "between two grid positions: the grid's middle";
+
+  Survey degrees = test::GeographicMeasurements({{10, 60}, {0, 0}, {20, 60}});
+  degrees.settings.filter = BadGps::Interpolate;
+  AnalisiFile(degrees, f.findings);
+  const double straight = degrees.Misure(2).UTMy;
+  EXPECT_DOUBLE_EQ(straight, (degrees.Misure(1).UTMy + degrees.Misure(3).UTMy) / 2);
+  EstraiSezione(degrees, {1, 3, 0, 0, TruePosition::AsStored, false}, f.findings);
+  // 60 N 15 E on the central meridian of zone 33: 6651411.19 m (cs2cs); ten degrees apart a parallel bends by
+  // kilometres.
+  EXPECT_NEAR(degrees.Misure(2).UTMy, 6651411.19, 0.2);
+  EXPECT_GT(straight - degrees.Misure(2).UTMy, 10000);
+}
+
+TEST(Records, WithBothPotentialElectrodesAtOnePlaceAreTold) {
+  Fixture f({{300000, 5e6}, {300007, 5e6}});
+  f.survey.cavo.PosCavo = {0, 50, 47.5F, 45, 42.5F, 40, 37.5F, 35, 32.5F, 30, 27.5F, 25, 55, 60};
+  f.extract();
+  // Spacing 5 on a cable of 2.5: of E1 50 and E2 47.5 the second falls on 45 with E3. Five pairs of ten coincide.
+  EXPECT_TRUE(f.says("10 of 20 records"));
+  EXPECT_TRUE(f.says("the first is channel 2 of measurement 1"));
 }
 
 }  // namespace

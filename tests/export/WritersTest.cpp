@@ -4,12 +4,14 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/NumberText.h"
 #include "export/BinWriter.h"
 #include "export/KmlGoogle.h"
 #include "export/OutputFiles.h"
 #include "export/SurveyKml.h"
 #include "export/SurveyTable.h"
 #include "export/TextWriters.h"
+#include "geo/Utm.h"
 #include "support/SurveyFiles.h"
 
 namespace corvan {
@@ -122,53 +124,53 @@ TEST(KmlDocuments, AreWrittenBlockByBlock) {
 struct CurtainFixture {
   test::TempFolder folder;
   test::ScriptedAnswers dialogs;
-  GeoGeo geo{dialogs};
   Findings findings;
-  Survey survey;
+  Section section;
 
-  CurtainFixture(const std::vector<std::pair<double, std::int16_t>>& eastings) {
+  /// Points of a section, each with its easting and file; 0 for none.
+  explicit CurtainFixture(const std::vector<std::pair<double, std::int16_t>>& eastings) {
+    section.Passo = 5;
+    section.griglia = {33, Hemisphere::North};
+    section.altezza = 2;
+    std::int32_t number = 0;
     for (const auto& [x, file] : eastings) {
-      Misura m;
-      m.SorgenteUTM = true;
-      m.NumFile = file;
-      ImpostaPosizione(m, x == 0 ? 0 : 5e6, x);
-      m.Deriv[3] = m.UTMx;
-      m.Deriv[4] = m.UTMy;
-      for (std::size_t c = 1; c <= MaxChannels; ++c) m.Rho.at(c) = static_cast<float>(c);
-      survey.Misure.append(m);
+      SectionPoint point;
+      point.misura = ++number;
+      point.file = file;
+      point.posta = x != 0;
+      point.estVero = x;
+      point.nordVero = 5e6;
+      for (std::size_t c = 1; c <= MaxChannels; ++c) point.resistivity.at(c) = static_cast<float>(c);
+      points.push_back(point);
     }
-    survey.traccia.PassoMedio = 2;
-    geo.UTMzone(33);
   }
   std::string write() {
+    for (const SectionPoint& point : points) section.RecordOut.append(point);
     KmlGoogle kml;
     kml.FileName((folder / "c.kml").string());
-    SalvaKML(kml, survey, geo, {1, survey.NumMisure(), 5, {1, 10}}, dialogs, findings);
+    SalvaKML(kml, section, {1, 10}, dialogs, findings);
     return test::Slurp(folder / "c.kml");
   }
-  /// Easting of the first and second corner of a cell, back through the converter.
-  std::pair<double, double> edges(const std::string& text, const std::string& name) {
+  /// Easting of the first and second corner of a cell, back through the projection.
+  static std::pair<double, double> edges(const std::string& text, const std::string& name) {
     const std::size_t ring = text.find("<coordinates>\r\n", text.find("<name>" + name + "</name>")) + 15;
     const auto easting = [&](std::size_t at) {
       const std::size_t comma = text.find(',', at);
-      geo.LatLonFormat("D.DDDD");
-      geo.Lat(text.substr(comma + 1, text.find(',', comma + 1) - comma - 1));
-      geo.Lon(text.substr(at, comma - at));
-      geo.Geo2UTM();
-      geo.LatLonFormat("DMM.MMM");
-      return geo.UTMx();
+      const double lat = Val(text.substr(comma + 1, text.find(',', comma + 1) - comma - 1));
+      return VersoUTM({lat, Val(text.substr(at, comma - at))}, {33, Hemisphere::North})->easting;
     };
     return {easting(ring), easting(text.find("\r\n", ring) + 2)};
   }
+
+  std::vector<SectionPoint> points;
 };
 
 TEST(Curtains, TileTheSectionToTheMidpointsOfKeptNeighbours) {
   CurtainFixture f({{500000, 1}, {0, 1}, {500010, 1}, {500020, 2}});
   f.dialogs.answers["Add vertical offset [m]"] = {"100"};
   const std::string text = f.write();
-  EXPECT_EQ(f.geo.LatLonFormat(), "DMM.MMM") << "the format is put back";
   const auto near = [&](const char* name, double west, double east) {
-    const auto [a, b] = f.edges(text, name);
+    const auto [a, b] = CurtainFixture::edges(text, name);
     EXPECT_NEAR(a, west, 0.01) << name;
     EXPECT_NEAR(b, east, 0.01) << name;
   };
@@ -184,19 +186,37 @@ TEST(Curtains, TileTheSectionToTheMidpointsOfKeptNeighbours) {
   EXPECT_NE(text.find("<color>C80009FF</color>"), std::string::npos) << "highest: red";
 }
 
-TEST(Curtains, LeaveOutCellsThatAreNotFiniteAndAskForAMissingZoneOnce) {
+TEST(Curtains, LeaveOutCellsThatAreNotFiniteOrNotThereAndAskForAMissingZoneOnce) {
   CurtainFixture f({{500000, 1}});
-  f.survey.Misure(1).Rho[4] = std::numeric_limits<float>::infinity();
-  f.geo.Reset();
+  f.points[0].resistivity[4] = std::numeric_limits<float>::infinity();
+  f.points[0].letture = AllReadings & ~BitDi(7);
+  f.section.griglia.zone = 0;
   f.dialogs.answers["UTM Zone (1- 60)"] = {"61"};
   const std::string text = f.write();
   EXPECT_EQ(text.find("n.  1 -  4<"), std::string::npos);
+  EXPECT_EQ(text.find("n.  1 -  7<"), std::string::npos);
   EXPECT_NE(text.find("n.  1 -  5<"), std::string::npos);
-  EXPECT_TRUE(f.findings.anyFault());
-  EXPECT_EQ(f.geo.UTMzone(), 0) << "61 leaves the zone as it was";
+  ASSERT_EQ(f.findings.entries().size(), 1U);
+  EXPECT_NE(f.findings.entries()[0].reason.find("left out: 1"), std::string::npos) << "an absent reading is no loss";
   ASSERT_EQ(f.dialogs.questions.size(), 2U);
   EXPECT_EQ(f.dialogs.questions[0].title, "UTM Zone n.");
   EXPECT_EQ(f.dialogs.questions[1].title, "OffSet Z");
+}
+
+TEST(Tables, LeaveTheTimeOfRecordsTooShortForOneEmpty) {
+  Survey survey;
+  survey.files.resize(3);
+  survey.files[0].recordLength = 280;
+  survey.files[1].recordLength = 304;
+  for (const int file : {1, 2, 3}) {
+    Misura m;
+    m.NumFile = static_cast<std::int16_t>(file);
+    survey.Misure.append(m);
+  }
+  const std::string text = Written([&](FileWriter& out) { SalvaTabella(out, survey); });
+  for (const char* begin : {"\n1,1,,0,", "\n2,2,0,0,", "\n3,3,0,0,"}) {
+    EXPECT_NE(text.find(begin), std::string::npos) << begin;
+  }
 }
 
 TEST(Tables, HoldEveryNumberAtFullPrecision) {

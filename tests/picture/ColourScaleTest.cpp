@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include <cmath>
 #include <limits>
 
@@ -38,6 +40,17 @@ TEST(ColourParts, AreSplitAndNeverNegative) {
   EXPECT_EQ(parts.Verde, 0xFE);
   EXPECT_EQ(parts.Blu, 0x3E);
   EXPECT_EQ(ScomponiColore(-1).Blu, 0);
+}
+
+TEST(ColourRanges, OfDataAreTheirExtremesAndNeverAPointButForZero) {
+  const auto range = [](float low, float high) {
+    const ColourRange r = ScalaDaDati(low, high);
+    return std::pair(r.ScalaMin, r.ScalaMax);
+  };
+  EXPECT_EQ(range(0.5F, 8), std::pair(0.5F, 8.0F));
+  EXPECT_EQ(range(4, 4), std::pair(3.8F, 4.2F));
+  EXPECT_EQ(range(-10, -10), std::pair(-10.5F, -9.5F));
+  EXPECT_EQ(range(0, 0), std::pair(0.0F, 0.0F));
 }
 
 }  // namespace

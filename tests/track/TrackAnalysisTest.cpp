@@ -5,45 +5,34 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 
-#include "base/NumberText.h"
-#include "support/SurveyFiles.h"
+#include "geo/AngleText.h"
+#include "support/Surveys.h"
 #include "track/Cable.h"
+#include "track/FormatGuess.h"
 #include "track/Profile.h"
-#include "track/UtmZone.h"
 
 namespace corvan {
 namespace {
 
 constexpr float NaN = std::numeric_limits<float>::quiet_NaN();
 
-/// A survey in UTM coordinates: easting and northing of each measurement, 0 for none.
+using test::Firing;
+
 struct Fixture {
-  test::ScriptedAnswers dialogs;
-  GeoGeo geo{dialogs};
   Findings findings;
   Survey survey;
 
-  explicit Fixture(const std::vector<std::pair<double, double>>& places = {}, BadGps filter = BadGps::NoFilter) {
-    geo.UTMzone(33);
+  explicit Fixture(const std::vector<Firing>& firings = {}, BadGps filter = BadGps::NoFilter)
+      : survey(test::Measurements(firings)) {
     survey.settings.filter = filter;
-    survey.cavo.PosCavo = {0, 50, 45, 40, 35, 30, 25, 20, 15, 10, 5, 0, 55, 60};
-    for (const auto& [x, y] : places) {
-      Misura m;
-      m.SorgenteUTM = true;
-      ImpostaPosizione(m, y, x);
-      m.Val180 = 1000;
-      m.Val184 = -1000;
-      m.CanaleA[1] = 10;
-      m.CanaleB[1] = -10;
-      m.Val12 = 3;
-      m.Val60 = 55;
-      m.Elettrodi[1] = 50;
-      survey.Misure.append(m);
-    }
   }
-  TrackResult run() { return AnalisiFile(survey, geo, findings); }
+  TrackResult run() { return AnalisiFile(survey, findings); }
   const Misura& m(std::size_t k) const { return survey.Misure(k); }
+  std::string reason(std::size_t k) const { return findings.entries().at(k).reason; }
+  /// Decimal degrees of a measurement.
+  double lat(std::size_t k) const { return GradiDaNumero(m(k).Lat, survey.settings.layout); }
 };
 
 TEST(GeometricFactor, FollowsTheFormulaAndItsGuard) {
@@ -58,26 +47,52 @@ TEST(GeometricFactor, FollowsTheFormulaAndItsGuard) {
 TEST(Resistivity, IsRecomputedWhereThereIsACurrent) {
   Fixture f({{300000, 5e6}, {300003, 5000004}});
   f.survey.Misure(2).Val184 = 0;
-  f.survey.Misure(2).Rho[1] = 7;
+  f.survey.Misure(2).Rho[1] = 7000;
   f.survey.Misure(1).CanaleA[2] = NaN;
-  f.survey.Misure(1).Rho[2] = 5;
+  f.survey.Misure(1).Rho[2] = -5;
   f.run();
-  EXPECT_FLOAT_EQ(f.m(1).Rho[1], static_cast<float>(0.01 * 94.248));
-  EXPECT_EQ(f.m(1).Rho[2], 5) << "a reading that is not finite leaves the resistivity as read";
-  EXPECT_EQ(f.m(2).Rho[1], 7) << "no current: as read";
-  EXPECT_EQ(f.survey.traccia.RhoMax, 7);
-  EXPECT_EQ(f.survey.traccia.RhoMin, 0);
-  EXPECT_EQ(f.findings.entries().at(0).reason,
+  // Channel 1: K = 94.248 m, (1 / 1000 + -2 / -1001) / 2.
+  EXPECT_FLOAT_EQ(f.m(1).Rho[1], static_cast<float>((1 / 1000.0 + 2 / 1001.0) * 94.248 / 2));
+  EXPECT_EQ(f.m(1).Rho[2], -5) << "a reading that is not finite leaves the resistivity as read";
+  EXPECT_EQ(f.m(2).Rho[1], 7000) << "no current: as read";
+  EXPECT_EQ(f.survey.traccia.RhoMax, 7000) << "one that was kept takes part in the extremes";
+  EXPECT_EQ(f.survey.traccia.RhoMin, -5);
+  EXPECT_EQ(f.reason(0),
             "1 measurement(s) with a current of 0 keep the resistivities that were read, the first is measurement 2");
+  EXPECT_EQ(f.findings.entries()[0].file, "a.bin");
 }
 
-TEST(Resistivity, TellsWhichChannelsHaveCoincidingElectrodes) {
+// Extremes of what stands after the computation, in readings that exist: neither what was stored nor zeros of nothing.
+TEST(Resistivity, OfReadingsThatDoNotExistIsZeroAndNoExtreme) {
+  Fixture f({{300000, 5e6}, {300003, 5000004}});
+  for (std::size_t k : {1U, 2U}) {
+    Misura& m = f.survey.Misure(k);
+    m.letture = k == 1 ? BitDi(3) | BitDi(4) : ReadingSet{0};
+    for (std::size_t c = 1; c <= MaxChannels; ++c) m.Rho.at(c) = k == 1 && HaLettura(m, c) ? 1e9F : 0.0F;
+  }
+  f.survey.Misure(1).CanaleA[7] = -1;
+  f.run();
+  const TrackExtent& t = f.survey.traccia;
+  // K of channel 3: 1/15 - 1/20 - 1/20 + 1/25 -> 942.48; of channel 4: 1/20 - 1/25 - 1/25 + 1/30 -> 1884.96.
+  EXPECT_FLOAT_EQ(t.RhoMin, static_cast<float>((3 / 1000.0 + 4 / 1001.0) * 942.48 / 2));
+  EXPECT_FLOAT_EQ(t.RhoMax, static_cast<float>((4 / 1000.0 + 5 / 1001.0) * 1884.96 / 2));
+  EXPECT_FALSE(std::signbit(f.m(1).Rho[7])) << "not even -0";
+  EXPECT_EQ(f.m(1).Rho[7], 0);
+  EXPECT_TRUE(f.m(2).Scartata) << "an empty firing is left out under every filter";
+}
+
+TEST(Resistivity, TellsWhichChannelsHaveCoincidingElectrodesOrNegativeFactors) {
   Fixture f({{300000, 5e6}});
   for (std::size_t e = 8; e <= 11; ++e) f.survey.cavo.PosCavo.at(e) = 0;
   f.run();
   EXPECT_EQ(f.m(1).Rho[8], 0);
-  EXPECT_EQ(f.findings.entries().at(0).reason,
-            "electrodes coincide, geometric factor and resistivity are 0: channels 8, 9, 10");
+  EXPECT_EQ(f.reason(0), "electrodes coincide, geometric factor and resistivity are 0: channels 8, 9, 10");
+  Fixture reversed({{300000, 5e6}});
+  std::swap(reversed.survey.cavo.PosCavo[12], reversed.survey.cavo.PosCavo[13]);
+  reversed.run();
+  EXPECT_EQ(reversed.reason(0),
+            "geometric factors are negative (C1 and C2 in reverse order?): channels 1, 2, 3, 4, 5, 6, 7, 8, 9, 10");
+  EXPECT_FALSE(reversed.findings.anyFault());
 }
 
 TEST(Extent, IgnoresLostFixesAndNumbersThatAreNotFinite) {
@@ -100,6 +115,30 @@ TEST(Extent, IgnoresLostFixesAndNumbersThatAreNotFinite) {
   EXPECT_EQ(f.m(4).Distanza, f.m(3).Distanza);
   EXPECT_NEAR(f.m(5).Distanza, 110, 1e-4);
   EXPECT_NEAR(t.PassoMedio, 110.0 / 4, 1e-4);
+  EXPECT_EQ(t.AltezzaCella, static_cast<double>(t.PassoMedio)) << "of one file, to the bit";
+}
+
+// A jump from one line to the next is no step of the curtain.
+TEST(CellHeight, IsTheMeanStepWithinTheLines) {
+  Fixture f({{300000, 5e6}, {300010, 5e6}, {300020, 5e6, 2}, {300020, 5009020, 2}, {0, 0, 2}, {300020, 5009050, 2}});
+  f.run();
+  EXPECT_NEAR(f.survey.traccia.AltezzaCella, (10 + 9020 + 30) / 4.0, 1e-3) << "six measurements of two files";
+  EXPECT_NEAR(f.survey.traccia.PassoMedio, (10 + 10 + 9020 + 30) / 5.0, 1e-3);
+  Fixture one({{300000, 5e6}});
+  one.run();
+  EXPECT_EQ(one.survey.traccia.AltezzaCella, 5) << "the electrode spacing";
+  Fixture each({{300000, 5e6}, {300700, 5e6, 2}});
+  each.survey.cavo.PosCavo[13] = 55;
+  each.run();
+  EXPECT_EQ(each.survey.traccia.AltezzaCella, 1);
+}
+
+TEST(Depths, OfEmptyFiringsAreNone) {
+  Fixture f({{300000, 5e6, 1, 7}, {300010, 5e6, 1, 0}, {300020, 5e6, 1, 8}});
+  f.survey.Misure(2).letture = 0;
+  f.run();
+  EXPECT_EQ(f.survey.traccia.MinVal12, 7);
+  EXPECT_EQ(f.survey.traccia.MaxVal12, 8);
 }
 
 struct FilterCase {
@@ -138,26 +177,40 @@ TEST_P(LostFixes, AreTreatedAsChosenAndTheSameOnEveryRun) {
   EXPECT_FLOAT_EQ(f.m(4).Val60, static_cast<float>(100 + 2 * step));
   EXPECT_EQ(f.survey.traccia.PuntiGPS(4).w, 0);
   EXPECT_TRUE(f.m(1).Scartata && f.m(6).Scartata && !f.m(3).Scartata);
-  const double lat = f.geo.Gradi(f.m(2).Lat) + 2.0 / 3 * (f.geo.Gradi(f.m(5).Lat) - f.geo.Gradi(f.m(2).Lat));
-  EXPECT_NEAR(f.geo.Gradi(f.m(4).Lat), lat, 1e-12);
+  EXPECT_NEAR(f.lat(4), f.lat(2) + 2.0 / 3 * (f.lat(5) - f.lat(2)), 1e-12);
 }
 
 INSTANTIATE_TEST_SUITE_P(Filters, LostFixes,
                          ::testing::Values(FilterCase{BadGps::NoFilter, 0, 0}, FilterCase{BadGps::Skip, 4, 0},
                                            FilterCase{BadGps::Interpolate, 2, 2}));
 
-TEST(Sources, GiveTheOtherPairAndNeverDrift) {
-  Fixture f;
-  f.geo.Reset();
-  f.geo.LatLonFormat("D.DDDD");
-  for (const double lat : {-33.85, -33.86}) {
-    Misura m;
-    ImpostaPosizione(m, lat, 151.2);
-    f.survey.Misure.append(m);
+TEST(Gaps, DoNotReachFromOneFileIntoTheNext) {
+  Fixture f({{300000, 5e6}, {0, 0}, {0, 0, 2}, {300030, 5e6, 2}, {0, 0, 2}, {300050, 5e6, 2}}, BadGps::Interpolate);
+  const TrackResult r = f.run();
+  EXPECT_EQ(r.discarded, 2U);
+  EXPECT_EQ(r.interpolated, 1U);
+  EXPECT_TRUE(f.m(2).Scartata && f.m(3).Scartata && !f.m(5).Scartata);
+  EXPECT_EQ(f.m(5).UTMx, 300040);
+}
+
+TEST(Gaps, LeaveEmptyFiringsEmpty) {
+  for (const BadGps filter : {BadGps::NoFilter, BadGps::Skip, BadGps::Interpolate}) {
+    Fixture f({{300000, 5e6}, {0, 0}, {0, 0}, {300030, 5e6}}, filter);
+    f.survey.Misure(2).letture = 0;
+    f.run();
+    f.run();
+    EXPECT_TRUE(f.m(2).Scartata && !f.m(2).Interpolata);
+    EXPECT_EQ(f.m(3).UTMx, filter == BadGps::Interpolate ? 300020 : 0) << "its step counts";
   }
+}
+
+TEST(Sources, GiveBothFormsAndNeverDrift) {
+  Fixture f;
+  f.survey = test::GeographicMeasurements({{151.2, -33.85}, {151.2, -33.86}});
+  const std::optional<GridZone> grid = GrigliaDelPrimoFix(f.survey);
+  ASSERT_EQ(grid, (GridZone{56, Hemisphere::South}));
+  f.survey.settings.griglia = *grid;
   f.run();
-  EXPECT_EQ(f.geo.UTMzone(), 56);
-  EXPECT_FALSE(f.geo.Nord());
   EXPECT_NEAR(f.m(1).UTMx, 333471.8133, 1e-4);  // the series evaluated apart, in Python
   EXPECT_NEAR(f.m(1).UTMy, 6253018.0967, 1e-4);
   const double before = f.m(1).UTMy;
@@ -166,10 +219,47 @@ TEST(Sources, GiveTheOtherPairAndNeverDrift) {
   EXPECT_EQ(f.m(1).Lat, -33.85);
 }
 
+// The way back from the grid loses metres: a survey that goes to another zone and back must have its numbers again.
+TEST(Sources, ComeBackFromAnotherZoneToTheBit) {
+  for (const int stated : {0, 33}) {
+    Fixture f({{288652.25, 5030933.5}, {0, 0}, {288700.75, 5030999}}, BadGps::Interpolate);
+    for (const std::size_t k : {1U, 3U}) std::get<Grid>(f.survey.Misure(k).sorgente).zone = static_cast<std::int16_t>(stated);
+    f.run();
+    const Array1<Misura> first = f.survey.Misure;
+    f.survey.settings.griglia.zone = 32;
+    f.run();
+    // Easting 288652.25 of zone 33 is 758239.38 of zone 32 (cs2cs); numbers of no stated zone stay.
+    EXPECT_NEAR(f.m(1).UTMx, stated == 0 ? 288652.25 : 758239.38, 6) << stated;
+    f.survey.settings.griglia.zone = 33;
+    f.run();
+    for (std::size_t k = 1; k <= 3; ++k) {
+      EXPECT_EQ(f.m(k).UTMx, first(k).UTMx) << k;
+      EXPECT_EQ(f.m(k).Lon, first(k).Lon) << k;
+    }
+  }
+}
+
+TEST(Sources, OfAPositionBetweenAreTheGridWhereOneEndHasIt) {
+  Fixture f({{300000, 5e6}, {0, 0}, {300030, 5e6}}, BadGps::Interpolate);
+  f.run();
+  EXPECT_EQ(std::get<Grid>(f.m(2).sorgente), (Grid{300015, 5e6, 0, Hemisphere::North}));
+  f.survey.Misure(1).sorgente = Geographic{45.1, 12.5};
+  std::get<Grid>(f.survey.Misure(3).sorgente).zone = 33;
+  f.run();
+  EXPECT_EQ(std::get<Grid>(f.m(2).sorgente).zone, 33);
+  f.survey.Misure(3).sorgente = Geographic{45.2, 12.5};
+  f.survey.settings.layout = AngleFormat::D_DDDD;
+  f.survey.Misure(1).Lat = 45.1;
+  f.survey.Misure(3).Lat = 45.2;
+  f.survey.Misure(1).Lon = f.survey.Misure(3).Lon = 12.5;
+  f.run();
+  EXPECT_NEAR(std::get<Geographic>(f.m(2).sorgente).latitude, 45.15, 1e-12);
+}
+
 TEST(Sources, ThatCannotBeConvertedCountAsLost) {
   Fixture f({{300000, 5e6}, {2e38, 5e6}});
   Misura far;
-  ImpostaPosizione(far, 1e200, 1218);
+  ImpostaGeografica(far, 1e200, 1218, {1e198, 12.3});
   f.survey.Misure.append(far);
   EXPECT_EQ(f.run().bad, 2U);
   EXPECT_EQ(f.m(2).UTMx, 0);
@@ -207,16 +297,84 @@ TEST(CableText, ReadsNumbersByPlaceWhateverTheLabels) {
   EXPECT_EQ(LeggiStringaCavo("C1 60")[13], 0) << "missing tokens are 0";
 }
 
-TEST(CableFromData, SkipsAnEmptyFirstFiring) {
-  Fixture f({{0, 0}, {300000, 5e6}});
-  f.survey.Misure(1).Val60 = 0;
-  f.survey.Misure(1).Elettrodi[1] = 0;
-  f.survey.Misure(2).Elettrodi[2] = 45;
-  f.survey.Misure(2).Elettrodi[3] = std::numeric_limits<float>::infinity();
+TEST(CableFromData, IsThatOfTheFirstWholeFiringOfTheFilesWithMostChannels) {
+  Fixture f({{300000, 5e6}, {300010, 5e6}, {300020, 5e6, 2}, {300030, 5e6, 2}});
+  f.survey.files[0].channels = 4;  // a short file first
+  for (const std::size_t k : {1U, 2U}) f.survey.Misure(k).letture = BitDi(1) | BitDi(2) | BitDi(3) | BitDi(4);
+  f.survey.Misure(3).letture = AllReadings & ~BitDi(10);
+  f.survey.Misure(3).Elettrodi[11] = 0;
+  f.survey.Misure(3).Val60 = 54;
+  f.survey.Misure(4).Val60 = 56;
+  f.survey.Misure(4).Elettrodi[3] = std::numeric_limits<float>::infinity();
   CreaCavoDaMisure(f.survey);
-  EXPECT_EQ(f.survey.cavo.PosCavoRel[3], 0) << "no sum of our own is infinite";
-  EXPECT_EQ(f.survey.cavo.PosCavo[12], 55);
+  EXPECT_EQ(f.survey.cavo.PosCavo[12], 56);
   EXPECT_EQ(f.survey.cavo.PosCavoRel[1], 2.5);
+  EXPECT_EQ(f.survey.cavo.PosCavoRel[3], 0) << "no sum of our own is infinite";
+  Fixture zeros({{300000, 5e6}, {300010, 5e6}});
+  Misura& empty = zeros.survey.Misure(1);
+  empty.Val60 = empty.Val64 = 0;
+  empty.Elettrodi = {};
+  CreaCavoDaMisure(zeros.survey);
+  EXPECT_EQ(zeros.survey.cavo.PosCavo[12], 55) << "an empty first firing is passed over";
+}
+
+struct CableCase {
+  const char* what;
+  void (*change)(Misura&);
+  bool other;
+};
+
+class OtherCables : public ::testing::TestWithParam<CableCase> {};
+
+// Two lines, the second with a change of its cable.
+TEST_P(OtherCables, AreToldWithTheirFileAndFirstMeasurement) {
+  Fixture f({{300000, 5e6}, {300010, 5e6}, {300020, 5e6, 2}, {300030, 5e6, 2}});
+  for (const std::size_t k : {3U, 4U}) GetParam().change(f.survey.Misure(k));
+  RilevaCavo(f.survey, f.findings);
+  ASSERT_EQ(f.findings.entries().size(), GetParam().other ? 1U : 0U) << GetParam().what;
+  if (!GetParam().other) return;
+  EXPECT_TRUE(f.findings.anyFault());
+  EXPECT_EQ(f.findings.entries()[0].file, "b.bin");
+  EXPECT_NE(f.reason(0).find("the first is measurement 3"), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, OtherCables,
+                         ::testing::Values(CableCase{"the same", [](Misura&) {}, false},
+                                           CableCase{"moved as a whole",
+                                                     [](Misura& m) {
+                                                       m.Val60 += 7;
+                                                       m.Val64 += 7;
+                                                       for (float& e : m.Elettrodi) e += 7;
+                                                     },
+                                                     false},
+                                           CableCase{"C2 by 2 cm", [](Misura& m) { m.Val64 += 0.02F; }, true},
+                                           CableCase{"C2 by 5 mm", [](Misura& m) { m.Val64 += 0.005F; }, false},
+                                           CableCase{"E1", [](Misura& m) { m.Elettrodi[1] -= 1; }, true},
+                                           CableCase{"E11", [](Misura& m) { m.Elettrodi[11] = 2.5F; }, true},
+                                           CableCase{"E11 without a reading",
+                                                     [](Misura& m) {
+                                                       m.Elettrodi[11] = 2.5F;
+                                                       m.letture &= static_cast<ReadingSet>(~BitDi(10));
+                                                     },
+                                                     false}));
+
+TEST(CoordinateFormats, ThatScatterTheTrackAreNamed) {
+  Fixture f({{300000, 5e6}, {301500, 5e6}});  // 1.5 km apart on a cable of 60 m
+  f.run();
+  RilevaFormato(f.survey, f.findings);
+  EXPECT_TRUE(f.findings.anyFault());
+  // 4524.5 and 1218 make a track as degrees and minutes.
+  Fixture minutes;
+  minutes.survey = test::GeographicMeasurements({{12.18, 45.245}, {12.1801, 45.2451}, {12.1802, 45.2453}});
+  for (Misura& m : minutes.survey.Misure) ImpostaGeografica(m, 100 * m.Lat, 100 * m.Lon, {m.Lat, m.Lon});
+  minutes.run();
+  minutes.survey.traccia.AltezzaCella = 60000;
+  RilevaFormato(minutes.survey, minutes.findings);
+  EXPECT_NE(minutes.reason(0).find("--coords ddmm)"), std::string::npos) << minutes.reason(0);
+  Fixture good({{300000, 5e6}, {301100, 5e6}});
+  good.run();
+  RilevaFormato(good.survey, good.findings);
+  EXPECT_TRUE(good.findings.empty()) << "1100 m on a cable of 60 m";
 }
 
 TEST(DepthLookUp, IsThatOfAScanFromTheFirstPoint) {
@@ -229,12 +387,6 @@ TEST(DepthLookUp, IsThatOfAScanFromTheFirstPoint) {
     EXPECT_EQ(AssegnaZ(profile, 4, 9, d), static_cast<float>(k)) << d;
   }
   EXPECT_EQ(AssegnaZ(profile, 9, 4, 1.0), 0.0F);
-}
-
-TEST(SurveyZone, CountsFromTheDateLineAndUnpacksDddmm) {
-  const std::pair<float, int> zones[] = {{-180.0F, 1}, {-0.1F, 30}, {0.0F, 31},
-                                         {11.99F, 32}, {12.0F, 33}, {1218.0F, 33}};
-  for (const auto& [longitude, zone] : zones) EXPECT_EQ(SelezionaZonaUTM(longitude), zone) << longitude;
 }
 
 }  // namespace

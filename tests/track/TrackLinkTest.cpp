@@ -25,6 +25,8 @@ PuntoGPSEst Fix(double second, double x, double y, double depth) {
   fix.GeoA = 4524 + y / 1e6;
   fix.GeoB = 1218 + x / 1e6;
   fix.Progressiva = x;
+  fix.haProf = true;
+  fix.sorgente = Geographic{45.4, 12.3};
   return fix;
 }
 
@@ -32,13 +34,14 @@ Survey SurveyAt(const std::vector<double>& seconds, const std::vector<PuntoGPSEs
   Survey survey;
   for (const double second : seconds) {
     Misura m;
-    ImpostaPosizione(m, 4500, 1200);
+    ImpostaGeografica(m, 4500, 1200, {45, 12});
     m.Val12 = 99;
     m.Tempo = At(second);
     survey.Misure.append(m);
   }
   for (const PuntoGPSEst& fix : fixes) survey.tracciaEst.PuntiGPSEst.append(fix);
   survey.tracciaEst.loaded = true;
+  survey.tracciaEst.griglia = {33, Hemisphere::North};
   return survey;
 }
 
@@ -52,7 +55,7 @@ TEST(TimeLinks, InterpolateBetweenFixesAndTakeTheEndsOutside) {
   EXPECT_NEAR(s.Misure(3).Lat, s.tracciaEst.PuntiGPSEst(1).GeoB + 50e-6, 1e-9) << "the crossed coordinates";
   EXPECT_EQ(s.Misure(4).UTMx, 100);
   EXPECT_EQ(s.Misure(5).UTMx, 200);
-  EXPECT_TRUE(s.Misure(3).SorgenteUTM);
+  EXPECT_EQ(std::get<Grid>(s.Misure(3).sorgente), (Grid{150, 25, 33, Hemisphere::North}));
   EXPECT_EQ(link.exact, 1U);
   EXPECT_EQ(link.between, 2U);
   EXPECT_EQ(link.outside, 2U);
@@ -123,6 +126,11 @@ TEST(TimeLinks, FindWhatAScanFindsWhateverTheOrder) {
   }
 }
 
+PlaceLink Link(Survey& s, const Collegamenti& connections) {
+  LinkNotes notes;
+  return LinkDataGPSP(s, connections, notes);
+}
+
 Survey Along(const std::vector<double>& distances) {
   Survey s = SurveyAt(std::vector<double>(distances.size(), 0.0),
                       {Fix(0, 0, 0, 1), Fix(1, 10, 0, 2), Fix(2, 10, 0, 3), Fix(3, 30, 0, 4), Fix(4, 60, 0, 5)});
@@ -133,7 +141,7 @@ Survey Along(const std::vector<double>& distances) {
 TEST(PlaceLinks, StretchTheMeasurementsAlongTheTrack) {
   Survey s = Along({0, 5, 10, 15, 20, 25});
   // 20 m of measurements 1..5 on 30 m of track from fix 1 to 4: s = 2/3.
-  EXPECT_EQ(LinkDataGPSP(s, {{1, 5}, {1, 4}}), PlaceLink::Linked);
+  EXPECT_EQ(Link(s, {{1, 5}, {1, 4}}), PlaceLink::Linked);
   const double x[] = {0, 7.5, 15, 22.5, 30};
   for (std::size_t k = 1; k <= 5; ++k) EXPECT_NEAR(s.Misure(k).UTMx, x[k - 1], 1e-9) << k;
   EXPECT_FLOAT_EQ(s.Misure(2).Val12, 1.75F);
@@ -143,7 +151,7 @@ TEST(PlaceLinks, StretchTheMeasurementsAlongTheTrack) {
 
 TEST(PlaceLinks, WalkDownwardsAndPutPairsInOrder) {
   Survey s = Along({0, 10, 20});
-  EXPECT_EQ(LinkDataGPSP(s, {{3, 1}, {1, 4}}), PlaceLink::Linked);
+  EXPECT_EQ(Link(s, {{3, 1}, {1, 4}}), PlaceLink::Linked);
   EXPECT_NEAR(s.Misure(1).UTMx, 30, 1e-9);
   EXPECT_NEAR(s.Misure(2).UTMx, 15, 1e-9);
   EXPECT_EQ(s.Misure(3).UTMx, 0);
@@ -151,12 +159,56 @@ TEST(PlaceLinks, WalkDownwardsAndPutPairsInOrder) {
 
 TEST(PlaceLinks, ThatCannotBeAreTold) {
   Survey s = Along({0, 10, 10});
-  EXPECT_EQ(LinkDataGPSP(s, {{1, 2}, {4, 4}}), PlaceLink::SomethingWrong);
-  EXPECT_EQ(LinkDataGPSP(s, {{1, 2}, {2, 3}}), PlaceLink::SomethingWrong) << "two fixes at one place";
-  EXPECT_EQ(LinkDataGPSP(s, {{2, 3}, {1, 4}}), PlaceLink::Nothing) << "two measurements at one place";
-  EXPECT_EQ(LinkDataGPSP(s, {{1, 2}, {1, 6}}), PlaceLink::Nothing);
-  EXPECT_EQ(LinkDataGPSP(s, {{0, 2}, {1, 4}}), PlaceLink::Nothing);
+  EXPECT_EQ(Link(s, {{1, 2}, {4, 4}}), PlaceLink::SomethingWrong);
+  EXPECT_EQ(Link(s, {{1, 2}, {2, 3}}), PlaceLink::SomethingWrong) << "two fixes at one place";
+  EXPECT_EQ(Link(s, {{2, 3}, {1, 4}}), PlaceLink::Nothing) << "two measurements at one place";
+  EXPECT_EQ(Link(s, {{1, 2}, {1, 6}}), PlaceLink::Nothing);
+  EXPECT_EQ(Link(s, {{0, 2}, {1, 4}}), PlaceLink::Nothing);
   EXPECT_EQ(s.Misure(2).Val12, 99);
+}
+
+// A depth is taken only where both fixes around a measurement have one; 0 is one.
+TEST(Depths, AreNotCarriedAcrossAFixWithout) {
+  std::vector<PuntoGPSEst> fixes{Fix(10, 1, 0, 2), Fix(20, 2, 0, 4), Fix(30, 3, 0, 0), Fix(40, 4, 0, 6)};
+  fixes[1].haProf = false;
+  Survey s = SurveyAt({10, 15, 20, 25, 30, 35, 40}, fixes);
+  const TimeLink link = LinkDataGPST(s, 0);
+  const float depths[] = {2, 99, 99, 99, 0, 3, 6};
+  for (std::size_t k = 1; k <= 7; ++k) EXPECT_EQ(s.Misure(k).Val12, depths[k - 1]) << k;
+  EXPECT_EQ(link.notes.keptDepth, 3U);
+  EXPECT_DOUBLE_EQ(s.Misure(2).UTMx, 1.5) << "the position is taken all the same";
+
+  Survey p = Along({0, 5, 10});
+  p.tracciaEst.PuntiGPSEst(2).haProf = false;
+  LinkNotes notes;
+  LinkDataGPSP(p, {{1, 3}, {1, 4}}, notes);  // at fixes 1, between 3 and 4, 4
+  EXPECT_EQ(notes.keptDepth, 0U);
+  LinkDataGPSP(p, {{1, 3}, {1, 2}}, notes);
+  EXPECT_EQ(notes.keptDepth, 2U) << "half-way to the second fix and on it";
+}
+
+TEST(Holes, OfOverAMinuteAreCountedAndTheLongestTold) {
+  Survey s =
+      SurveyAt({5, 40, 100, 3000, 5000}, {Fix(0, 0, 0, 1), Fix(60, 1, 0, 1), Fix(121, 2, 0, 1), Fix(3721, 3, 0, 1)});
+  const TimeLink link = LinkDataGPST(s, 0);
+  EXPECT_EQ(link.notes.holes, 2U) << "60 s are none; behind the last fix there is none";
+  EXPECT_EQ(link.notes.longestHole, 3600);
+}
+
+TEST(Empty, FiringsAreNotLinkedNorCounted) {
+  Survey s = SurveyAt({10, 10}, {Fix(10, 1, 0, 2)});
+  s.Misure(1).letture = 0;
+  s.Misure(1).Tempo = 0;
+  const TimeLink link = LinkDataGPST(s, 0);
+  EXPECT_EQ(link.withoutTime, 0U);
+  EXPECT_EQ(link.exact, 1U);
+}
+
+TEST(Interpolated, MeasurementsKeepWhatALinkGives) {
+  Survey s = SurveyAt({10}, {Fix(10, 1, 0, 2)});
+  s.Misure(1).Interpolata = true;
+  LinkDataGPST(s, 0);
+  EXPECT_FALSE(s.Misure(1).Interpolata) << "or the next analysis would take the position away";
 }
 
 }  // namespace

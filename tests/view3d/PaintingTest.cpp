@@ -137,7 +137,7 @@ Survey Winding() {
   }
   firings[20] = {0, 0};
   Survey survey = SurveyOf(firings);
-  survey.traccia.PassoMedio = 2.5F;
+  survey.traccia.AltezzaCella = 2.5;
   survey.Misure(5).Rho[3] = std::numeric_limits<float>::quiet_NaN();
   return survey;
 }
@@ -149,7 +149,7 @@ struct Prepared {
   ViewState view;
 
   explicit Prepared(Survey given, std::int32_t width = 300, std::int32_t height = 200) : survey(std::move(given)) {
-    CreaFourArray(scene, survey, colours);
+    CreaFourArray(scene, survey);
     GeneraTraiettoria(scene, survey);
     GeneraContorno(scene, survey);
     view.AreaPixel = {0, width, 0, height};
@@ -305,7 +305,7 @@ TEST(Batches, HaveNoCellBetweenTheirLines) {
 
 TEST(OneMeasurement, PaintsItsCellsAndNothingElse) {
   Survey survey = SurveyOf({{300000, 5e6}});
-  survey.traccia.PassoMedio = 0;
+  survey.traccia.AltezzaCella = 0;
   survey.traccia.EstensioneX = survey.traccia.EstensioneY = 0;
   Prepared p(std::move(survey));
   p.view.MostraElettrodi = false;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "picture/BufferCanvas.h"
-#include "survey/Survey.h"
+#include "support/Surveys.h"
 
 namespace corvan::test {
 
@@ -57,31 +57,13 @@ class TestCanvas : public BufferCanvas {
   std::shared_ptr<std::vector<std::uint32_t>> pixels_;
 };
 
-struct Firing {
-  double est, nord;  ///< m; 0 for no position
-  std::int16_t file = 1;
-};
-
-/// A survey as the analysis leaves it: scene origin (300000, 5000000), 10 m between firings, resistivity of level k of
-/// firing i = i + k / 100.
+/// A survey as the analysis leaves it: scene origin (300000, 5000000), cells 10 m high.
 inline Survey SurveyOf(const std::vector<Firing>& firings) {
-  Survey survey;
-  std::size_t i = 0;
-  for (const auto& [est, nord, file] : firings) {
-    Misura m;
-    m.SorgenteUTM = true;
-    ImpostaPosizione(m, nord, est);
-    m.NumFile = file;
-    m.Val12 = 3;
-    ++i;
-    for (std::size_t k = 1; k <= MaxChannels; ++k) m.Rho.at(k) = static_cast<float>(i) + static_cast<float>(k) / 100.0F;
-    survey.Misure.append(m);
-  }
+  Survey survey = Measurements(firings);
   survey.traccia.CentroX = 300000;
   survey.traccia.CentroY = 5000000;
-  survey.traccia.PassoMedio = 10;
+  survey.traccia.AltezzaCella = 10;
   survey.traccia.EstensioneX = survey.traccia.EstensioneY = 100;
-  survey.file.NumCanali = 10;
   return survey;
 }
 

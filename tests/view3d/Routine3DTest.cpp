@@ -107,7 +107,7 @@ TEST(Window, HoldsTheSurveyWithSquarePixelsAndABandBelow) {
   AggiornaZoom(view);
   EXPECT_EQ(view.Finestra.xmax, 450);
   EXPECT_FLOAT_EQ(view.Finestra.zmax, 360);
-  EXPECT_FLOAT_EQ(View(0, 0).Lato, 0.01F) << "a survey of one place";
+  EXPECT_EQ(View(0, 0).Lato, 10) << "a survey of one place";
 }
 
 TEST(Window, HasItsVanishingPointUnderTheMarker) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "Pictures.h"
 
 namespace corvan {
@@ -12,8 +14,7 @@ using test::SurveyOf;
 
 Scene SceneOf(const Survey& survey) {
   Scene scene;
-  ColourRange colours;
-  CreaFourArray(scene, survey, colours);
+  CreaFourArray(scene, survey);
   GeneraTraiettoria(scene, survey);
   GeneraContorno(scene, survey);
   GeneraEchoSounder(scene, survey);
@@ -57,17 +58,13 @@ TEST(Cells, AreMovedByTheTranslationAndLeaveOutDiscardedFirings) {
   ExpectPoint(scene.cells.QuadPunti(1, 2), 0.5F, -2, 0, "ends at its own place");
 }
 
-TEST(ColourRanges, AreTakenFromTheDataOnlyWhenNeverSet) {
-  Survey survey = SurveyOf({{300000, 5e6}});
-  survey.traccia.RhoMin = 0.5F;
-  survey.traccia.RhoMax = 8;
-  Scene scene;
-  ColourRange unset, typed{1, 0};
-  CreaFourArray(scene, survey, unset);
-  CreaFourArray(scene, survey, typed);
-  EXPECT_EQ(unset.ScalaMax, 8);
-  EXPECT_EQ(typed.ScalaMin, 1);
-  EXPECT_EQ(typed.ScalaMax, 0);
+TEST(Cells, OfReadingsThatDoNotExistAreNotThere) {
+  Survey survey = SurveyOf({{300000, 5e6}, {300010, 5e6}});
+  survey.Misure(2).letture = BitDi(1) | BitDi(4);
+  const Scene scene = SceneOf(survey);
+  const auto& rho = scene.cells.columns(2).rho;
+  EXPECT_EQ(rho[3], 2.04F);
+  for (const std::size_t level : {1U, 2U, 4U, 9U}) EXPECT_TRUE(std::isnan(rho.at(level))) << level;
 }
 
 TEST(Outlines, RunAlongTheSurfaceAndBackAlongTheBottom) {
