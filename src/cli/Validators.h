@@ -17,6 +17,9 @@ CLI::Validator Intervallo();
 /// Two whole numbers from 1 on joined by a colon, e.g. "12:340".
 CLI::Validator Collegamento();
 
+/// A day as YYYY-MM-DD, in the calendar.
+CLI::Validator Giorno();
+
 /// A comma-separated list of some of the words.
 CLI::Validator Elenco(std::vector<std::string> words);
 

@@ -38,6 +38,9 @@ struct SectionSummary {
 
 inline constexpr int EnterKey = 13;
 
+/// Asked for a log without a date.
+inline constexpr const char* DomandaData = "Date of the first fix (yyyy-mm-dd)";
+
 enum class MouseButton { Left, Right };
 
 /// The mouse on the picture, in its pixels.

@@ -55,7 +55,7 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   const bool few = kind == TrackKind::SixColumns && read.lines < survey_.Misure.size();
   if (few && dialogs_.MsgBox({"not enough GPS points", "", Buttons::OkCancel}) != Answer::Ok) return false;
   if (read.undated) {
-    const std::string day = chiedi({"Date of the first fix (yyyy-mm-dd)", "The log holds no date", ""});
+    const std::string day = chiedi({DomandaData, "The log holds no date", ""});
     if (!Rifila(day).empty()) {
       options.firstDay = std::floor(DataDaTesto(day));
       read = LeggiTraccia(kind, bytes.text(), options);

@@ -1,4 +1,5 @@
 // The view: angles, zoom, projection, layers, the picture and its file.
+#include <cmath>
 #include <string>
 
 #include "base/ErrorTrap.h"
@@ -64,8 +65,12 @@ void Session::mostraAngoli() {
 
 void Session::leggiAngolo(int key, const std::string& box, double& angle) {
   if (key != EnterKey) return;
-  angle = InRadianti(Val(box));
-  DisegnaImmagineQ();
+  Trappola(findings_, "leggiAngolo", [&] {
+    const double typed = InRadianti(Val(box));
+    if (!std::isfinite(typed)) throw RunTimeError("angle " + box + " is too large to be turned by");
+    angle = typed;
+    DisegnaImmagineQ();
+  });
 }
 
 void Session::Thetatxt_KeyPress(int key) { leggiAngolo(key, FrameView.Thetatxt, view_.AngoloVista); }
