@@ -50,6 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
                       OriginalCase{test::Slurp(CORVAN_SAMPLES "/lagoon_track.csv"), "a track's table of positions"},
                       OriginalCase{"x;y\n;;15/06/2026;8\n1;a;2026-06-15;07:59:58;;;;1;;1;1\n",
                                    "a track's table of positions"},
+                      OriginalCase{"1;calm sea;2026-06-15;;3\n", ""},
                       OriginalCase{"N.\tAx\tBx\tMx\r\n 1 \t13.\t23.\t3.\r\n", ""},
                       OriginalCase{"1             288685.52     5030933.45    4.0           0.0\r\n", ""},
                       OriginalCase{"n,file,time,lat,lon\n1,1,46188.25,4524.5,1218.25\n", ""},
