@@ -5,8 +5,10 @@
 
 #include "app/Corvan.h"
 #include "app/QtDialogs.h"
+#include "base/Interruption.h"
 
 int main(int argc, char** argv) {
+  corvan::PulisciAlleInterruzioni();
   QApplication application(argc, argv);
   QApplication::setApplicationName("Corvan");
   QApplication::setApplicationVersion(CORVAN_VERSION);

@@ -1,15 +1,18 @@
-// Whole files into memory, and outputs written through one buffer; every failure names the path and the reason.
+// Whole files into memory, and outputs that replace older ones only when they are whole; every failure names the path
+// and the reason.
 #pragma once
 
 #include <cstddef>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "base/Errors.h"
+#include "base/Interruption.h"
+#include "base/SystemFile.h"
 
 namespace corvan {
 
@@ -37,32 +40,42 @@ FileBytes LeggiTutto(const std::filesystem::path& path);
 /// Reads at most `count` bytes of the file's beginning. @throws FileError as LeggiTutto does
 FileBytes LeggiInizio(const std::filesystem::path& path, std::size_t count);
 
-/// An output file, written in chunks of one MiB. An existing file is replaced. What was written before an error stays.
+/// An output file, written in chunks of one MiB. What is written goes into a hidden file ".NAME.corvan-PID-xxxx" beside
+/// the target, which close() puts in the target's place once every byte is on the disk: at no moment is there half a
+/// file under the name, and whatever ends the writing before, an older file stays as it was. The real target is the
+/// file at the end of the links, also when it is not there yet. It keeps an older file's permissions, and owner and
+/// group where the system lets them be set. A target that is no regular file (a device, a pipe) is written directly.
 class FileWriter {
  public:
-  /// @throws FileError
+  /// Removes what a writer of the same target that was killed has left.
+  /// @throws FileError: a folder, no permission for the file or for a new one in its folder, no such folder
   explicit FileWriter(std::filesystem::path path);
   FileWriter(const FileWriter&) = delete;
   FileWriter& operator=(const FileWriter&) = delete;
-  /// Closes the file; errors are lost here, so a writer that ends well calls close().
+  /// Without close() everything written is given up.
   ~FileWriter();
 
+  /// @throws FileError after which everything written is given up
   void write(std::string_view text);
   void write(std::span<const std::byte> bytes);
-  /// Writes the rest and closes. @throws FileError
+  /// Writes the rest and gives the file its name. @throws FileError; then the older file is there as it was
   void close();
   const std::filesystem::path& path() const { return path_; }
 
  private:
+  void openBeside();
   void flush();
-  [[noreturn]] void fail(int error) const;
+  void giveUp() noexcept;
+  /// Fails the writer for good where `error` is the system's error number.
+  void check(int error);
 
   std::filesystem::path path_;
-  std::FILE* file_ = nullptr;
+  std::filesystem::path target_;  ///< the real place
+  std::filesystem::path hidden_;  ///< the file beside it; empty for a target that is written directly
+  std::optional<RemovedOnInterruption> removal_;
+  SystemFile file_;
   std::string buffer_;
+  std::string failure_;
 };
-
-/// Deletes a file (not a folder) if it exists. @throws FileError
-void Elimina(const std::filesystem::path& path);
 
 }  // namespace corvan

@@ -108,7 +108,7 @@ int Esegui(const ConvertOptions& options) {
     try {
       std::cout << converter.line(line) << '\n';
     } catch (const RunTimeError& error) {
-      std::cerr << "error: line " << number << ": " << error.what() << '\n';
+      std::cerr << "error: line " << number << ": " << Visibile(error.what()) << '\n';
       status = NotAllDone;
     }
   }

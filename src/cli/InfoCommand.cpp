@@ -12,6 +12,7 @@
 #include "base/ErrorTrap.h"
 #include "base/NumberText.h"
 #include "base/OleDate.h"
+#include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Report.h"
 #include "input/InputDriver.h"
@@ -186,7 +187,7 @@ Json InJson(const FileInfo& info) {
 
 std::string InTesto(const FileInfo& info) {
   std::ostringstream out;
-  out << info.name << '\n';
+  out << Visibile(info.name) << '\n';
   if (info.format.empty()) return out.str() + "  not readable as a survey\n";
   const bool text = info.format == "text" || info.track;
   out << "  format     "
@@ -208,7 +209,7 @@ std::string InTesto(const FileInfo& info) {
     out << "  depth      " << FormattaNumero(info.depth.low, "0.0##") << " to "
         << FormattaNumero(info.depth.high, "0.0##") << " m\n";
   }
-  for (const Finding& finding : info.findings.entries()) out << "  - " << finding.reason << '\n';
+  for (const Finding& finding : info.findings.entries()) out << "  - " << Visibile(finding.reason) << '\n';
   return out.str();
 }
 

@@ -69,9 +69,11 @@ void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
   dialogs.answer("Add vertical offset [m]", options.kmlOffset);
 }
 
+/// The root of the output names; a folder alone is where the files of the default name go.
 std::string Radice(const ProcessOptions& options) {
-  if (!options.out.empty()) return options.out;
-  return std::filesystem::path(options.files.front()).stem().string() + "_section";
+  const std::string usual = std::filesystem::path(options.files.front()).stem().string() + "_section";
+  if (!FinisceInCartella(options.out)) return options.out;
+  return (std::filesystem::path(options.out) / usual).string();
 }
 
 void PreparaPannelli(Session& session, const ProcessOptions& options) {
@@ -238,7 +240,9 @@ void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
 }
 
 void AggiungiUscita(CLI::App& command, ProcessOptions& o) {
-  command.add_option("--out", o.out, "Root of the output names (default: first file's name with _section behind)")
+  command
+      .add_option("--out", o.out,
+                  "Root of the output names, or a folder ending in / (default: first file's name with _section behind)")
       ->type_name("ROOT");
   command.add_option("--format", o.formats, "Comma-separated list of bin, txt, ecs, kml, csv (default bin)")
       ->check(Elenco({"bin", "txt", "ecs", "kml", "csv"}))

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "base/NumberText.h"
+#include "base/Text.h"
 
 namespace corvan::cli {
 namespace {
@@ -16,7 +17,7 @@ std::string SommarioTesto(const Session& session) {
   const TrackExtent& t = survey.traccia;
   std::ostringstream out;
   for (const FileSummary& file : survey.files) {
-    out << file.path.string() << ": ";
+    out << Visibile(file.path.string()) << ": ";
     if (file.format.empty()) {
       out << "not read\n";
       continue;
@@ -44,7 +45,7 @@ std::string SommarioTesto(const Session& session) {
     out << "section       " << section->from << " to " << section->to << ", " << section->points << " points, "
         << section->records << " records\n";
   }
-  for (const auto& path : session.outputs()) out << "written       " << path.string() << "\n";
+  for (const auto& path : session.outputs()) out << "written       " << Visibile(path.string()) << "\n";
   return out.str();
 }
 

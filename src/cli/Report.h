@@ -19,7 +19,8 @@ Json RilieviJson(const Findings& findings);
 Json NumeroJson(float value);
 Json NumeroJson(double value);
 
-/// The object as text with a line end; bytes that are no UTF-8 are replaced.
+/// The object as text with a line end; bytes that are no UTF-8 are replaced, control characters escaped, also those
+/// that JSON would let stand (7F and U+0080 to U+009F).
 std::string TestoJson(const Json& json);
 
 }  // namespace corvan::cli

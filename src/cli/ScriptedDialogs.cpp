@@ -2,6 +2,8 @@
 
 #include <iostream>
 
+#include "base/Text.h"
+
 #ifdef _WIN32
 #include <io.h>
 #else
@@ -25,7 +27,7 @@ ScriptedDialogs::ScriptedDialogs() : terminal_(ErroreSuTerminale()) {}
 
 Answer ScriptedDialogs::MsgBox(const MessageRequest& request) {
   messages_.push_back(request.text);
-  std::cerr << "message: " << request.text << '\n';
+  std::cerr << "message: " << Visibile(request.text, LineFeeds::Kept) << '\n';
   return Answer::Ok;
 }
 
@@ -39,7 +41,7 @@ void ScriptedDialogs::Avanzamento(const ProgressStep& step) {
   constexpr const char* clear = "\r\033[K";
   std::cerr << clear;
   if (step.done < step.total) {
-    std::cerr << "Reading file " << step.done + 1 << " of " << step.total << ": " << step.subject;
+    std::cerr << "Reading file " << step.done + 1 << " of " << step.total << ": " << Visibile(step.subject);
   }
   std::cerr.flush();
 }

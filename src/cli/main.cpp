@@ -2,33 +2,57 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <sstream>
 
+#include "base/Interruption.h"
+#include "base/Text.h"
 #include "cli/Commands.h"
+
+namespace corvan::cli {
+namespace {
+
+/// Help, version or what is wrong with the command line, which may quote anything.
+int StampaEsito(const CLI::App& app, const CLI::ParseError& error) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const int status = app.exit(error, out, err);
+  std::cout << Visibile(out.str(), LineFeeds::Kept);
+  std::cerr << Visibile(err.str(), LineFeeds::Kept);
+  return status == 0 ? AllDone : WrongCommandLine;
+}
+
+int Esegui(int argc, char** argv) {
+  CLI::App app{"Corvan: pre-processing of marine electrical-resistivity surveys"};
+  app.set_version_flag("--version", "corvan-cli " CORVAN_VERSION);
+  app.require_subcommand(1);
+  Work work;
+  AggiungiProcess(app, work);
+  AggiungiInfo(app, work);
+  AggiungiConvert(app, work);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return StampaEsito(app, error);
+  }
+  return work();
+}
+
+}  // namespace
+}  // namespace corvan::cli
 
 int main(int argc, char** argv) {
   using namespace corvan::cli;
+  corvan::PulisciAlleInterruzioni();
 #ifdef SIGXFSZ
   std::signal(SIGXFSZ, SIG_IGN);  // a file grown to the user's limit fails like any other write instead of ending us
 #endif
   try {
-    CLI::App app{"Corvan: pre-processing of marine electrical-resistivity surveys"};
-    app.set_version_flag("--version", "corvan-cli " CORVAN_VERSION);
-    app.require_subcommand(1);
-    Work work;
-    AggiungiProcess(app, work);
-    AggiungiInfo(app, work);
-    AggiungiConvert(app, work);
-    try {
-      app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-      return app.exit(error) == 0 ? AllDone : WrongCommandLine;
-    }
-    const int status = work();
+    const int status = Esegui(argc, argv);
     std::cout.flush();
     if (std::cout) return status;
     std::cerr << "corvan-cli: standard output could not be written\n";
   } catch (const std::exception& error) {
-    std::cerr << "corvan-cli: " << error.what() << '\n';
+    std::cerr << "corvan-cli: " << corvan::Visibile(error.what()) << '\n';
   }
   return NotAllDone;
 }

@@ -17,6 +17,7 @@
 #include "export/Section.h"
 #include "input/FileRead.h"
 #include "geo/ZoneConstants.h"
+#include "input/Originals.h"
 #include "picture/ColourScale.h"
 #include "session/Panels.h"
 #include "survey/Survey.h"
@@ -235,6 +236,8 @@ class Session {
   /// The same for a whole name.
   void scriviFile(const char* procedure, const std::filesystem::path& name,
                   const std::function<void(FileWriter&)>& body);
+  /// Every output goes through here: refuses a name that is not to be written, lets `save` write and lists it.
+  bool salva(const char* procedure, const std::filesystem::path& name, const std::function<void()>& save);
 
   Dialogs& dialogs_;
   Clock clock_;
@@ -256,7 +259,7 @@ class Session {
   std::int16_t numCollegamenti_ = 0;
   Collegamenti collegamenti_;
   std::optional<TimeLink> timeLink_;
-  OutputFiles outputs_;
+  OutputFiles outputs_{Originale};
   std::unique_ptr<KmlGoogle> kml_;
   std::optional<SectionSummary> section_;
   std::int16_t statoSelezione_ = 0;

@@ -84,14 +84,15 @@ void Session::scriviSezione(Section& section) {
            [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.ProfiloVero.Primo(), section.ProfiloVero.Ultimo()); });
   }
   if (!FrameFileOut.KMLchk) return;
-  const bool written = Trappola(findings_, "SalvaKML", [&] {
-    if (!kml_) kml_ = std::make_unique<KmlGoogle>();
-    kml_->FileName(NomeUscita(FrameFileOut.FileOutTxt, ".kml").string());
-    outputs_.prepara(kml_->FileName());
-    corvan::SalvaKML(*kml_, section, colours_, dialogs_, findings_);
-    outputs_.scritto(kml_->FileName());
+  Trappola(findings_, "NomeUscita", [&] {
+    const std::filesystem::path name = NomeUscita(FrameFileOut.FileOutTxt, ".kml");
+    const bool written = salva("SalvaKML", name, [&] {
+      if (!kml_) kml_ = std::make_unique<KmlGoogle>();
+      kml_->FileName(name.string());
+      corvan::SalvaKML(*kml_, section, colours_, dialogs_, findings_);
+    });
+    if (!written) kml_.reset();  // gives up the half-written file
   });
-  if (!written) kml_.reset();  // gives up the half-written file
 }
 
 void Session::SalvaTabella() {
@@ -103,16 +104,23 @@ void Session::SalvaImmagine(const std::filesystem::path& name, const std::functi
 }
 
 void Session::scrivi(const char* procedure, const char* extension, const std::function<void(FileWriter&)>& body) {
-  scriviFile(procedure, NomeUscita(FrameFileOut.FileOutTxt, extension), body);
+  Trappola(findings_, "NomeUscita",
+           [&] { scriviFile(procedure, NomeUscita(FrameFileOut.FileOutTxt, extension), body); });
 }
 
 void Session::scriviFile(const char* procedure, const std::filesystem::path& name,
                          const std::function<void(FileWriter&)>& body) {
-  Trappola(findings_, procedure, [&] {
-    outputs_.prepara(name);
+  salva(procedure, name, [&] {
     FileWriter out(name);
     body(out);
     out.close();
+  });
+}
+
+bool Session::salva(const char* procedure, const std::filesystem::path& name, const std::function<void()>& save) {
+  return Trappola(findings_, procedure, [&] {
+    outputs_.controlla(name);
+    save();
     outputs_.scritto(name);
   });
 }

@@ -112,6 +112,17 @@ TEST(Files, LongerThanOneChunkKeepEveryByteInOrder) {
   EXPECT_EQ(LeggiInizio(folder / "big", 4).text(), "0,1,");
 }
 
+TEST(Texts, ShowNoControlCharacterToATerminal) {
+  EXPECT_EQ(Visibile("a\x1B[31m\x07\t\r\n\x7F z"), "a\\x1B[31m\\x07\\x09\\x0D\\x0A\\x7F z");
+  EXPECT_EQ(Visibile("\0"s), "\\x00");
+  EXPECT_EQ(Visibile("one\ntwo\r", LineFeeds::Kept), "one\ntwo\\x0D");
+  EXPECT_EQ(Visibile("\xC2\x80 \xC2\x9F"), "\\x80 \\x9F") << "C1 controls in UTF-8";
+  const char* words = "Fossa della Bastiglia \xC3\xA8 \xC2\xA0 \xE2\x82\xAC \xF0\x9F\x8C\x8A C:\\x";
+  EXPECT_EQ(Visibile(words), words);
+  EXPECT_EQ(Visibile("\x9B\xE8 \xC3(\xE2\x82"), "\\x9B\\xE8 \\xC3(\\xE2\\x82") << "no UTF-8";
+  EXPECT_EQ(Visibile("\xC0\x9B \xE0\x82\x9B"), "\\xC0\\x9B \\xE0\\x82\\x9B") << "controls in overlong forms";
+}
+
 TEST(OleDates, AreDaysSince30December1899) {
   // 40771.38371527778 is 2011-08-16 09:12:33 in a file of a real instrument; 2 is 1900-01-01 by definition.
   EXPECT_EQ(TestoDataOra(DaGiorni(40771.38371527778)), "2011-08-16 09:12:33");

@@ -239,20 +239,42 @@ TEST(Tables, HoldEveryNumberAtFullPrecision) {
   EXPECT_EQ(text.substr(text.size() - 9), ",0.1,1,0\n");
 }
 
-TEST(Outputs, NeverReplaceAFileThatWasRead) {
+TEST(Outputs, NeverReplaceWhatWasReadOrIsAnOriginal) {
   const test::TempFolder folder;
   const auto read = folder.write("line.bin", "precious");
   std::filesystem::create_symlink(read, folder / "link.bin");
   std::filesystem::create_hard_link(read, folder / "hard.bin");
-  OutputFiles outputs;
-  outputs.proteggi(read);
-  for (const char* name : {"line.bin", "link.bin", "hard.bin", "./line.bin"}) {
-    EXPECT_THROW(outputs.prepara(folder / name), FileError) << name;
-  }
+  folder.write("other.txt", std::string(OutputFiles::Beginning - 1, ' ') + "!?");
+  std::filesystem::create_symlink("other.txt", folder / "link.txt");
   const auto old = folder.write("old.bin", "of an earlier export");
-  outputs.prepara(old);
-  EXPECT_FALSE(std::filesystem::exists(old));
-  EXPECT_EQ(test::Slurp(read), "precious");
+  OutputFiles outputs([](std::string_view beginning) { return beginning.back() == '!' ? "a treasure" : ""; });
+  outputs.proteggi(read);
+  const auto refusal = [&](const std::filesystem::path& output) {
+    try {
+      outputs.controlla(output);
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.path(), output);
+      return error.reason();
+    }
+    return std::string();
+  };
+  for (const char* name : {"line.bin", "link.bin", "hard.bin", "./line.bin"}) {
+    EXPECT_EQ(refusal(folder / name), "was read in this run and is not overwritten") << name;
+  }
+  EXPECT_EQ(refusal(folder / "link.txt"), "is a treasure and is not overwritten");
+  for (const std::filesystem::path& free : {old, folder / "new.bin", std::filesystem::path("/dev/null")}) {
+    EXPECT_EQ(refusal(free), "") << free;
+  }
+  EXPECT_EQ(test::Slurp(old), "of an earlier export");
+}
+
+TEST(Outputs, NeedANameBehindTheirFolder) {
+  for (const char* root : {"", "results/", "results/.", "..", "/"}) {
+    EXPECT_THROW(NomeUscita(root, ".bin"), RunTimeError) << root;
+  }
+  for (const char* root : {"results/x", "...", ".x", "a.b"}) {
+    EXPECT_EQ(NomeUscita(root, ".bin"), std::string(root) + ".bin");
+  }
 }
 
 }  // namespace

@@ -274,7 +274,7 @@ TEST(SaveSection, WritesTheOtherFormatsWhenOneCannotBe) {
   f.session.SalvaEstrattoFile();
   EXPECT_EQ(f.session.outputs().size(), 2U);
   ASSERT_TRUE(f.faulty());
-  EXPECT_NE(f.session.findings().entries().back().detto().find("section.txt: Is a directory"), std::string::npos);
+  EXPECT_NE(f.session.findings().entries().back().detto().find("section.txt: is a folder"), std::string::npos);
 }
 
 TEST(SaveSection, NeverReplacesAFileThatWasRead) {
@@ -288,6 +288,23 @@ TEST(SaveSection, NeverReplacesAFileThatWasRead) {
   f.session.SalvaEstrattoFile();
   EXPECT_EQ(test::Slurp(f.folder / "survey.bin"), before);
   EXPECT_TRUE(f.faulty());
+}
+
+TEST(SaveSection, RefusesARootWithoutANameOnce) {
+  Fixture f;
+  f.readFirings(3);
+  f.session.FrameFileOut.BinChk = f.session.FrameFileOut.TxtChk = f.session.FrameFileOut.KMLchk = true;
+  for (const std::string& root : {(f.folder / "").string(), std::string()}) {
+    const std::size_t before = f.session.findings().entries().size();
+    f.session.FrameFileOut.FileOutTxt = root;
+    f.session.ptlbl_Click(1);
+    f.session.ptlbl_Click(3);
+    f.session.SalvaEstrattoFile();
+    ASSERT_EQ(f.session.findings().entries().size(), before + 1);
+    EXPECT_NE(f.session.findings().entries().back().reason.find("\"" + root + "\""), std::string::npos);
+    f.session.ptlbl_Click(1);
+  }
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(f.folder.path()), {}), 1) << "the survey alone";
 }
 
 // A written section is a survey again: read back as UTM it holds the same readings at the same places.

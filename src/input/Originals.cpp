@@ -1,0 +1,82 @@
+#include "input/Originals.h"
+
+#include <array>
+#include <cstddef>
+
+#include "base/DateText.h"
+#include "base/Errors.h"
+#include "base/Fields.h"
+#include "base/Lines.h"
+#include "input/InputDriver.h"
+#include "input/NmeaLog.h"
+#include "input/TrackFile.h"
+#include "survey/RecordSyscalPro.h"
+
+namespace corvan {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view Signature = "\x02\0\0\x80"sv;
+constexpr std::string_view OwnSequence = "\0myseq      "sv;  // only files of our own carry it
+static_assert(OwnSequence.size() == SequenzaLength);
+
+bool FileDelloStrumento(std::string_view bytes) {
+  if (bytes.substr(0, Signature.size()) != Signature) return false;
+  const bool ownWithoutRecords = bytes.size() == HeaderLength && bytes.back() == '\x01';
+  if (ownWithoutRecords) return false;
+  constexpr std::size_t sequence = FirstRecord + campo::Sequenza;
+  return bytes.size() < sequence || bytes.substr(sequence, SequenzaLength) != OwnSequence;
+}
+
+bool EsportazioneDiTesto(std::string_view text) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  if (text.substr(0, mark.size()) == mark) text.remove_prefix(mark.size());
+  return TestataDiTesto(text);
+}
+
+/// Fields 3 and 4 of a line are a date and a time.
+bool DataInTreQuattro(std::string_view line) {
+  FieldCursor fields(line, ScegliSeparatore(line));
+  fields.next();
+  fields.next();
+  const std::string_view date = Rifila(fields.next());
+  const std::string_view time = Rifila(fields.next());
+  if (date.find_first_of("/-.") == std::string_view::npos || time.find(':') == std::string_view::npos) return false;
+  try {
+    DataDaTesto(std::string(date) + " " + std::string(time));
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
+bool TabellaDiPosizioni(std::string_view text) {
+  constexpr std::size_t longest = 400;  // no line of a track is longer; what is binary has no line ends
+  for (LineCursor lines(text); lines.more();) {
+    if (DataInTreQuattro(lines.next().substr(0, longest))) return true;
+  }
+  return false;
+}
+
+struct Kind {
+  bool (*shows)(std::string_view beginning);
+  const char* name;
+};
+
+// Every further format that is read (GPX tracks, column texts, projects) adds its row here.
+constexpr std::array Kinds{Kind{FileDelloStrumento, "an instrument's file"},
+                           Kind{EsportazioneDiTesto, "an instrument's text export"},
+                           Kind{SembraNmea, "an NMEA 0183 log"}, Kind{SembraSeiColonne, "a track of six columns"},
+                           Kind{TabellaDiPosizioni, "a track's table of positions"}};
+
+}  // namespace
+
+std::string Originale(std::string_view beginning) {
+  for (const Kind& kind : Kinds) {
+    if (kind.shows(beginning)) return kind.name;
+  }
+  return "";
+}
+
+}  // namespace corvan

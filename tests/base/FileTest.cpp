@@ -1,0 +1,276 @@
+// Outputs replace older files whole or not at all, whatever ends the writing.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+
+#include "base/File.h"
+#include "support/SurveyFiles.h"
+
+namespace corvan {
+namespace {
+
+namespace fs = std::filesystem;
+using test::Slurp;
+using test::TempFolder;
+
+std::vector<std::string> Hidden(const fs::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    const std::string name = entry.path().filename().string();
+    if (name.front() == '.') names.push_back(name);
+  }
+  return names;
+}
+
+template <class Action>
+std::string Reason(Action&& action) {
+  try {
+    action();
+  } catch (const FileError& error) {
+    return error.reason();
+  }
+  return "no error";
+}
+
+void Write(const fs::path& path, std::string_view text) {
+  FileWriter out(path);
+  out.write(text);
+  out.close();
+}
+
+struct LinkCase {
+  const char* asked;
+  const char* real;
+  bool there;  ///< an older file stands at the real place
+};
+
+class Links : public ::testing::TestWithParam<LinkCase> {};
+
+TEST_P(Links, AreFollowedToThePlaceThatIsReplaced) {
+  const auto& [asked, real, there] = GetParam();
+  const TempFolder folder;
+  fs::create_directory(folder / "far");
+  fs::create_symlink("far/data.bin", folder / "one");
+  fs::create_symlink(folder / "one", folder / "two");  // absolute, then relative
+  fs::create_symlink("../plain", folder / "far/back");
+  fs::create_symlink("far", folder / "away");
+  if (there) folder.write(real, "older");
+  {
+    FileWriter out(folder / asked);
+    out.write(std::string(3'000'000, 'n'));
+    const auto beside = Hidden((folder / real).parent_path());
+    ASSERT_EQ(beside.size(), 1U);
+    const std::string start = "." + fs::path(real).filename().string() + ".corvan-" + std::to_string(getpid()) + "-";
+    EXPECT_EQ(beside[0].substr(0, start.size()), start);
+    EXPECT_EQ(fs::exists(folder / real), there);
+    EXPECT_TRUE(!there || Slurp(folder / real) == "older");
+    out.close();
+  }
+  EXPECT_EQ(Slurp(folder / real), std::string(3'000'000, 'n'));
+  EXPECT_FALSE(fs::is_symlink(folder / real));
+  EXPECT_TRUE(fs::is_symlink(folder / "one") && fs::is_symlink(folder / "two"));
+  EXPECT_TRUE(Hidden(folder.path()).empty() && Hidden(folder / "far").empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Links,
+                         ::testing::Values(LinkCase{"plain", "plain", true}, LinkCase{"plain", "plain", false},
+                                           LinkCase{"one", "far/data.bin", true},
+                                           LinkCase{"one", "far/data.bin", false},
+                                           LinkCase{"two", "far/data.bin", true},
+                                           LinkCase{"two", "far/data.bin", false}, LinkCase{"far/back", "plain", false},
+                                           LinkCase{"away/new", "far/new", false}));
+
+TEST(Writer, KeepsTheFolderThatItBeganIn) {
+  const TempFolder folder;
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.path());
+  FileWriter out("x");
+  fs::current_path(before);
+  out.write("new");
+  out.close();
+  EXPECT_EQ(Slurp(folder / "x"), "new");
+}
+
+TEST(Writer, WritesDirectlyToWhatIsNoRegularFile) {
+  const TempFolder folder;
+  fs::create_symlink("/dev/null", folder / "null");
+  Write(folder / "null", "x");
+  EXPECT_TRUE(fs::is_symlink(folder / "null") && fs::is_character_file("/dev/null"));
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  const int reader = open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
+  Write(folder / "pipe", "through");
+  std::array<char, 16> got{};
+  EXPECT_EQ(read(reader, got.data(), got.size()), 7);
+  close(reader);
+  EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+  EXPECT_TRUE(Hidden(folder.path()).empty());
+}
+
+TEST(Writer, KeepsTheOlderFilesPermissions) {
+  const TempFolder folder;
+  for (const mode_t mode : {0600U, 0664U, 0755U}) {
+    chmod(folder.write("old", "older").c_str(), mode);
+    Write(folder / "old", "new");
+    EXPECT_EQ(static_cast<mode_t>(fs::status(folder / "old").permissions()), mode);
+  }
+  const mode_t mask = umask(027);
+  Write(folder / "fresh", "new");
+  umask(mask);
+  EXPECT_EQ(static_cast<mode_t>(fs::status(folder / "fresh").permissions()), 0640U);
+}
+
+TEST(Writer, NamesWhyItCannotBegin) {
+  const TempFolder folder;
+  fs::create_symlink("round", folder / "round");
+  const auto open = [&](const std::string& name) { return Reason([&] { FileWriter(folder / name); }); };
+  EXPECT_EQ(open("."), "is a folder");
+  EXPECT_EQ(open("no/x"), "No such file or directory");
+  EXPECT_EQ(open("no/"), "has no name behind the folder");
+  EXPECT_EQ(open("round"), "Too many levels of symbolic links");
+  chmod(folder.write("closed", "older").c_str(), 0444);
+  chmod(folder.path().c_str(), 0555);
+  constexpr uid_t nobody = 65534;  // root may write everywhere
+  const bool root = geteuid() == 0;
+  EXPECT_TRUE(!root || seteuid(nobody) == 0);
+  EXPECT_EQ(open("closed"), "Permission denied");
+  EXPECT_EQ(open("fresh"), "no new file can be made in its folder: Permission denied");
+  EXPECT_TRUE(!root || seteuid(0) == 0);
+  chmod(folder.path().c_str(), 0755);
+}
+
+TEST(Writer, GivenUpLeavesTheOlderFileAndNothingElse) {
+  const TempFolder folder;
+  folder.write("old", "older");
+  {
+    FileWriter out(folder / "old");
+    FileWriter fresh(folder / "fresh");
+    out.write(std::string(2'000'000, 'n'));
+    fresh.write("n");
+  }
+  EXPECT_EQ(Slurp(folder / "old"), "older");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
+}
+
+TEST(Writer, OnAFullDiskLeavesTheOlderFileAndNothingElse) {
+  const TempFolder folder;
+  folder.write("old", "older");
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit tight{1'500'000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &tight);
+  FileWriter out(folder / "old");
+  const std::string atWrite = Reason([&] { out.write(std::string(3'000'000, 'n')); });
+  const auto left = Hidden(folder.path());
+  const std::string atClose = Reason([&] { out.close(); });
+  FileWriter late(folder / "old");
+  late.write(std::string(1'040'000, 'n'));  // in the buffer
+  late.write(std::string(1'040'000, 'n'));
+  const std::string onlyAtClose = Reason([&] { late.close(); });
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(atWrite, "File too large");
+  EXPECT_TRUE(left.empty()) << "the disk is full: room is given back at once";
+  EXPECT_EQ(atClose, "File too large") << "who passed over the first error is not told that all is well";
+  EXPECT_EQ(onlyAtClose, "File too large");
+  EXPECT_EQ(Slurp(folder / "old"), "older");
+  EXPECT_TRUE(Hidden(folder.path()).empty());
+}
+
+TEST(Stumps, AreRemovedOnlyWhereTheirWriterIsGone) {
+  const TempFolder folder;
+  const std::string longName(250, 'l');
+  for (const char* name : {".x.corvan-1-0000", ".x.corvan-99999999-00af"}) folder.write(name, "stump");
+  const std::vector<std::string> others{".x.corvan-1-000",   ".x.corvan-1-00000",   ".x.corvan--0000",
+                                        ".x.corvan-1a-0000", ".xx.corvan-1-0000",   ".x.corvan-1-000G",
+                                        "x.corvan-1-0000",   ".x.corvan-1-0000.bin"};
+  for (const std::string& name : others) folder.write(name, "another's");
+  fs::create_directory(folder / ".x.corvan-1-0001");
+  FileWriter living(folder / "x");
+  living.write("living");
+  EXPECT_EQ(Hidden(folder.path()).size(), others.size() - 1 + 2) << "the folder and the living one";
+  Write(folder / "x", "second");
+  EXPECT_EQ(Slurp(folder / "x"), "second");
+  living.close();
+  EXPECT_EQ(Slurp(folder / "x"), "living");
+  for (const std::string& name : others) EXPECT_TRUE(fs::exists(folder / name)) << name;
+  EXPECT_EQ(Hidden(folder.path()).size(), others.size() - 1 + 1);
+  Write(folder / longName, "long");
+  EXPECT_EQ(Slurp(folder / longName), "long");
+}
+
+/// Runs `body` in a child and gives how it ended (as waitpid tells).
+template <class Body>
+int InChild(Body&& body) {
+  const pid_t child = fork();
+  if (child == 0) {
+    body();
+    _exit(0);
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  return status;
+}
+
+struct SignalCase {
+  int signal;
+  bool ignored;
+  std::size_t left;  ///< hidden files
+};
+
+class Signals : public ::testing::TestWithParam<SignalCase> {};
+
+TEST_P(Signals, LeaveTheOlderFileWholeInTheMiddleOfAWriting) {
+  const auto& [signal, ignored, left] = GetParam();
+  for (const std::string& name : {std::string("old"), std::string(240, 'l')}) {
+    const TempFolder folder;
+    folder.write(name, "older");
+    const int status = InChild([&] {
+      if (ignored) std::signal(signal, SIG_IGN);
+      PulisciAlleInterruzioni();
+      FileWriter first(folder / "other");  // closed again: its name is no longer looked after
+      first.close();
+      FileWriter out(folder / name);
+      out.write(std::string(2'000'000, 'n'));
+      raise(signal);
+      out.close();
+    });
+    if (ignored) {
+      EXPECT_TRUE(WIFEXITED(status));
+    } else {
+      EXPECT_TRUE(WIFSIGNALED(status));
+      EXPECT_EQ(WTERMSIG(status), signal);
+    }
+    EXPECT_EQ(Slurp(folder / name), ignored ? std::string(2'000'000, 'n') : "older");
+    EXPECT_TRUE(fs::exists(folder / "other"));
+    EXPECT_EQ(Hidden(folder.path()).size(), left);
+    Write(folder / name, "next");
+    EXPECT_TRUE(Hidden(folder.path()).empty());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, Signals,
+                         ::testing::Values(SignalCase{SIGKILL, false, 1}, SignalCase{SIGTERM, false, 0},
+                                           SignalCase{SIGINT, false, 0}, SignalCase{SIGHUP, false, 0},
+                                           SignalCase{SIGHUP, true, 0}, SignalCase{SIGPIPE, false, 0}));
+
+TEST(Writer, NeverTakesThePlaceOfAClosedStandardStream) {
+  const TempFolder folder;
+  InChild([&] {
+    close(STDERR_FILENO);
+    FileWriter out(folder / "x");
+    out.write("data");
+    static_cast<void>(!write(STDERR_FILENO, "noise", 5));
+    out.close();
+  });
+  EXPECT_EQ(Slurp(folder / "x"), "data");
+}
+
+}  // namespace
+}  // namespace corvan
