@@ -20,9 +20,8 @@ int main(int argc, char** argv) {
   window.resize(QSize(1360, 820).boundedTo(room));
   window.show();
   QStringList files;
-  for (const QString& argument : QApplication::arguments().mid(1)) {
-    if (QFileInfo(argument).isFile()) files << QFileInfo(argument).absoluteFilePath();
-  }
+  // Names of files that are not there, too: the reading tells of them.
+  for (const QString& name : QApplication::arguments().mid(1)) files << QFileInfo(name).absoluteFilePath();
   window.leggi(files);
   return QApplication::exec();
 }

@@ -40,60 +40,6 @@ TEST(Cable, IsShownWhileTheRightButtonIsHeld) {
   EXPECT_EQ(w.session().view().ZoomFattore, 1.0F);
 }
 
-TEST(Translations, MoveTheDataAndTheDepthWithTheQuirkOfItsBox) {
-  Window w;
-  w.readFirings(5);
-  w.choose("SHtranslation");
-  EXPECT_TRUE(w.shown("FrameDataMove"));
-  EXPECT_TRUE(w.shown("FrameDepthMove"));
-  w.press("EpCmd");
-  w.press("EpCmd");
-  w.press("NmCmd");
-  EXPECT_EQ(w.text("TestTxt"), "0.2");
-  EXPECT_EQ(w.text("TnordTxt"), "-0.1");
-  w.enter("TestTxt", "12.5");
-  EXPECT_EQ(w.session().survey().settings.TraslDatiEst, 12.5);
-  w.press("DEpCmd");
-  EXPECT_EQ(w.text("DTnordTxt"), "0.1") << "the east step shows in the north box";
-  EXPECT_EQ(w.text("DTestTxt"), "0.0");
-  w.enter("DTestTxt", "-3");
-  EXPECT_EQ(w.session().survey().settings.TraslFondoEst, -3.0F);
-  EXPECT_EQ(w.session().survey().settings.TraslFondoNord, 0.0F);
-}
-
-TEST(Menus, SwitchTheLayersAndShowTheirState) {
-  Window w;
-  w.readFirings(5);
-  EXPECT_TRUE(w.get<QAction>("SHelectrodes")->isChecked());
-  const char* names[] = {"SHelectrodes", "SHdepth", "SHcolour", "SHNord", "SHInfoLabel", "SH2ndGps"};
-  for (const char* name : names) {
-    const QImage before = w.picture()->picture().copy();
-    const bool on = w.get<QAction>(name)->isChecked();
-    w.choose(name);
-    EXPECT_EQ(w.get<QAction>(name)->isChecked(), !on) << name;
-    if (std::string(name) != "SH2ndGps") {
-      EXPECT_NE(w.picture()->picture(), before) << name;
-    }
-    w.choose(name);
-    EXPECT_EQ(w.picture()->picture(), before) << name;
-  }
-}
-
-TEST(Drags, TurnByTwoPiAcrossThePicture) {
-  Window w;
-  w.readFirings(5);
-  const double width = w.picture()->width(), height = w.picture()->height();
-  w.drag(Qt::LeftButton, {}, {20, 500}, {120, 460});
-  EXPECT_NEAR(w.session().view().AngoloVista, Pi / 2 + 40 / height * 2 * Pi, 1e-9) << "upwards increases theta";
-  EXPECT_NEAR(w.session().view().AngoloPhi, 100 / width * 2 * Pi, 1e-9);
-  EXPECT_EQ(w.session().view().AngoloGamma, 0);
-  w.get<QCheckBox>("PhiChk")->setChecked(false);
-  const double phi = w.session().view().AngoloPhi;
-  w.drag(Qt::LeftButton, {}, {20, 500}, {120, 500});
-  EXPECT_EQ(w.session().view().AngoloPhi, phi) << "a box that is not ticked holds its angle";
-  EXPECT_FALSE(w.session().FrameView.angleLabelsVisible);
-}
-
 TEST(Drags, ZoomAHundredTimesFromTopToBottom) {
   Window w;
   w.readFirings(5);
@@ -110,7 +56,14 @@ TEST(Drags, WithControlMoveTheWindow) {
   w.readFirings(5);
   const ViewState before = w.session().view();
   const double width = w.picture()->width();
-  w.drag(Qt::LeftButton, Qt::ControlModifier, {20, 100}, {70, 100});
+  QTest::mousePress(w.picture(), Qt::LeftButton, Qt::ControlModifier, {20, 100});
+  EXPECT_EQ(w.picture()->cursor().shape(), Qt::SizeAllCursor);
+  w.point({70, 100}, Qt::LeftButton, Qt::ControlModifier);
+  QTest::mousePress(w.picture(), Qt::RightButton, {}, {70, 100});
+  QTest::mouseRelease(w.picture(), Qt::RightButton, {}, {70, 100});
+  EXPECT_EQ(w.session().dragging(), Dragging::Move) << "the other button takes nothing over";
+  QTest::mouseRelease(w.picture(), Qt::LeftButton, Qt::ControlModifier, {70, 100});
+  EXPECT_EQ(w.picture()->cursor().shape(), Qt::CrossCursor);
   EXPECT_NEAR(w.session().view().FinestraBase.xmin, before.FinestraBase.xmin - 50 * before.Lato / width, 1e-6);
   EXPECT_EQ(w.session().view().AngoloPhi, 0);
   w.press("ResCmd");
@@ -151,12 +104,7 @@ TEST(Depth, IsCorrectedOnDoubleClick) {
   w.window.leggi({QString::fromStdString(file.string())});
   w.choose("SHelectrodes");
   w.choose("SHdepth");
-  QPoint at;
-  for (int y = 0; y < w.picture()->height(); ++y) {
-    for (int x = 0; x < w.picture()->width(); ++x) {
-      if (w.session().Suggerimento(x, y).find(" Dpt. 40.") != std::string::npos) at = {x, y};
-    }
-  }
+  const QPoint at = w.place(3);  // from above a point of the bottom lies under its measurement
   w.dialogs.messageAnswer = Answer::Cancel;
   QTest::mouseDClick(w.picture(), Qt::LeftButton, {}, at);
   EXPECT_EQ(w.session().survey().Misure(3).Val12, 40);

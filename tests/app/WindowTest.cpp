@@ -30,9 +30,12 @@ TEST(MainWindow, HasEveryControlWithItsTexts) {
       {"Mopt", "Map view (top view)", ""},
       {"Oopt", "Orthographic View", ""},
       {"TopViewCmd", "Reset Top View [ Zoom = 1 ]", ""},
+      {"Popt", "Perspective View", "Shift and the left button set the vanishing point"},
+      {"ResCmd", "\u2500", "Rese to central view"},
       {"SaveCmd", "Save Current Picture", ""},
-      {"LeftThetacmd", "\u2212", "Rotate "},
-      {"RightGammaCmd", "+", "Rotate "}};
+      {"ThetaChk", "\u03B8", ""},
+      {"PhiChk", "\u03C6", ""},
+      {"GammaChk", "\u03B3", ""}};
   for (const Control& c : controls) {
     const auto* control = w.get<QAbstractButton>(c.name);
     EXPECT_EQ(control->text(), QString::fromUtf8(c.text)) << c.name;
@@ -40,6 +43,21 @@ TEST(MainWindow, HasEveryControlWithItsTexts) {
       EXPECT_EQ(control->toolTip(), c.toolTip);
     }
   }
+  for (const char* name :
+       {"LeftThetacmd", "LeftPhicmd", "LeftGammaCmd", "MinZoomcmd", "EmCmd", "NmCmd", "DEmCmd", "DNmCmd"}) {
+    EXPECT_EQ(w.get<QPushButton>(name)->text(), "\u2212") << name;
+  }
+  for (const char* name :
+       {"RightThetacmd", "RightPhicmd", "RightGammaCmd", "MaxZoomcmd", "EpCmd", "NpCmd", "DEpCmd", "DNpCmd"}) {
+    EXPECT_EQ(w.get<QPushButton>(name)->text(), "+") << name;
+  }
+  const std::pair<const char*, const char*> panels[] = {
+      {"FrameFileIn", "File In"}, {"FrameFileOut", "File Out"},          {"FrameExtrema", "Extrema"},
+      {"FrameView", "View"},      {"FrameDataMove", "Data Translation"}, {"FrameDepthMove", "Depth Translation"}};
+  for (const auto& [name, title] : panels) EXPECT_EQ(w.get<QGroupBox>(name)->title(), title);
+  const std::pair<const char*, const char*> menus[] = {
+      {"File", "&File"}, {"Operation", "Operation"}, {"Image", "Image"}};
+  for (const auto& [name, title] : menus) EXPECT_EQ(w.get<QMenu>(name)->title(), title);
   const std::pair<const char*, const char*> boxes[] = {{"E1Txt", "Set the first extrema of the selection"},
                                                        {"E2txt", "Set the second extrema of the selection"},
                                                        {"FileOutTxt", "Set root file name without the extension"},
@@ -70,7 +88,8 @@ TEST(MainWindow, HasEveryControlWithItsTexts) {
                                                        {"SHNord", "Show/Hide Nord Arrow"},
                                                        {"SHInfoLabel", "Show/Hide Info Label"},
                                                        {"SHtranslation", "Show/Hide Translation Panel"},
-                                                       {"SetRange", "Set Colour Scale Range"}};
+                                                       {"SetRange", "Set Colour Scale Range"},
+                                                       {"Info", "Info"}};
   for (const auto& [name, caption] : items) EXPECT_EQ(w.get<QAction>(name)->text(), caption);
   EXPECT_TRUE(w.get<QRadioButton>("Option1")->isChecked());
   EXPECT_TRUE(w.get<QCheckBox>("GammaChk")->isChecked());
@@ -110,14 +129,6 @@ INSTANTIATE_TEST_SUITE_P(Filters, Reading,
                                            FilterCase{"Option2", 5, 0, "WGS 84 - UTM 33"},
                                            FilterCase{"Option3", 0, 5, "WGS 84 - UTM 33"}));
 
-TEST(FileList, IsReadInItsOrderWhateverTheOrderOfTheClicks) {
-  Window w;
-  w.select({"lagoon_2.bin", "lagoon_1.bin"});
-  w.press("ConvertAsciiCmd");
-  ASSERT_EQ(w.session().survey().files.size(), 2U);
-  EXPECT_EQ(w.session().survey().files[0].path.filename(), "lagoon_1.bin");
-}
-
 TEST(FileList, ReadsOnDoubleClickAndNothingWithoutASelection) {
   Window w;
   w.select({});
@@ -130,21 +141,6 @@ TEST(FileList, ReadsOnDoubleClickAndNothingWithoutASelection) {
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
   EXPECT_EQ(w.session().survey().files.size(), 1U);
-}
-
-TEST(FileList, IsOfTheFolderChosenInTheListOfFolders) {
-  Window w;
-  std::filesystem::create_directory(w.folder / "inner");
-  w.folder.write("inner/line.bin", "x");
-  auto* frame = static_cast<FrameFileIn*>(w.get<QGroupBox>("FrameFileIn"));
-  frame->apriCartella(QString::fromStdString(w.folder.path().string()));
-  auto* folders = w.get<QListWidget>("Dir1");
-  emit folders->itemActivated(folders->item(folders->count() - 1));
-  EXPECT_EQ(w.get<QListWidget>("File1")->count(), 1);
-  EXPECT_EQ(std::filesystem::current_path().filename(), "inner") << "outputs go beside the data";
-  w.choose("LoadFiles");
-  w.press("CancCmd");
-  EXPECT_FALSE(w.shown("FrameFileIn"));
 }
 
 TEST(DroppedFiles, AreReadAsIfSelected) {
@@ -160,92 +156,6 @@ TEST(DroppedFiles, AreReadAsIfSelected) {
   EXPECT_EQ(w.session().survey().files[0].path.filename(), "lagoon_1.bin");
 }
 
-TEST(Questions, AreAskedWithTheirTextsAndMayBeCancelled) {
-  Window w;
-  w.readFirings(5);
-  const std::string cable = w.session().survey().cavo.StringaCavo;
-  w.choose("CableConf");
-  EXPECT_EQ(w.session().survey().cavo.StringaCavo, cable) << "cancelled";
-  w.choose("SetUtmZone");
-  EXPECT_EQ(w.session().survey().settings.ZonaUTM, 32) << "cancelling sets the zone of the start";
-  w.choose("SetRange");
-  ASSERT_EQ(w.dialogs.questions.size(), 3U);
-  EXPECT_EQ(w.dialogs.questions[0].title, "Cable Configuration");
-  EXPECT_EQ(w.dialogs.questions[1].title, "Set Universal Trasverse Mercatore Zone");
-  EXPECT_EQ(w.dialogs.questions[2].prompt, "Scale (Min; Max)");
-  w.dialogs.answers = {{"Scale (Min; Max)", {"2;7"}}, {"UTM Zone n. ", {"34"}}};
-  w.choose("SetRange");
-  w.choose("SetUtmZone");
-  EXPECT_EQ(w.session().colours().ScalaMax, 7.0F);
-  EXPECT_EQ(w.session().InfoLbl.Caption, "WGS 84 - UTM 34");
-}
-
-TEST(Saving, WritesTheFilesOfTheCommandLine) {
-  Window w;
-  w.get<QRadioButton>("Option3")->click();
-  w.readSample();
-  w.enter("E1Txt", "40");
-  w.enter("E2txt", "180");
-  w.choose("SaveFileOut");
-  EXPECT_TRUE(w.shown("FrameFileOut"));
-  EXPECT_TRUE(w.get<QCheckBox>("BinChk")->isChecked());
-  for (const char* box : {"TxtChk", "EchoZChk", "KMLchk", "TruePosChk"}) w.get<QCheckBox>(box)->setChecked(true);
-  w.get<QLineEdit>("FileOutTxt")->setText("window");
-  w.dialogs.answers = {{"Distance of the first floating Electrode from Syscal", {"8"}},
-                       {"Distance of EchoSounder from Syscal", {"1"}},
-                       {"Add vertical offset [m]", {"0"}}};
-  w.press("SaveOutCmd");
-  EXPECT_FALSE(w.shown("FrameFileOut"));
-  EXPECT_NE(w.label("StatusNote").find((w.folder / "window.bin").string()), std::string::npos) << w.label("StatusNote");
-
-  const std::string command = std::string("cd '") + w.folder.path().string() + "' && '" CORVAN_CLI "' process '" +
-                              CORVAN_SAMPLES
-                              "/lagoon_1.bin' '" CORVAN_SAMPLES
-                              "/lagoon_2.bin' --past-gaps "
-                              "--bad-gps interpolate --from 40 --to 180 --true-position --cable-offset 8 "
-                              "--echo-offset 1 --kml-offset 0 --format bin,txt,ecs,kml --out cli >log 2>&1";
-  ASSERT_EQ(std::system(command.c_str()), 0);
-  for (const char* extension : {".bin", ".txt", ".ecs", ".ecst", ".kml"}) {
-    std::string ours = test::Slurp(w.folder / (std::string("window") + extension));
-    std::string theirs = test::Slurp(w.folder / (std::string("cli") + extension));
-    ASSERT_GT(ours.size(), 1000U) << extension;
-    if (std::string(extension) == ".bin") {  // date and time of writing
-      ours.replace(20, 19, "");
-      theirs.replace(20, 19, "");
-    }
-    EXPECT_TRUE(ours == theirs) << extension;
-  }
-}
-
-TEST(Saving, WithoutASelectionSaysSo) {
-  Window w;
-  w.choose("SaveEcho");
-  EXPECT_TRUE(w.get<QCheckBox>("EchoZChk")->isChecked());
-  EXPECT_FALSE(w.get<QCheckBox>("BinChk")->isChecked());
-  w.press("SaveOutCmd");
-  ASSERT_EQ(w.dialogs.messages.size(), 1U);
-  EXPECT_EQ(w.dialogs.messages[0].text, "No points selected");
-}
-
-TEST(Pictures, OfWindowAndCommandLineAreTheSamePixels) {
-  Window w;
-  w.readSample();
-  w.choose("SHcolour");
-  w.choose("SHNord");
-  w.enter("Thetatxt", "135");
-  w.enter("Phitxt", "-30");
-  const QImage& picture = w.picture()->picture();
-  const std::string size = std::to_string(picture.width()) + "x" + std::to_string(picture.height());
-  const std::string command = std::string("cd '") + w.folder.path().string() + "' && '" CORVAN_CLI "' process '" +
-                              CORVAN_SAMPLES "/lagoon_1.bin' '" CORVAN_SAMPLES
-                                             "/lagoon_2.bin' --past-gaps "
-                                             "--theta 135 --phi -30 --layers electrodes,scale,north --size " +
-                              size + " --picture cli.bmp >log 2>&1";
-  ASSERT_EQ(std::system(command.c_str()), 0);
-  w.press("SaveCmd");
-  EXPECT_TRUE(test::Slurp(w.folder / "img0.bmp") == test::Slurp(w.folder / "cli.bmp"));
-}
-
 TEST(ExternalTrack, IsShownConnectedAndLinked) {
   Window w;
   w.readSample();
@@ -255,8 +165,8 @@ TEST(ExternalTrack, IsShownConnectedAndLinked) {
   w.choose("LinkToGPSP");
   EXPECT_EQ(w.dialogs.messages.at(0).text, "You must define two connection before link data and gps");
   w.dialogs.answers = {{"Connection 1 (Data <--> GPS", {"10"}}, {"Connection 2 (Data <--> GPS", {"290"}}};
-  const std::int32_t picked[] = {5, 215};
-  for (const std::int32_t measurement : picked) {
+  const std::size_t picked[] = {5, 215};
+  for (const std::size_t measurement : picked) {
     QTest::mouseClick(w.picture(), Qt::RightButton, Qt::ShiftModifier, w.place(measurement));
   }
   EXPECT_EQ(w.session().NumCollegamenti(), 2);
@@ -276,7 +186,7 @@ TEST(ViewPanel, ShowsItselfNearTheEdgeWhenNotKeptOpen) {
     QApplication::sendEvent(w.picture(), &move);
     QCoreApplication::processEvents();
   };
-  w.get<QCheckBox>("ViewPin")->setChecked(false);
+  w.tick("ViewPin");
   point(400);
   EXPECT_FALSE(w.shown("FrameView"));
   point(5);
@@ -287,7 +197,7 @@ TEST(ViewPanel, ShowsItselfNearTheEdgeWhenNotKeptOpen) {
   EXPECT_TRUE(w.shown("FrameDataMove")) << "the panels below it have a switch of their own";
   w.choose("SHtranslation");
   point(5);
-  w.get<QCheckBox>("ViewPin")->setChecked(true);
+  w.tick("ViewPin");
   point(400);
   EXPECT_TRUE(w.shown("FrameView"));
 }

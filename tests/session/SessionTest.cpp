@@ -97,6 +97,27 @@ TEST(ReadFile, TellsOfBadPositionsOnlyWithoutAFilter) {
   EXPECT_TRUE(f.m(2).Scartata);
 }
 
+// Of six firings one at a time has lost its fix: those between two others lie midway, the ends have no second side.
+TEST(ReadFile, TreatsAHoleUpToTheFiringBeforeTheLast) {
+  const struct {
+    std::size_t lost, read, interpolated, discarded;
+  } cases[] = {{1, 5, 0, 0}, {2, 6, 1, 0}, {5, 6, 1, 0}, {6, 5, 0, 0}};
+  for (const auto& c : cases) {
+    auto records = test::Firings(6, 10);
+    for (std::size_t r = 10 * (c.lost - 1); r < 10 * c.lost; ++r) records[r].north = 0;
+    Fixture f;
+    f.session.FrameFileIn.pastGaps = f.session.FrameFileIn.Option3 = true;
+    f.session.FrameFileIn.Option1 = false;
+    f.read({f.folder.write("hole.bin", test::SyscalFile(records))});
+    EXPECT_EQ(f.session.survey().Misure.size(), c.read) << c.lost;
+    EXPECT_EQ(f.session.fixes().interpolated, c.interpolated) << c.lost;
+    EXPECT_EQ(f.session.fixes().discarded, c.discarded) << c.lost;
+    if (c.interpolated == 0) continue;
+    EXPECT_NEAR(f.m(c.lost).UTMx, (f.m(c.lost - 1).UTMx + f.m(c.lost + 1).UTMx) / 2, 1e-6) << c.lost;
+    EXPECT_NEAR(f.m(c.lost).UTMy, (f.m(c.lost - 1).UTMy + f.m(c.lost + 1).UTMy) / 2, 1e-6) << c.lost;
+  }
+}
+
 TEST(UtmFiles, KeepTheirPlanePositionsInEveryZone) {
   auto records = test::Firings(2, 10);
   for (std::size_t k = 0; k < records.size(); ++k) {
@@ -277,17 +298,26 @@ TEST(SaveSection, WritesTheOtherFormatsWhenOneCannotBe) {
   EXPECT_NE(f.session.findings().entries().back().detto().find("section.txt: is a folder"), std::string::npos);
 }
 
-TEST(SaveSection, NeverReplacesAFileThatWasRead) {
-  Fixture f;
-  f.readFirings(3);
-  const std::string before = test::Slurp(f.folder / "survey.bin");
-  f.session.FrameFileOut.FileOutTxt = (f.folder / "survey").string();
-  f.session.FrameFileOut.BinChk = true;
-  f.session.ptlbl_Click(1);
-  f.session.ptlbl_Click(3);
-  f.session.SalvaEstrattoFile();
-  EXPECT_EQ(test::Slurp(f.folder / "survey.bin"), before);
-  EXPECT_TRUE(f.faulty());
+TEST(SaveSection, NeverReplacesAFileOfTheBatch) {
+  for (const char* name : {"one", "two", "three"}) {
+    Fixture f;
+    std::vector<std::filesystem::path> batch;
+    for (const char* file : {"one.bin", "two.bin", "three.bin"}) {
+      batch.push_back(f.folder.write(file, test::SyscalFile(test::Firings(3, 10))));
+    }
+    f.read(batch);
+    const std::filesystem::path root = f.folder / name;
+    const std::string before = test::Slurp(root.string() + ".bin");
+    f.session.FrameFileOut.FileOutTxt = root.string();
+    f.session.FrameFileOut.BinChk = true;
+    f.session.ptlbl_Click(1);
+    f.session.ptlbl_Click(3);
+    EXPECT_FALSE(f.faulty());
+    f.session.SalvaEstrattoFile();
+    EXPECT_EQ(test::Slurp(root.string() + ".bin"), before);
+    EXPECT_TRUE(f.session.outputs().empty()) << name;
+    EXPECT_TRUE(f.faulty()) << name;
+  }
 }
 
 TEST(SaveSection, RefusesARootWithoutANameOnce) {

@@ -157,6 +157,25 @@ TEST(Connections, ArePickedTwiceAndClearedByTheThirdPick) {
   EXPECT_TRUE(f.session.view().MostraGPS2);
 }
 
+TEST(Connections, AreClearedByANewReading) {
+  TrackFixture f;
+  f.load("nav");
+  f.dialogs.answers = {{"Connection 1 (Data <--> GPS", {"10", "10"}}, {"Connection 2 (Data <--> GPS", {"290"}}};
+  f.session.ptlbl_Collega(5);
+  f.session.ptlbl_Collega(215);
+  ASSERT_EQ(f.session.NumCollegamenti(), 2);
+  f.readSample();
+  f.session.SH2ndGps_Click();
+  ASSERT_TRUE(f.session.view().MostraGPS2);
+  const double before = f.m(100).UTMx;
+  f.session.LinkDataGPSP();
+  ASSERT_EQ(f.dialogs.messages.size(), 1U);
+  EXPECT_EQ(f.dialogs.messages.back().text, "You must define two connection before link data and gps");
+  EXPECT_EQ(f.m(100).UTMx, before);
+  f.session.ptlbl_Collega(7);
+  EXPECT_EQ(f.dialogs.questions.back().prompt, "Connection 1 (Data <--> GPS") << "counted from the start again";
+}
+
 TEST(Fixes, ChooseTheNearestMeasurementAsAnExtreme) {
   TrackFixture f;
   f.load("nav");

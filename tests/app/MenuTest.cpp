@@ -1,0 +1,231 @@
+// The menus by their keys, and the boxes that they open, really opened and answered.
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QSet>
+#include <QTimer>
+
+#include "app/QtDialogs.h"
+#include "Window.h"
+
+namespace corvan {
+namespace {
+
+using test::Window;
+
+constexpr const char* Track =
+    "N;Line;Date;Time;Lat;Lon;Sats;Depth;Quality;East;North\r\n"
+    "1;a;15/06/2026;06:00:00;45.4;9.0;9;3;1;500000;5030003\r\n"
+    "2;a;15/06/2026;06:00:08;45.4;9.0;9;6;1;500003;5030007\r\n"
+    "3;a;15/06/2026;06:00:16;45.4;9.0;9;9;1;500008;5030003\r\n";
+
+enum class By { Enter, Ok, Cancel, Escape };
+
+struct Reply {
+  By by = By::Enter;
+  const char* text = nullptr;
+};
+
+/// Answers the boxes that open, one after the other, as a hand would.
+class Hand {
+ public:
+  explicit Hand(std::vector<Reply> replies) : replies_(std::move(replies)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { look(); });
+    timer_.start(1);
+  }
+  ~Hand() { EXPECT_EQ(titles.size(), replies_.size()) << "boxes opened"; }
+  Hand(const Hand&) = delete;
+  Hand& operator=(const Hand&) = delete;
+
+  std::vector<std::string> titles, prompts, texts;
+
+ private:
+  void look() {
+    QWidget* box = QApplication::activeModalWidget();
+    if (box == nullptr || !box->isVisible()) return;
+    const Reply reply = titles.size() < replies_.size() ? replies_[titles.size()] : Reply{By::Escape};
+    auto* edit = box->findChild<QLineEdit*>();
+    const auto* label = box->findChild<QLabel*>(edit == nullptr ? "qt_msgbox_label" : "");
+    titles.push_back(box->windowTitle().toStdString());
+    prompts.push_back(label == nullptr ? "" : label->text().toStdString());
+    texts.push_back(edit == nullptr ? "" : edit->text().toStdString());
+    if (edit != nullptr && reply.text != nullptr) edit->setText(QString::fromUtf8(reply.text));
+    const auto* buttons = box->findChild<QDialogButtonBox*>();
+    const auto press = [&](std::initializer_list<QDialogButtonBox::StandardButton> any) {
+      for (const auto one : any) {
+        if (QPushButton* button = buttons->button(one)) return QTest::mouseClick(button, Qt::LeftButton);
+      }
+      ADD_FAILURE() << "no such button in " << titles.back();
+      QTest::keyClick(box, Qt::Key_Escape);
+    };
+    if (reply.by == By::Enter) QTest::keyClick(edit != nullptr ? edit : box, Qt::Key_Return);
+    if (reply.by == By::Escape) QTest::keyClick(box, Qt::Key_Escape);
+    if (reply.by == By::Ok) press({QDialogButtonBox::Ok, QDialogButtonBox::Open});
+    if (reply.by == By::Cancel) press({QDialogButtonBox::Cancel});
+  }
+
+  std::vector<Reply> replies_;
+  QTimer timer_;
+};
+
+TEST(Shortcuts, EachDoTheirOwnItem) {
+  Window w;
+  w.readPlan();
+  w.window.leggiTraccia(QString::fromStdString(w.folder.write("track.csv", Track).string()));
+  w.dialogs.answers = {{"UTM Zone n. ", {"31"}}, {"Scale (Min; Max)", {"2;7"}}};
+  const struct {
+    const char *keys, *changes;
+  } items[] = {{"F2", "SHelectrodes=0 electrodes=0 picture"},
+               {"F2", "SHelectrodes=1 electrodes=1 picture"},
+               {"F3", "SH2ndGps=0 track=0 picture"},
+               {"F3", "SH2ndGps=1 track=1 picture"},
+               {"F4", "SHdepth=1 depths=1 picture"},
+               {"F5", "SHcolour=1 scale=1 picture"},
+               {"F6", "SHNord=1 north=1 picture"},
+               {"F7", "SHInfoLabel=0 info=0 picture"},
+               {"F8", "FrameDataMove=1 FrameDepthMove=1 SHtranslation=1 translation=1"},
+               {"Ctrl+R", "max=7 min=2 question=Scale (Min; Max) picture"},
+               {"Ctrl+K", "question=Set String"},
+               {"Ctrl+L", "SH2ndGps=0 track=0 picture"},
+               {"Ctrl+2", "FrameExtrema=1"},
+               {"Ctrl+O", "FrameFileIn=1"},
+               {"Ctrl+S", "BinChk=1 FrameFileOut=1"},
+               {"Ctrl+T", "BinChk=0 TxtChk=1"},
+               {"Ctrl+E", "EchoZChk=1 TxtChk=0"},
+               {"Ctrl+S", "BinChk=1 EchoZChk=0"}};
+  for (const auto& item : items) EXPECT_EQ(w.changes([&] { w.key(item.keys); }), item.changes) << item.keys;
+  EXPECT_EQ(w.changes([&] { w.key("Ctrl+U"); }).find("question=UTM Zone n.  zone=31") == std::string::npos, false);
+  w.readPlan();
+  EXPECT_EQ(w.changes([&] { w.key("Ctrl+1"); }), "FrameExtrema=1");
+  EXPECT_EQ(QApplication::focusWidget(), w.get<QLineEdit>("E1Txt"));
+  QSet<QString> keys;
+  for (const QAction* action : w.window.findChildren<QAction*>()) {
+    if (action->shortcut().isEmpty()) continue;
+    EXPECT_FALSE(keys.contains(action->shortcut().toString())) << action->objectName().toStdString();
+    keys.insert(action->shortcut().toString());
+  }
+  {
+    Hand hand({{By::Enter}});
+    w.key("F1");
+    EXPECT_EQ(hand.titles, std::vector<std::string>{"About Corvan"});
+  }
+  w.key("Ctrl+Q");
+  EXPECT_FALSE(w.window.isVisible());
+}
+
+// Three fixes, one connection at each end: measurement 1 goes to fix 1, measurement 5 to fix 3.
+TEST(LinkByPosition, IsItsOwnItem) {
+  Window w;
+  w.readPlan();
+  w.window.leggiTraccia(QString::fromStdString(w.folder.write("track.csv", Track).string()));
+  EXPECT_EQ(w.changes([&] { w.choose("LinkToGPSP"); }),
+            "message=You must define two connection before link data and gps");
+  w.dialogs.answers = {{"Connection 1 (Data <--> GPS", {"1"}}, {"Connection 2 (Data <--> GPS", {"3"}}};
+  for (const std::size_t k : {1U, 5U}) QTest::mouseClick(w.picture(), Qt::RightButton, Qt::ShiftModifier, w.place(k));
+  EXPECT_EQ(w.changes([&] { w.choose("LinkToGPSP"); }), "picture") << "the track stays shown";
+  EXPECT_NEAR(w.session().survey().Misure(1).UTMy, 5030003, 1e-6);
+  EXPECT_NEAR(w.session().survey().Misure(5).UTMx, 500008, 1e-6);
+}
+
+TEST(RealBoxes, GiveWhatWasTypedAndNothingWhenGivenUp) {
+  constexpr const char* longer = "C1 110 C2 120 E1 100 E2 90 E3 80 E4 70 E5 60 E6 50 E7 40 E8 30 E9 20 E10 10 E11 0";
+  const struct {
+    const char *item, *title, *prompt;
+    const char* held;  ///< what stands in the box, where the box before typed it
+    Reply reply;
+    const char* changes;
+  } cases[] = {
+      {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", nullptr, {By::Enter, "2;7"}, "max=7 min=2 picture"},
+      {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", "2.0;7.0", {By::Escape, "1;9"}, ""},
+      {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", "2.0;7.0", {By::Cancel, "1;9"}, ""},
+      {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", "2.0;7.0", {By::Ok, "2.5;7"}, "min=2.5 picture"},
+      {"CableConf", "Cable Configuration", "Set String", nullptr, {By::Cancel, longer}, ""},
+      {"CableConf", "Cable Configuration", "Set String", nullptr, {By::Escape, longer}, ""},
+      {"CableConf", "Cable Configuration", "Set String", nullptr, {By::Ok, longer}, "picture"},
+      {"CableConf", "Cable Configuration", "Set String", longer, {By::Escape, nullptr}, ""},
+      {"SetUtmZone", "Set Universal Trasverse Mercatore Zone", "UTM Zone n. ", "32", {By::Escape, "30"}, ""},
+      {"SetUtmZone", "Set Universal Trasverse Mercatore Zone", "UTM Zone n. ", "32", {By::Cancel, "30"}, ""},
+      {"SetUtmZone", "Set Universal Trasverse Mercatore Zone", "UTM Zone n. ", "32", {By::Ok, "34"}, "zone=34 picture"},
+      {"SetUtmZone",
+       "Set Universal Trasverse Mercatore Zone",
+       "UTM Zone n. ",
+       "34",
+       {By::Enter, "31"},
+       "zone=31 picture"}};
+  QtDialogs real;
+  Window w(&real);
+  w.readPlan();
+  w.enter("Thetatxt", "30");  // the readings are seen
+  for (const auto& c : cases) {
+    Hand hand({c.reply});
+    EXPECT_EQ(w.changes([&] { w.choose(c.item); }), c.changes) << c.item;
+    ASSERT_EQ(hand.titles, std::vector<std::string>{c.title});
+    EXPECT_EQ(hand.prompts[0], c.prompt);
+    if (c.held != nullptr) {
+      EXPECT_EQ(hand.texts[0], c.held);
+    }
+  }
+}
+
+// The first current electrode of the first record stands at 55 m of the cable's grid and as far on as was typed.
+TEST(RealBoxes, OfTheOffsetsReachTheFileWritten) {
+  const struct {
+    Reply cable, echo;
+    const char *cableHeld, *echoHeld;
+    float c1;
+  } cases[] = {{{By::Enter, "8"}, {By::Ok, "3"}, "0", "0", 63},
+               {{By::Ok, "4.5"}, {By::Cancel, "6"}, "8", "3", 59.5F},
+               {{By::Escape, "9"}, {By::Enter, "2"}, "4.5", "0", 55}};
+  QtDialogs real;
+  Window w(&real);
+  w.readPlan();
+  w.key("Ctrl+S");
+  {
+    Hand hand({{By::Enter}});
+    EXPECT_EQ(w.changes([&] { w.press("SaveOutCmd"); }), "FrameFileOut=0");
+    EXPECT_EQ(hand.prompts, std::vector<std::string>{"No points selected"});
+  }
+  w.key("Ctrl+1");
+  w.enter("E1Txt", "1");
+  w.enter("E2txt", "5");
+  for (const auto& c : cases) {
+    w.key("Ctrl+S");
+    Hand hand({c.cable, c.echo});
+    w.press("SaveOutCmd");
+    EXPECT_EQ(hand.titles, (std::vector<std::string>{"Set Cable Offset Value ", "Set EchoSounder Offset Value "}));
+    EXPECT_EQ(hand.texts, (std::vector<std::string>{c.cableHeld, c.echoHeld}));
+    const std::string bytes = test::Slurp(w.folder / "FileOut.bin");
+    float c1 = 0;
+    std::memcpy(&c1, bytes.data() + FirstRecord + campo::R16.offset, sizeof c1);
+    EXPECT_EQ(c1, c.c1);
+  }
+}
+
+TEST(RealBoxes, OfATrackAreAskedInTurnAndMayBeGivenUpAtEach) {
+  QtDialogs real;
+  Window w(&real);
+  w.readPlan();
+  const std::string few = w.folder.write("few.gps", "15/06/2026 06:00:00 1 4524.5 900.5 3\r\n").string();
+  const Reply name{By::Ok, few.c_str()};
+  const struct {
+    std::vector<Reply> replies;
+    const char* changes;
+  } cases[] = {{{{By::Cancel}}, ""},
+               {{{By::Escape}}, ""},
+               {{name, {By::Cancel}}, ""},
+               {{name, {By::Escape}}, ""},
+               {{name, {By::Enter}}, "SH2ndGps=1 track=1"}};
+  for (const auto& c : cases) {
+    Hand hand(c.replies);
+    const std::string changed = w.changes([&] { w.key("Ctrl+G"); });
+    EXPECT_EQ(changed.substr(0, changed.find(" picture")), c.changes);
+    EXPECT_EQ(hand.titles.at(0), "Select GPS file (Lat, Lon, Depth)");
+    if (c.replies.size() > 1) {
+      EXPECT_EQ(hand.prompts.at(1), "not enough GPS points");
+    }
+  }
+  EXPECT_EQ(w.label("StatusFiles"), "1 file, 5 measurements, track of 1 fixes");
+}
+
+}  // namespace
+}  // namespace corvan
