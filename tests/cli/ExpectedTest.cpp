@@ -43,8 +43,9 @@ TEST_P(ExpectedOutputs, AreWrittenByteForByte) {
     }
     const auto differ = std::mismatch(is.begin(), is.end(), wanted.begin(), wanted.end());
     const auto at = static_cast<std::size_t>(differ.first - is.begin());
-    EXPECT_TRUE(is == wanted) << ending << " differs from byte " << at << " on: \"" << is.substr(at, 40)
-                              << "\" instead of \"" << wanted.substr(at, 40) << '"';
+    EXPECT_TRUE(is == wanted) << ending << " differs from byte " << at
+                              << " on: " << ::testing::PrintToString(is.substr(at, 40)) << " instead of "
+                              << ::testing::PrintToString(wanted.substr(at, 40));
   }
 }
 
