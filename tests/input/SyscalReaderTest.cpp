@@ -47,13 +47,19 @@ class RecordLengths : public ::testing::TestWithParam<LengthCase> {};
 
 TEST_P(RecordLengths, FollowTheTypeWord) {
   Reading r;
-  r.file(SyscalFile(Firings(3, 10), GetParam().type, GetParam().length));
+  auto records = Firings(3, 10);
+  for (std::size_t k = 0; k < records.size(); ++k) {  // no electrode at 0, no two potentials the same
+    records[k].m += 12.5F;
+    records[k].n += 12.5F;
+    records[k].potential = static_cast<float>(k + 1);
+  }
+  r.file(SyscalFile(records, GetParam().type, GetParam().length));
   ASSERT_EQ(r.survey.NumMisure(), 3);
   EXPECT_EQ(r.survey.Misure(3).Rho[10], 3.1F);
-  EXPECT_EQ(r.survey.Misure(3).Elettrodi[11], 0.0F);
+  EXPECT_EQ(r.survey.Misure(3).Elettrodi[11], 12.5F);
   EXPECT_EQ(r.survey.Misure(2).Lat, static_cast<double>(4524.0F + 2.0F / 128));
   EXPECT_EQ(r.survey.Misure(2).Val184, -1000.0F);
-  EXPECT_EQ(r.survey.Misure(2).CanaleB[7], -10.0F);
+  EXPECT_EQ(r.survey.Misure(2).CanaleB[7], -17.0F);
   EXPECT_TRUE(r.dialogs.questions.empty());
   EXPECT_FALSE(r.findings.anyFault());
 }

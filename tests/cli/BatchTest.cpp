@@ -1,0 +1,160 @@
+// Batches of files, southern surveys, lost fixes and the world around the command line.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "base/NumberText.h"
+#include "cli/Cli.h"
+
+namespace corvan {
+namespace {
+
+struct RefusalCase {
+  const char* arguments;
+  const char* file;  ///< that must stay as it was
+};
+
+TEST(Originals, AreNeverWrittenOver) {
+  const Cli cli;
+  cli.folder.write("a.bin", test::SyscalFile(TimedFirings()));
+  for (const auto& [arguments, file] : {
+           RefusalCase{"a.bin b.bin --out a", "a.bin"},
+           RefusalCase{"a.bin b.bin --out b", "b.bin"},
+           RefusalCase{"a.bin b.bin --out ./b", "b.bin"},
+           RefusalCase{"t.txt s.txt --coords utm --format txt --out s", "s.txt"},
+           RefusalCase{"t.txt s.txt --coords utm --format bin,csv --gps track.csv --out track", "track.csv"},
+       }) {
+    cli.folder.write("b.bin", test::SyscalFile(TimedFirings()));
+    cli.folder.write("t.txt", TextSurvey(GridPlaces()));
+    cli.folder.write("s.txt", TextSurvey(GridPlaces()));
+    cli.folder.write("track.csv", GridTrack());
+    const std::string before = test::Slurp(cli.folder / file);
+    const Outcome run = cli(std::string("process ") + arguments);
+    EXPECT_EQ(run.status, 1) << arguments;
+    EXPECT_TRUE(Contains(run.err, file) && Contains(run.err, "was read in this run")) << arguments << '\n' << run.err;
+    EXPECT_TRUE(before == test::Slurp(cli.folder / file)) << arguments;
+    EXPECT_FALSE(Contains(run.out, std::string("written       ") + file)) << run.out;
+  }
+  EXPECT_TRUE(cli.exists("track.bin")) << "the other output is written";
+}
+
+/// The cells of row n of o.csv.
+std::vector<std::string> Row(const Cli& cli, std::size_t n) {
+  std::istringstream lines(test::Slurp(cli.folder / "o.csv"));
+  std::string line, cell;
+  for (std::size_t k = 0; k <= n; ++k) std::getline(lines, line);
+  std::istringstream cells(line);
+  std::vector<std::string> row;
+  while (std::getline(cells, cell, ',')) row.push_back(cell);
+  return row;
+}
+
+TEST(Batch, NumbersFilesInTheOrderGiven) {
+  const Cli cli;
+  std::vector<Place> east = GridPlaces();
+  for (Place& place : east) place.second.replace(3, 1, "6");  // 612... becomes 6126...
+  cli.folder.write("a.txt", TextSurvey(GridPlaces()));
+  cli.folder.write("b.txt", TextSurvey(east));
+  ASSERT_EQ(cli("process b.txt a.txt --coords utm --out o --format csv,kml").status, 0);
+  const auto fifth = Row(cli, 5), sixth = Row(cli, 6);
+  EXPECT_EQ(fifth.at(1) + " " + fifth.at(5), "1 612680.25");
+  EXPECT_EQ(sixth.at(1) + " " + sixth.at(5), "2 612340.25");
+  // Height of a cell: 100 m in eight steps, without the 342 m between the files.
+  EXPECT_TRUE(Contains(test::Slurp(cli.folder / "o.kml"), ",125.00000\r\n"));
+}
+
+TEST(Times, ThatTextSurveysDoNotHoldAreEmpty) {
+  const Cli cli;
+  cli.folder.write("a.txt", TextSurvey(GridPlaces()));
+  ASSERT_EQ(cli("process a.txt --coords utm --out o --format csv").status, 0);
+  EXPECT_EQ(Row(cli, 2).at(2), "");
+}
+
+TEST(South, LinksATrackOfSixColumns) {
+  const Cli cli;
+  cli.folder.write("s.bin", test::SyscalFile(TimedFirings(-1.0F)));
+  cli.folder.write("six.gps",
+                   "2026-06-15 06:00:00 1 -4524.5 1218.25 7.5\r\n2026-06-15 06:00:28 2 -4524.75 1218.5 9.25\r\n");
+  // The fixes are 566 m and 28 s apart, which is a boat's speed below 50 m/s.
+  const Outcome run = cli("process s.bin --gps six.gps --link time --out o --format csv,kml");
+  EXPECT_EQ(run.status, 0) << run.err;
+  const auto cell = [&cli](std::size_t n, std::size_t column) { return Val(Row(cli, n).at(column)); };
+  EXPECT_NEAR(cell(1, 5), 289042.6568422782, 1e-6);
+  EXPECT_NEAR(cell(1, 6), 4968151.715497232, 1e-6);
+  EXPECT_NEAR(cell(3, 5), (289042.6568422782 + 289384.20630419225) / 2, 1e-6) << "half-way in time";
+  EXPECT_NEAR(cell(5, 6), 4967699.749483162, 1e-6);
+  EXPECT_EQ(cell(1, 11), 7.5);
+  EXPECT_EQ(cell(3, 11), 8.375);
+  EXPECT_TRUE(Contains(test::Slurp(cli.folder / "o.kml"), ",-45.408")) << "45 degrees 24.5 minutes south";
+}
+
+struct LostCase {
+  const char* options;
+  int status;
+  const char* measurements;
+  const char* discarded;
+  const char* interpolated;
+};
+
+TEST(LostFixes, JustBeforeTheLastFiringAreTold) {
+  const Cli cli;
+  auto records = TimedFirings();
+  for (std::size_t k = 30; k < 40; ++k) records[k].north = records[k].east = 0;
+  cli.folder.write("gap.bin", test::SyscalFile(records));
+  for (const auto& [options, status, measurements, discarded, interpolated] : {
+           LostCase{"", 1, "3", "0", "0"},
+           LostCase{"--past-gaps --bad-gps skip", 0, "5", "1", "0"},
+           LostCase{"--past-gaps --bad-gps interpolate", 0, "5", "0", "1"},
+       }) {
+    const Outcome run = cli(std::string("process gap.bin --json --out o ") + options);
+    EXPECT_EQ(run.status, status) << options << run.err;
+    for (const auto& [key, value] :
+         {std::pair{"measurements", measurements}, {"discarded", discarded}, {"interpolated", interpolated}}) {
+      EXPECT_TRUE(Contains(run.out, std::string("\"") + key + "\": " + value + ",")) << options << key;
+    }
+  }
+}
+
+TEST(LostFixes, LeftInsideASectionAreAFault) {
+  const Cli cli;
+  auto records = TimedFirings();
+  for (std::size_t k = 30; k < 40; ++k) records[k].north = records[k].east = 0;
+  cli.folder.write("gap.bin", test::SyscalFile(records));
+  const Outcome run = cli("process gap.bin --out o --past-gaps");
+  EXPECT_EQ(run.status, 1) << run.err;
+  EXPECT_EQ(std::filesystem::file_size(cli.folder / "o.bin"), 1029U + 50U * 280U) << "written all the same";
+  EXPECT_EQ(cli("process gap.bin --out o --past-gaps --to 3").status, 0) << "the section ends before the gap";
+}
+
+/// The seconds of the day in the header of o.bin.
+int SecondsOfDay(const Cli& cli) {
+  const std::string clock = test::Slurp(cli.folder / "o.bin").substr(31, 8);
+  return std::stoi(clock.substr(0, 2)) * 3600 + std::stoi(clock.substr(3, 2)) * 60 + std::stoi(clock.substr(6, 2));
+}
+
+TEST(Clock, OfTheHeaderIsTheLocalOne) {
+  const Cli cli;
+  cli.folder.write("s.bin", test::SyscalFile(TimedFirings()));
+  ASSERT_EQ(cli("process s.bin --out o", "", "TZ=UTC0").status, 0);
+  const int utc = SecondsOfDay(cli);
+  for (const auto& [zone, hours] : {std::pair{"TZ=LINE-14", 14}, {"TZ=WEST+3:30", -3}}) {
+    ASSERT_EQ(cli("process s.bin --out o", "", zone).status, 0);
+    const int later = (SecondsOfDay(cli) - utc + 2 * 86400) % 86400;
+    const int wanted = hours > 0 ? hours * 3600 : 86400 - 3 * 3600 - 1800;
+    EXPECT_LE(std::abs(later - wanted), 30) << zone;
+  }
+}
+
+TEST(StandardOutput, ThatIsFullIsAFault) {
+  const Cli cli;
+  cli.folder.write("s.bin", test::SyscalFile(TimedFirings()));
+  for (const char* command :
+       {"process s.bin", "process s.bin --json", "info s.bin", "convert --to-utm", "convert --datums"}) {
+    const Outcome run = cli(command, "4524 1218\n", "", ">/dev/full");
+    EXPECT_EQ(run.status, 1) << command;
+    EXPECT_FALSE(run.err.empty()) << command;
+  }
+}
+
+}  // namespace
+}  // namespace corvan

@@ -1,0 +1,166 @@
+// Options of pictures: where pixels of known colours lie, against corners that tests/support/reference.py projects.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ostream>
+
+#include "cli/Cli.h"
+
+namespace corvan {
+namespace {
+
+struct Box {
+  int left, top, right, bottom;
+  friend bool operator==(const Box&, const Box&) = default;
+};
+
+void PrintTo(const Box& box, std::ostream* out) {
+  *out << box.left << ' ' << box.top << ' ' << box.right << ' ' << box.bottom;
+}
+
+/// A bitmap file without compression, 24 or 32 bits a pixel, its rows from the bottom up.
+class Picture {
+ public:
+  explicit Picture(const std::string& bytes) : bytes_(bytes) {}
+
+  int width() const { return number(18); }
+  int height() const { return number(22); }
+  /// Red, green and blue in one number, as 0xRRGGBB.
+  int at(int x, int y) const {
+    const int each = byte(28) / 8, row = (width() * each + 3) / 4 * 4;
+    const auto start = static_cast<std::size_t>(number(10) + (height() - 1 - y) * row + x * each);
+    return byte(start) + 256 * byte(start + 1) + 65536 * byte(start + 2);
+  }
+  /// The smallest box about the pixels that `wanted(x, y)` accepts.
+  template <class Wanted>
+  Box box(Wanted wanted) const {
+    const int columns = width(), rows = height();
+    Box found{columns, rows, -1, -1};
+    for (int y = 0; y < rows; ++y) {
+      for (int x = 0; x < columns; ++x) {
+        if (!wanted(x, y)) continue;
+        found = {std::min(found.left, x), std::min(found.top, y), std::max(found.right, x), std::max(found.bottom, y)};
+      }
+    }
+    return found;
+  }
+  /// The palette's last colour, in any shade.
+  Box red() const {
+    return box([this](int x, int y) {
+      const int colour = at(x, y);
+      return colour / 65536 >= 70 && colour / 256 % 256 <= 12 && colour % 256 <= 12;
+    });
+  }
+  Box colour(int wanted) const {
+    return box([this, wanted](int x, int y) { return at(x, y) == wanted; });
+  }
+  Box against(const Picture& other) const {
+    return box([&](int x, int y) { return at(x, y) != other.at(x, y); });
+  }
+
+ private:
+  int byte(std::size_t at) const { return static_cast<unsigned char>(bytes_.at(at)); }
+  int number(std::size_t at) const { return byte(at) + 256 * byte(at + 1) + 65536 * byte(at + 2); }
+
+  std::string bytes_;
+};
+
+/// The survey on the grid, painted red all over and without any layer (there is no track for "gps" to show).
+Picture Paint(const Cli& cli, const std::string& options) {
+  cli.folder.write("grid.txt", TextSurvey(GridPlaces()));
+  cli.folder.write("grid.csv", GridTrack());
+  const auto unless = [&options](const char* option, const char* with) {
+    return Contains(options, option) ? "" : with;
+  };
+  const Outcome run =
+      cli("process grid.txt --coords utm --out o --picture p.bmp " + options + unless("--layers", " --layers gps") +
+          unless("--range", " '--range=-2000000;-1000000'") + unless("--size", " --size 640x400"));
+  EXPECT_EQ(run.status, 0) << run.err;
+  return Picture(test::Slurp(cli.folder / "p.bmp"));
+}
+
+struct ViewCase {
+  const char* options;
+  Box red;
+};
+
+TEST(Views, StandWhereTheFormulasPutThem) {
+  const Cli cli;
+  for (const auto& [options, red] : {
+           ViewCase{"", {120, 45, 520, 318}},
+           ViewCase{"--theta 180 --zoom 6", {287, 182, 353, 371}},
+           ViewCase{"--theta 120 --zoom 6", {287, 162, 353, 296}},
+           ViewCase{"--phi 30", {0, 45, 493, 318}},
+           ViewCase{"--gamma 25 --zoom 3", {281, 115, 359, 249}},
+           ViewCase{"--theta 150 --gamma 20 --phi=-40 --zoom 8", {294, 166, 432, 313}},
+           ViewCase{"--zoom 2", {220, 114, 420, 250}},
+           ViewCase{"--zoom 0.95", {109, 38, 531, 325}},
+           ViewCase{"--size 400x320", {40, 36, 360, 255}},
+           ViewCase{"--projection perspective --zoom 2", {258, 140, 382, 224}},
+           ViewCase{"--projection perspective --theta 130 --zoom 6", {295, 173, 337, 214}},
+           ViewCase{"--projection orthographic --zoom 2", {220, 114, 420, 250}},
+           ViewCase{"--data-shift 3.5,0", {155, 45, 555, 318}},
+           ViewCase{"--data-shift 0,2.5", {120, 23, 520, 295}},
+           ViewCase{"--data-shift=-1.5,-4", {105, 82, 505, 355}},
+           // -220 ohm m lies between the ninth level (above it, red) and the tenth, which takes the row that both
+           // share.
+           ViewCase{"--theta 180 --zoom 6 '--range=-220.0001;-220'", {287, 182, 353, 351}},
+       }) {
+    EXPECT_EQ(Paint(cli, options).red(), red) << options;
+  }
+  const Picture small = Paint(cli, "--size 333x111");
+  EXPECT_EQ(std::pair(small.width(), small.height()), std::pair(333, 111));
+  ASSERT_EQ(cli("process grid.txt --coords utm --out o --picture p.bmp").status, 0);
+  const Picture unsaid(test::Slurp(cli.folder / "p.bmp"));
+  EXPECT_EQ(std::pair(unsaid.width(), unsaid.height()), std::pair(1280, 800));
+}
+
+/// Layers add marks of a few pixels' size: their outermost ones are looked for within this many.
+constexpr int Mark = 3;
+
+struct LayerCase {
+  const char* options;
+  Box centres;  ///< of the outermost marks
+};
+
+class Layers : public ::testing::TestWithParam<LayerCase> {};
+
+void PrintTo(const LayerCase& layer, std::ostream* out) { *out << layer.options; }
+
+TEST_P(Layers, ArePaintedAtTheirPlaces) {
+  const Cli cli;
+  const Picture bare = Paint(cli, "");
+  const auto& [options, c] = GetParam();
+  const Box box = Paint(cli, options).against(bare);
+  for (const auto& [is, wanted] :
+       {std::pair{box.left, c.left}, {box.top, c.top}, {box.right, c.right}, {box.bottom, c.bottom}}) {
+    EXPECT_NEAR(is, wanted, Mark) << ::testing::PrintToString(box);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(OnTheMap, Layers,
+                         ::testing::Values(LayerCase{"--layers electrodes", {120, 45, 520, 318}},
+                                           LayerCase{"--layers gps --gps grid.csv", {180, 98, 490, 286}},
+                                           LayerCase{"--layers depth", {120, 45, 520, 318}},
+                                           LayerCase{"--layers depth --depth-shift 6,0", {120, 45, 580, 318}},
+                                           LayerCase{"--layers depth --depth-shift 0,-6", {120, 45, 520, 373}},
+                                           LayerCase{"--layers depth --depth-shift=-4,3", {80, 18, 520, 318}}));
+
+// The arrow keeps its shape: both its sides are measured in the longer side of the survey.
+INSTANTIATE_TEST_SUITE_P(NorthArrow, Layers,
+                         ::testing::Values(LayerCase{"--layers north", {160, 313, 180, 364}},
+                                           LayerCase{"--layers electrodes,north", {120, 45, 520, 364}}));
+
+TEST(Legend, ShowsThePaletteFromLeftToRight) {
+  const Cli cli;
+  const Picture picture = Paint(cli, "--layers scale");
+  // The bar takes the middle 30 % of the width; index i stands at i/256 of it.
+  for (const auto& [x, colour] : {std::pair{320, 0x00FE3E}, {320 - 48, 0x009EFE}, {320 + 48, 0xDEFF00}}) {
+    EXPECT_EQ(picture.at(x, 368), colour) << x;
+  }
+  EXPECT_EQ(picture.at(320 - 100, 368), 0xFFFFFF);
+  EXPECT_EQ(picture.at(320 + 100, 368), 0xFFFFFF);
+}
+
+}  // namespace
+}  // namespace corvan
