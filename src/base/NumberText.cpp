@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <system_error>
 
 #include "base/Errors.h"
@@ -17,13 +18,6 @@ constexpr int SignificantDigits = 15;
 bool Cifra(char c) { return c >= '0' && c <= '9'; }
 
 bool Bianco(char c) { return c == ' ' || c == '\t'; }
-
-/// A number as from_chars sees it, with the place behind it; `found` is false when the text does not begin with one.
-struct LeadingNumber {
-  double value = 0.0;
-  const char* end = nullptr;
-  bool found = false;
-};
 
 /// from_chars tells neither overflow from underflow nor gives a value for them: the decimal exponent of the first
 /// digit other than zero decides.
@@ -45,25 +39,21 @@ bool TroppoGrande(std::string_view number) {
   return place + exponent > 0;
 }
 
-LeadingNumber LeggiNumero(std::string_view text) {
-  const char* first = text.data();
-  const char* const last = first + text.size();
-  while (first != last && Bianco(*first)) ++first;
-  if (first == last) return {};
-  const bool plus = *first == '+';
-  const char* digits = first + ((plus || *first == '-') ? 1 : 0);
-  const bool begins = digits != last && (Cifra(*digits) || (*digits == '.' && digits + 1 != last && Cifra(digits[1])));
-  if (!begins) return {};
-  LeadingNumber number{0.0, last, true};
-  const auto [end, ec] = std::from_chars(plus ? digits : first, last, number.value);
-  number.end = end;
+/// A number of any length, through from_chars. @param digits behind the sign
+NumeroIniziale NumeroLungo(const char* digits, const char* last, bool negative) {
+  double value = 0.0;
+  const auto [end, ec] = std::from_chars(digits, last, value);
   if (ec == std::errc::result_out_of_range) {
     const std::string_view matched(digits, static_cast<std::size_t>(end - digits));
     if (TroppoGrande(matched)) throw RunTimeError("number too large: " + std::string(matched.substr(0, 40)));
-    number.value = 0.0;
+    value = 0.0;
   }
-  return number;
+  return {negative ? -value : value, end};
 }
+
+constexpr int ExactDigits = 15;  // a whole number of so many digits is exact in a double
+constexpr std::array<double, ExactDigits + 1> PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                          1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 template <class Number>
 std::string Semplice(Number value) {
@@ -115,13 +105,48 @@ DecimalDigits Arrotonda(double magnitude, int places) {
 
 }  // namespace
 
-double Val(std::string_view text) { return LeggiNumero(text).value; }
+NumeroIniziale CercaNumero(std::string_view text) {
+  const char* first = text.data();
+  const char* const last = first + text.size();
+  while (first != last && Bianco(*first)) ++first;
+  const bool negative = first != last && *first == '-';
+  if (negative || (first != last && *first == '+')) ++first;
+  // Up to 15 digits without an exponent need no from_chars: digits and power of ten are exact, so their quotient is the
+  // nearest double. A file of numbers is read in half the time so.
+  std::uint64_t digits = 0;
+  const char* at = first;
+  for (; at != last && Cifra(*at); ++at) digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+  std::ptrdiff_t count = at - first;
+  std::ptrdiff_t places = 0;
+  if (at != last && *at == '.') {
+    const char* const point = at++;
+    for (; at != last && Cifra(*at); ++at) digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    places = at - point - 1;
+    count += places;
+  }
+  if (count == 0) return {};
+  if (count > ExactDigits || (at != last && (*at == 'e' || *at == 'E'))) return NumeroLungo(first, last, negative);
+  const double value =
+      static_cast<double>(static_cast<std::int64_t>(digits)) / PowersOfTen[static_cast<std::size_t>(places)];
+  return {negative ? -value : value, at};
+}
+
+double Val(std::string_view text) { return CercaNumero(text).value; }
+
+NumeroLetto LeggiNumero(std::string_view text) {
+  const NumeroIniziale number = CercaNumero(text);
+  const char* at = number.end != nullptr ? number.end : text.data();
+  const char* const last = text.data() + text.size();
+  while (at != last && Bianco(*at)) ++at;
+  if (at == last) return {number.value, number.end != nullptr ? TextForm::Number : TextForm::Empty};
+  if (number.end == nullptr && (*at == '-' || *at == '+') && at + 1 != last) ++at;
+  if (*at == ',') return {number.value, TextForm::Comma};
+  return {number.value, number.end != nullptr ? TextForm::Tail : TextForm::Word};
+}
 
 bool SoloNumero(std::string_view text) {
-  while (!text.empty() && Bianco(text.back())) text.remove_suffix(1);
   try {
-    const LeadingNumber number = LeggiNumero(text);
-    return number.found && number.end == text.data() + text.size();
+    return LeggiNumero(text).form == TextForm::Number;
   } catch (const RunTimeError&) {
     return false;
   }
@@ -156,10 +181,8 @@ void AggiungiNumero(std::string& out, double value, Mask mask) {
 }
 
 double ArrotondaDecimale(double value, int places) {
-  static constexpr std::array<double, 16> tens{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   if (!std::isfinite(value)) return 0.0;
-  const double unit = tens.at(static_cast<std::size_t>(places));
+  const double unit = PowersOfTen.at(static_cast<std::size_t>(places));
   const double scaled = std::abs(value) * unit;
   const double below = std::floor(scaled);
   // What 15 significant digits and the product may have moved; whole numbers of so many units are exact.

@@ -1,6 +1,7 @@
 // Numbers to text and back: plain texts, format masks and the reading of a text's leading number. No locale anywhere.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,36 @@ namespace corvan {
 /// skipped. 0 when there is none; "inf", "nan" and hexadecimal are no numbers; a comma ends the number.
 /// @throws RunTimeError when the number is too large for a 64-bit float
 double Val(std::string_view text);
+
+/// What stands in a text beside the number that Val reads.
+enum class TextForm : std::uint8_t {
+  Number,  ///< nothing: the text is that number from end to end, but for blanks and tabs around it
+  Empty,   ///< blanks at most
+  Comma,   ///< a comma ends the number or stands in its place: most likely the decimal mark
+  Tail,    ///< something else is behind the number
+  Word     ///< no number at the beginning
+};
+
+/// The number that Val reads in a text and what else stands there.
+struct NumeroLetto {
+  double value = 0.0;
+  TextForm form = TextForm::Empty;
+
+  /// Something stands there that is not a number from end to end.
+  bool improprio() const { return form > TextForm::Empty; }
+};
+
+/// @throws RunTimeError as Val does
+NumeroLetto LeggiNumero(std::string_view text);
+
+/// The number at a text's beginning, blanks and tabs before it skipped.
+struct NumeroIniziale {
+  double value = 0.0;
+  const char* end = nullptr;  ///< behind the number's last character; null when the text does not begin with one
+};
+
+/// For readers that cut a line as they go: the number need not be cut out first. @throws RunTimeError as Val does
+NumeroIniziale CercaNumero(std::string_view text);
 
 /// True when the whole text, but for blanks around it, is one finite number that Val reads.
 bool SoloNumero(std::string_view text);

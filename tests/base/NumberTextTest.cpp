@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <random>
 
 #include "base/Errors.h"
+#include "base/NumberCheck.h"
 #include "base/Rounding.h"
 
 namespace corvan {
@@ -68,6 +70,67 @@ INSTANTIATE_TEST_SUITE_P(Table, LeadingNumbers,
                                            ValCase{"0x1F", 0}, ValCase{"E5", 0}, ValCase{"\t7", 7},
                                            ValCase{"1e-999", 0}, ValCase{"0e999", 0}, ValCase{"0.0000001e-320", 0},
                                            ValCase{"5e-324", 5e-324}));
+
+struct FormCase {
+  const char* text;
+  double value;
+  TextForm form;
+};
+
+class NumberForms : public ::testing::TestWithParam<FormCase> {};
+
+TEST_P(NumberForms, TellANumberFromWhatOnlyBeginsAsOne) {
+  const auto& [text, value, form] = GetParam();
+  const NumeroLetto number = LeggiNumero(text);
+  EXPECT_EQ(number.value, value) << text;
+  EXPECT_EQ(number.form, form) << text;
+  EXPECT_EQ(SoloNumero(text), form == TextForm::Number) << text;
+  NumberCheck check;
+  EXPECT_EQ(check.leggi(text), value);
+  EXPECT_EQ(check.count(), form == TextForm::Number || form == TextForm::Empty ? 0U : 1U) << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, NumberForms,
+                         ::testing::Values(FormCase{" \t-45.25\t ", -45.25, TextForm::Number},
+                                           FormCase{"+.5e1", 5, TextForm::Number}, FormCase{"1.", 1, TextForm::Number},
+                                           FormCase{"", 0, TextForm::Empty}, FormCase{" \t", 0, TextForm::Empty},
+                                           FormCase{"45,4", 45, TextForm::Comma}, FormCase{"7 ,5", 7, TextForm::Comma},
+                                           FormCase{",5", 0, TextForm::Comma}, FormCase{"-,5", 0, TextForm::Comma},
+                                           FormCase{"12.5 m", 12.5, TextForm::Tail},
+                                           FormCase{"1.2.3", 1.2, TextForm::Tail}, FormCase{"1e", 1, TextForm::Tail},
+                                           FormCase{"0x1F", 0, TextForm::Tail},
+                                           FormCase{"4524.5N", 4524.5, TextForm::Tail},
+                                           FormCase{"-", 0, TextForm::Word}, FormCase{"inf", 0, TextForm::Word},
+                                           FormCase{"---", 0, TextForm::Word}, FormCase{"N 45", 0, TextForm::Word}));
+
+TEST(NumberChecks, CountAndQuoteTheFirst) {
+  NumberCheck check;
+  EXPECT_EQ(check.detto(), "");
+  check.leggi("12.5", 3, 4);
+  check.leggi(" 45,4", 4, 26);
+  EXPECT_EQ(check.detto(), "1 value is not a number from end to end in line 4, field 26: \"45,4\" read as 45");
+  check.leggi("x", 5, 1);
+  EXPECT_EQ(check.detto(),
+            "2 values are not numbers from end to end, the first in line 4, field 26: \"45,4\" read as 45");
+  NumberCheck box;
+  box.leggi("1" + std::string(50, '\x01'));
+  EXPECT_EQ(box.detto(), "1 value is not a number from end to end: \"1" + std::string(39, '?') + "...\" read as 1");
+}
+
+TEST(LeadingNumber, AreTheNearestDoubleWhateverTheirLength) {
+  std::mt19937_64 random(7);
+  for (int k = 0; k < 20000; ++k) {
+    std::string text = std::to_string(random() >> (random() % 64));
+    if (random() % 4 != 0) text.insert(random() % (text.size() + 1), 1, '.');
+    double expected = 0;
+    std::from_chars(text.data(), text.data() + text.size(), expected);
+    ASSERT_EQ(Val(text), expected) << text;
+    ASSERT_EQ(Val("-" + text), -expected) << text;
+    const std::string line = text + ";1";
+    ASSERT_EQ(static_cast<std::size_t>(CercaNumero(line).end - line.data()), text.size()) << text;
+  }
+  EXPECT_TRUE(std::signbit(Val("-0")));
+}
 
 TEST(LeadingNumber, TooLargeForADoubleAreAnErrorAndNeverInfinity) {
   for (const char* text : {"1e999", "-1e999", "1e+99999999999999999999", "123456e304"})
