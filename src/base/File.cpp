@@ -9,11 +9,6 @@
 namespace corvan {
 namespace {
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
-};
-using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
-
 std::string Motivo(int error) { return std::generic_category().message(error); }
 
 std::FILE* Apri(const std::filesystem::path& path) {
@@ -25,20 +20,9 @@ std::FILE* Apri(const std::filesystem::path& path) {
 }
 
 FileBytes Leggi(const std::filesystem::path& path, std::size_t limit) {
-  std::error_code error;
-  const auto status = std::filesystem::status(path, error);
-  if (!std::filesystem::exists(status)) throw FileError(path, error ? error.message() : Motivo(ENOENT));
-  if (std::filesystem::is_directory(status)) throw FileError(path, "is a folder");
-  if (!std::filesystem::is_regular_file(status)) throw FileError(path, "is not a regular file");
-  const std::uintmax_t size = std::filesystem::file_size(path, error);
-  if (error) throw FileError(path, error.message());
-  const OpenFile file(Apri(path));
-  if (!file) throw FileError(path, Motivo(errno));
-  std::setvbuf(file.get(), nullptr, _IONBF, 0);
-  FileBytes bytes(static_cast<std::size_t>(std::min<std::uintmax_t>(size, limit)));
-  const std::size_t got = std::fread(bytes.bytes().data(), 1, bytes.size(), file.get());
-  if (std::ferror(file.get()) != 0) throw FileError(path, Motivo(errno));
-  bytes.shrink(got);
+  FileReader file(path);
+  FileBytes bytes(static_cast<std::size_t>(std::min<std::uintmax_t>(file.size(), limit)));
+  bytes.shrink(file.read(bytes.bytes()));
   return bytes;
 }
 
@@ -53,5 +37,44 @@ FileBytes FileBytes::FromText(std::string_view text) {
 FileBytes LeggiTutto(const std::filesystem::path& path) { return Leggi(path, std::numeric_limits<std::size_t>::max()); }
 
 FileBytes LeggiInizio(const std::filesystem::path& path, std::size_t count) { return Leggi(path, count); }
+
+FileReader::FileReader(std::filesystem::path path) : path_(std::move(path)) {
+  std::error_code error;
+  const auto status = std::filesystem::status(path_, error);
+  if (!std::filesystem::exists(status)) throw FileError(path_, error ? error.message() : Motivo(ENOENT));
+  if (std::filesystem::is_directory(status)) throw FileError(path_, "is a folder");
+  if (!std::filesystem::is_regular_file(status)) throw FileError(path_, "is not a regular file");
+  size_ = std::filesystem::file_size(path_, error);
+  if (!error) written_ = std::filesystem::last_write_time(path_, error);
+  if (error) throw FileError(path_, error.message());
+  file_.reset(Apri(path_));
+  if (!file_) throw FileError(path_, Motivo(errno));
+  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
+}
+
+std::size_t FileReader::read(std::span<std::byte> into) {
+  const std::size_t got = std::fread(into.data(), 1, into.size(), file_.get());
+  if (std::ferror(file_.get()) != 0) throw FileError(path_, Motivo(errno));
+  return got;
+}
+
+void FileReader::seek(std::uintmax_t offset) {
+#ifdef _WIN32
+  const int failed = _fseeki64(file_.get(), static_cast<long long>(offset), SEEK_SET);
+#else
+  const int failed = fseeko(file_.get(), static_cast<off_t>(offset), SEEK_SET);
+#endif
+  if (failed != 0) throw FileError(path_, Motivo(errno));
+}
+
+void FileReader::requireUnchanged() const {
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(path_, error);
+  if (error) throw FileError(path_, "went away while it was read: " + error.message());
+  const std::string changed = "was written to while it was read";
+  if (size != size_)
+    throw FileError(path_, changed + ": " + std::to_string(size_) + " bytes, then " + std::to_string(size));
+  if (std::filesystem::last_write_time(path_, error) != written_) throw FileError(path_, changed);
+}
 
 }  // namespace corvan

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -39,6 +41,34 @@ FileBytes LeggiTutto(const std::filesystem::path& path);
 
 /// Reads at most `count` bytes of the file's beginning. @throws FileError as LeggiTutto does
 FileBytes LeggiInizio(const std::filesystem::path& path, std::size_t count);
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+};
+using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
+
+/// A regular file read from its beginning to its end in pieces of any size.
+class FileReader {
+ public:
+  /// @throws FileError as LeggiTutto does
+  explicit FileReader(std::filesystem::path path);
+
+  /// Fills `into` with the next bytes. @return how many; fewer than asked at the file's end only. @throws FileError
+  std::size_t read(std::span<std::byte> into);
+  /// Goes to a byte of the file, from 0. @throws FileError
+  void seek(std::uintmax_t offset);
+  /// Bytes of the file when it was opened.
+  std::uintmax_t size() const { return size_; }
+  /// @throws FileError when the file was written to since it was opened
+  void requireUnchanged() const;
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+  std::uintmax_t size_ = 0;
+  std::filesystem::file_time_type written_;
+  OpenFile file_;
+};
 
 /// An output file, written in chunks of one MiB. What is written goes into a hidden file ".NAME.corvan-PID-xxxx" beside
 /// the target, which close() puts in the target's place once every byte is on the disk: at no moment is there half a

@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 #include <vector>
 
 #include "base/Fields.h"
 #include "base/File.h"
+#include "base/FileLines.h"
 #include "base/Lines.h"
 #include "base/OleDate.h"
 #include "support/SurveyFiles.h"
@@ -67,6 +69,47 @@ TEST(Lines, EndInLfCrLfOrCrAlsoMixed) {
   EXPECT_EQ(lines, (std::vector<std::string>{"a", "b", "c", "", "d", "", "e"}));
   EXPECT_EQ(cursor.number(), 7U);
   EXPECT_FALSE(LineCursor("").more());
+}
+
+TEST(Lines, OfAFileReadInBlocksAreThoseOfTheWholeText) {
+  const test::TempFolder folder;
+  std::mt19937 random(3);
+  for (int run = 0; run < 300; ++run) {
+    std::string text = run % 5 == 0 ? "\xEF\xBB\xBF" : "";
+    for (std::size_t k = random() % 200; k > 0; --k) text += "ab\r\n\r\n;"[random() % (run % 2 == 0 ? 8 : 4)];
+    std::vector<std::string> whole;
+    for (LineCursor lines(text); lines.more();) whole.emplace_back(lines.next());
+    FileLines lines(folder.write("lines", text), 64);
+    std::vector<std::string> blocks;
+    while (lines.next()) {
+      blocks.emplace_back(lines.line());
+      ASSERT_EQ(lines.number(), blocks.size());
+      ASSERT_EQ(lines.last(), blocks.size() == whole.size()) << run;
+      ASSERT_FALSE(lines.cut());
+    }
+    ASSERT_EQ(blocks, whole) << run;
+  }
+}
+
+TEST(Lines, LongerThanABlockLoseTheirMiddleAndNothingElse) {
+  const test::TempFolder folder;
+  for (const std::size_t length : {31U, 32U, 33U, 62U, 63U, 64U, 65U, 100U, 1000U}) {
+    for (const std::string end : {"\n", "\r", "\r\n"}) {
+      const std::string text = "a" + end + std::string(length, 'x') + end + "b" + end;
+      FileLines lines(folder.write("long", text), 32);
+      ASSERT_TRUE(lines.next());
+      EXPECT_EQ(lines.line(), "a");
+      ASSERT_TRUE(lines.next());
+      EXPECT_EQ(lines.line().substr(0, 16), std::string(16, 'x'));
+      EXPECT_EQ(lines.cut(), lines.line().size() < length);
+      EXPECT_TRUE(lines.cut() || length < 33);
+      EXPECT_FALSE(lines.last());
+      ASSERT_TRUE(lines.next()) << length;
+      EXPECT_EQ(lines.line(), "b");
+      EXPECT_TRUE(lines.last());
+      EXPECT_FALSE(lines.next());
+    }
+  }
 }
 
 TEST(PrintZones, BeginEvery14ColumnsAndDropTrailingBlanks) {
