@@ -18,12 +18,16 @@ std::string Luogo(std::size_t line, std::size_t field) {
 
 }  // namespace
 
+std::string Citazione(std::string_view text) {
+  const std::string_view whole = Rifila(text);
+  std::string quote(whole.substr(0, LongestQuote));
+  const auto strange = [](char c) { return c < ' ' || c > '~'; };
+  std::replace_if(quote.begin(), quote.end(), strange, '?');
+  return "\"" + quote + (quote.size() < whole.size() ? "...\"" : "\"");
+}
+
 std::string LettoCome(std::string_view text, double value) {
-  std::string quote(Rifila(text).substr(0, LongestQuote));
-  std::replace_if(
-      quote.begin(), quote.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
-  if (quote.size() < Rifila(text).size()) quote += "...";
-  return "\"" + quote + "\" read as " + TestoNumero(value);
+  return Citazione(text) + " read as " + TestoNumero(value);
 }
 
 void NumberCheck::conta(std::string_view text, double value, std::size_t line, std::size_t field) {

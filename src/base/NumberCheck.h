@@ -9,7 +9,11 @@
 
 namespace corvan {
 
-/// "\"45,4\" read as 45"; a long text is cut, bytes that are no printable ASCII stand as "?".
+/// The text in quotes, as a message shows what a file or a box holds: without the blanks round it, a long one is cut,
+/// bytes that are no printable ASCII stand as "?".
+std::string Citazione(std::string_view text);
+
+/// "\"45,4\" read as 45".
 std::string LettoCome(std::string_view text, double value);
 
 /// One for each file or answer.

@@ -1,8 +1,11 @@
 #include "input/TextReader.h"
 
-#include <cstddef>
+#include <string>
+#include <system_error>
 
 #include "base/ErrorTrap.h"
+#include "base/Text.h"
+#include "input/TextLine.h"
 
 namespace corvan {
 namespace {
@@ -11,53 +14,109 @@ constexpr const char* Procedure = "LeggiFileCorvan";
 
 std::string Righe(std::size_t count) { return std::to_string(count) + (count == 1 ? " line" : " lines"); }
 
-}  // namespace
+std::string Riga(std::size_t number) { return "line " + std::to_string(number); }
 
-void LeggiFileCorvan(InputContext& context) {
-  Survey& survey = context.survey;
-  const std::string name = survey.file.NomeFile.string();
-  Trappola(context.findings, Procedure, [&] {
-    const FileBytes bytes = LeggiTutto(survey.file.NomeFile);
-    survey.file.NumCanali = static_cast<std::int32_t>(MaxChannels);
-    FileSummary& summary = survey.files.back();
-    summary.format = "text";
-    summary.channels = survey.file.NumCanali;
-    const auto append = [&survey](const Misura& m) {
-      survey.Misure.append(m);
-      survey.Misure(survey.Misure.size()).NumFile = survey.file.NumFile;
-    };
-    TextScan scan;
-    try {
-      scan = EsaminaTesto(bytes.text(), context.span, survey.settings.CoordUTM, append);
-    } catch (const RunTimeError& error) {
-      throw FileError(name, std::string(error.what()) + "; reading ended there");
-    }
-    summary.records = scan.lines;
-    context.findings.add(RilieviTesto(scan, context.span), name);
-  });
+std::string Lasciate(const TextScan& scan) {
+  return Righe(scan.left) + " from there on left out, " + std::to_string(scan.leftWithFix) + " of them with a position";
 }
 
-Findings RilieviTesto(const TextScan& scan, ReadSpan span) {
+std::string Dietro(const TextScan& scan) {
+  return Righe(scan.left) + " behind it left out, " + std::to_string(scan.leftWithFix) + " of them with a position";
+}
+
+/// What ended the data, where that left lines out.
+void RilieviFine(const TextScan& scan, Findings& out) {
+  const std::string place = Riga(scan.endLine);
+  switch (scan.end) {
+    case DataEnd::File:
+      return;
+    case DataEnd::LastLine:
+      out.note(Procedure, "the last line, " + std::to_string(scan.endLine) + ", is left out");
+      return;
+    case DataEnd::OutOfRange:
+      out.fault(Procedure,
+                place + ", " + scan.endText + ": reading ended there, " + Righe(scan.left) + " from there on not read");
+      return;
+    case DataEnd::LostFix: {
+      const std::string text = scan.endText.empty() ? "" : ", field 26 " + scan.endText;
+      out.fault(Procedure, "fix lost at " + place + text + ": " + Lasciate(scan));
+      return;
+    }
+    case DataEnd::Blank:
+      if (scan.left > 0) out.fault(Procedure, "the data end at the blank " + place + ": " + Dietro(scan));
+      return;
+    case DataEnd::Header:
+      if (scan.left > 0) out.fault(Procedure, "the data end at a repeated header, " + place + ": " + Dietro(scan));
+      return;
+    case DataEnd::LastFix:
+      if (scan.left > 0)
+        out.fault(Procedure, "the last position stands in " + place + ": " + Righe(scan.left) + " behind it left out");
+      return;
+  }
+}
+
+/// Lines before and between those taken.
+void RilieviEstensione(const TextScan& scan, Findings& out) {
+  if (!scan.anyFix) out.fault(Procedure, "none of the " + Righe(scan.firings) + " has a position");
+  if (scan.anyFix && scan.leading > 0) {
+    out.note(Procedure, Righe(scan.leading) + " between the header and the first position left out");
+  }
+  if (scan.passedOver > 0) {
+    out.note(Procedure, Righe(scan.passedOver) + " that are blank or a repeated header passed over");
+  }
+}
+
+/// Lines taken that do not hold what they should.
+void RilieviRighe(const TextScan& scan, Findings& out) {
+  if (const LinesSeen& seen = scan.incomplete; seen.count > 0) {
+    out.fault(Procedure, Riga(seen.first) + " has " + std::to_string(seen.values) + " of " +
+                             std::to_string(TextFields) + " values, the missing ones read as 0 (" + Righe(seen.count) +
+                             " so)");
+  }
+  if (const LinesSeen& seen = scan.surplus; seen.count > 0) {
+    out.fault(Procedure, Riga(seen.first) + " has " + std::to_string(seen.values) + " values, those behind field " +
+                             std::to_string(TextFields) + " are not read (" + Righe(seen.count) + " so)");
+  }
+  if (scan.numbers.count() > 0) out.fault(Procedure, scan.numbers.detto());
+  scan.format.rilievi(Procedure, "line", out);
+}
+
+}  // namespace
+
+bool IniziaEsportazione(std::string_view firstBytes) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  if (firstBytes.substr(0, mark.size()) == mark) firstBytes.remove_prefix(mark.size());
+  return Maiuscolo(firstBytes.substr(0, TextHeader.size())) == TextHeader;
+}
+
+FileReport PercorriTesto(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink) {
+  FileReport report;
+  FileSummary& summary = report.summary;
+  summary.path = path;
+  std::error_code ignored;
+  if (const auto bytes = std::filesystem::file_size(path, ignored); !ignored) summary.bytes = bytes;
+  TextScan scan(options);
+  const bool whole = Trappola(report.findings, Procedure, [&] { EsaminaTesto(path, options, sink, scan); });
+  if (scan.lines > 0) {
+    summary.format = "text";
+    summary.channels = static_cast<std::int32_t>(MaxChannels);
+    summary.records = scan.lines;
+    summary.firings = scan.taken;
+  }
+  if (whole) {
+    const Findings found = RilieviTesto(scan);
+    for (const Finding& finding : found.entries()) report.findings.add(finding);
+  } else {
+    RilieviRighe(scan, report.findings);
+  }
+  return report;
+}
+
+Findings RilieviTesto(const TextScan& scan) {
   Findings out;
-  if (!scan.anyFix) {
-    out.fault(Procedure, "none of the " + Righe(scan.lines) + " has a position");
-    return out;
-  }
-  if (scan.PrimoValido > 2) {
-    out.note(Procedure, Righe(scan.PrimoValido - 2) + " between the header and the first position left out");
-  }
-  if (scan.lostFilled > 0) {
-    out.fault(Procedure, "fix lost at line " + std::to_string(scan.lostLine) + ": " + Righe(scan.lostFilled) +
-                             " from there on left out, " + std::to_string(scan.lostPositioned) +
-                             " of them with a position");
-  } else if (span == ReadSpan::ToFirstLostFix && scan.lostLine == 0) {
-    out.note(Procedure, "the last line, " + std::to_string(scan.lines) + ", is left out");
-  }
-  if (scan.shortLines > 0) {
-    out.fault(Procedure, "line " + std::to_string(scan.shortLine) + " has " + std::to_string(scan.shortFields) +
-                             " of " + std::to_string(TextFields) + " fields, the missing ones read as 0 (" +
-                             Righe(scan.shortLines) + " so)");
-  }
+  RilieviEstensione(scan, out);
+  RilieviFine(scan, out);
+  RilieviRighe(scan, out);
   return out;
 }
 

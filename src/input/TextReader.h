@@ -1,20 +1,25 @@
 // Reader of the instrument's text export.
 #pragma once
 
-#include "base/File.h"
-#include "base/Findings.h"
-#include "input/InputContext.h"
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+
+#include "input/FileRead.h"
 #include "input/TextScan.h"
 
 namespace corvan {
 
-/// Appends one measurement per data line of a ";"-separated export to the survey (EsaminaTesto tells which lines).
-/// @param context survey.file.NomeFile names the file
-/// Errors: a number out of range ends the reader, the lines before it stay; missing fields read as 0. Each is one
-/// finding naming the file.
-void LeggiFileCorvan(InputContext& context);
+inline constexpr std::size_t TextProbe = 11;  ///< bytes of a file's beginning that tell whether it is a text export
 
-/// Why lines of the export were left out or are incomplete.
-Findings RilieviTesto(const TextScan& scan, ReadSpan span);
+/// True when a file begins as a text export does: "DISTANCE", in capitals or not, behind a byte-order mark or not.
+bool IniziaEsportazione(std::string_view firstBytes);
+
+/// Reads a ";"-separated export and hands on one measurement per line of data (EsaminaTesto tells which). Errors end in
+/// the report; what came before them has been handed on.
+FileReport PercorriTesto(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink);
+
+/// What of an export was left out, passed over or read otherwise than written.
+Findings RilieviTesto(const TextScan& scan);
 
 }  // namespace corvan

@@ -1,164 +1,165 @@
 #include "input/TextScan.h"
 
-#include <string>
-#include <vector>
+#include <string_view>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Fields.h"
-#include "base/Lines.h"
-#include "base/NumberText.h"
-#include "base/Rounding.h"
+#include "base/FileLines.h"
+#include "input/TextLine.h"
 
 namespace corvan {
 namespace {
 
-constexpr std::string_view Separator = ";";
-constexpr std::size_t PositionField = 26;  // latitude or northing; 0 means that the line has no position
+/// Which lines of firings are data.
+enum class Extent : std::uint8_t { ToFirstLostFix, ToLastFix, AllButLast };
 
-/// Whether field 26 of a line, looked at alone, holds a number other than 0.
-bool RigaConFix(std::string_view line) {
-  std::string separator(Separator);
-  return EstraiCampo(line, separator, PositionField) != 0.0;
-}
-
-float Singolo(std::string_view field) { return ASingolo(Val(field)); }
-
-struct LineRead {
-  Misura misura;
-  std::size_t fields = 0;
-  bool fix = false;  ///< field 26 is not 0
-};
-
-/// Fills a measurement from the 49 fields of one line, in their order.
-LineRead LeggiRiga(std::string_view line, bool coordUTM) {
-  FieldCursor cursor(line, Separator);
-  LineRead read;
-  const auto next = [&] {
-    if (cursor.more()) ++read.fields;
-    return cursor.next();
-  };
-  Misura& m = read.misura;
-  m.Passo = Singolo(next());
-  m.Val12 = Singolo(next());
-  for (std::size_t c = 1; c <= MaxChannels; ++c) m.Rho[c] = Singolo(next());
-  m.Val60 = Singolo(next());
-  m.Val64 = Singolo(next());
-  for (std::size_t e = 1; e <= PotentialElectrodes; ++e) m.Elettrodi[e] = Singolo(next());
-  const double north = Val(next());
-  const double east = Val(next());
-  m.Val180 = Singolo(next());
-  m.Val184 = Singolo(next());
-  for (std::size_t c = 1; c <= MaxChannels; ++c) {
-    m.CanaleA[c] = Singolo(next());
-    m.CanaleB[c] = Singolo(next());
-  }
-  read.fix = north != 0.0;
-  m.SorgenteUTM = coordUTM;
-  ImpostaPosizione(m, north, east);
-  return read;
-}
-
-/// The walk over one text: where it stands and what it still holds back.
+/// One walk over the lines of a file.
 class TextWalk {
-  /// Runs a look at one line; a number out of range is an error that names the line, and what came before is kept.
-  template <class Look>
-  auto named(std::size_t number, Look&& look) {
-    try {
-      return look();
-    } catch (const RunTimeError& error) {
-      release(number - 1);
-      throw RunTimeError("line " + std::to_string(number) + ": " + error.what());
-    }
-  }
-
  public:
-  TextWalk(ReadSpan span, bool coordUTM, const MisuraSink& sink) : span_(span), coordUTM_(coordUTM), sink_(sink) {}
+  TextWalk(Extent extent, std::size_t lastFix, const ReadOptions& options, const MisuraSink& sink, TextScan& scan)
+      : extent_(extent), lastFix_(lastFix), options_(options), sink_(sink), scan_(scan) {}
 
-  void line(std::string_view line, std::size_t number) {
-    scan_.lines = number;
-    if (stopped_) {
-      leaveOut(line);
+  void line(const FileLines& at) {
+    const LineKind kind = GenereRiga(at.line());
+    scan_.lines = at.number();
+    if (kind != LineKind::Firing) {
+      between(kind, at.number());
       return;
     }
-    if (!scan_.anyFix) {
-      if (!named(number, [line] { return RigaConFix(line); })) return;
-      scan_.anyFix = true;
-      scan_.PrimoValido = number;
+    ++scan_.firings;
+    if (!ended_ && extent_ == Extent::ToLastFix && at.number() > lastFix_) end(DataEnd::LastFix, lastFix_);
+    if (ended_) {
+      leaveOut(at.line());
+    } else if (at.last() && extent_ != Extent::ToLastFix) {
+      lastLine(at);
+    } else if (begun(at.line())) {
+      take(at);
     }
-    take(line, number);
   }
-
-  /// Parses a line and holds it back until it is known to belong to the data.
-  void take(std::string_view line, std::size_t number) {
-    const LineRead read = named(number, [&] { return LeggiRiga(line, coordUTM_); });
-    if (!read.fix && scan_.anyFix) {
-      if (scan_.lostLine == 0) scan_.lostLine = number;
-      if (span_ == ReadSpan::ToFirstLostFix) {
-        release(number - 1);
-        stopped_ = true;
-        leaveOut(line);
-        return;
-      }
-    }
-    const bool holdsGap = span_ == ReadSpan::PastLostFixes && scan_.anyFix && !read.fix;
-    if (span_ == ReadSpan::ToFirstLostFix) release(number - 1);
-    noteFields(line, read.fields, number);
-    held_.push_back(read.misura);
-    if (span_ == ReadSpan::PastLostFixes && !holdsGap) release(number);
-  }
-
-  TextScan finish() const { return scan_; }
 
  private:
-  void release(std::size_t lastLine) {
-    for (const Misura& m : held_) sink_(m);
-    if (!held_.empty()) scan_.UltimoValido = lastLine;
-    held_.clear();
-  }
-  void leaveOut(std::string_view line) {
-    if (Rifila(line).empty()) return;
-    ++scan_.lostFilled;
-    try {
-      scan_.lostPositioned += RigaConFix(line) ? 1U : 0U;
-    } catch (const RunTimeError&) {
-      return;  // a line that is left out anyway
+  void between(LineKind kind, std::size_t number) {
+    if (ended_ || scan_.taken == 0) return;
+    if (extent_ == Extent::ToFirstLostFix) {
+      end(kind == LineKind::Blank ? DataEnd::Blank : DataEnd::Header, number);
+    } else {
+      ++passed_;
     }
   }
-  void noteFields(std::string_view line, std::size_t fields, std::size_t number) {
-    if (fields >= TextFields || Rifila(line).empty()) return;
-    if (scan_.shortLines++ > 0) return;
-    scan_.shortLine = number;
-    scan_.shortFields = fields;
+
+  /// Whether the data have begun, at this line at the latest.
+  bool begun(std::string_view line) {
+    if (extent_ == Extent::AllButLast || scan_.anyFix) return true;
+    scan_.anyFix = RigaConFix(line);
+    if (!scan_.anyFix) ++scan_.leading;
+    return scan_.anyFix;
   }
 
-  ReadSpan span_;
-  bool coordUTM_;
+  void lastLine(const FileLines& at) {
+    const bool fix = RigaConFix(at.line());
+    const bool whole = ContaCampi(at.line(), ";") >= PositionField;
+    if (extent_ == Extent::ToFirstLostFix && scan_.anyFix && !fix && whole) {
+      lose(at);
+      return;
+    }
+    scan_.anyFix = scan_.anyFix || fix;
+    end(DataEnd::LastLine, at.number());
+  }
+
+  void take(const FileLines& at) {
+    LineRead read;
+    try {
+      read = LeggiRiga(at.line(), options_.layout);
+    } catch (const RunTimeError&) {
+      refuse(at);
+      return;
+    }
+    if (!read.fix && extent_ == Extent::ToFirstLostFix) {
+      lose(at);
+    } else {
+      accept(read, at);
+    }
+  }
+
+  /// A number is too large: that ends the data, but not in a line that is none of them.
+  void refuse(const FileLines& at) {
+    if (extent_ == Extent::ToFirstLostFix && !RigaConFix(at.line())) {
+      lose(at);
+      return;
+    }
+    scan_.endText = CampoFuori(at.line());
+    end(DataEnd::OutOfRange, at.number());
+    leaveOut(at.line());
+  }
+
+  void accept(const LineRead& read, const FileLines& at) {
+    if (read.incomplete) scan_.incomplete.add(at.number(), read.values);
+    if (read.surplus || at.cut()) scan_.surplus.add(at.number(), read.values);
+    if (read.improper) NotaNumeri(at.line(), at.number(), scan_.numbers);
+    scan_.format.prendi(read.misura, at.number());
+    if (scan_.taken++ == 0) scan_.PrimoValido = at.number();
+    scan_.UltimoValido = at.number();
+    scan_.passedOver += std::exchange(passed_, 0);
+    sink_(read.misura);
+  }
+
+  void lose(const FileLines& at) {
+    std::string separator = ";";
+    const std::string_view field = EstraiTesto(at.line(), separator, PositionField);
+    if (const NumeroLetto number = LeggiNumero(field); number.improprio()) {
+      scan_.endText = LettoCome(field, number.value);
+    }
+    end(DataEnd::LostFix, at.number());
+    leaveOut(at.line());
+  }
+
+  void end(DataEnd why, std::size_t number) {
+    ended_ = true;
+    scan_.end = why;
+    scan_.endLine = number;
+  }
+
+  void leaveOut(std::string_view line) {
+    ++scan_.left;
+    scan_.leftWithFix += RigaConFix(line) ? 1U : 0U;
+  }
+
+  Extent extent_;
+  std::size_t lastFix_;
+  const ReadOptions& options_;
   const MisuraSink& sink_;
-  TextScan scan_;
-  bool stopped_ = false;
-  std::vector<Misura> held_;  // one line in general; past lost fixes a gap whose end is still to come
+  TextScan& scan_;
+  bool ended_ = false;
+  std::size_t passed_ = 0;  // blank lines and headers since the last line taken
 };
+
+std::size_t UltimaRigaConFix(const std::filesystem::path& path, std::size_t block) {
+  std::size_t last = 0;
+  for (FileLines lines(path, block); lines.next();) {
+    if (GenereRiga(lines.line()) == LineKind::Firing && RigaConFix(lines.line())) last = lines.number();
+  }
+  return last;
+}
 
 }  // namespace
 
-TextScan EsaminaTesto(std::string_view text, ReadSpan span, bool coordUTM, const MisuraSink& sink) {
-  TextWalk walk(span, coordUTM, sink);
-  for (LineCursor lines(text); lines.more();) {
-    const std::string_view line = lines.next();
-    walk.line(line, lines.number());
+void EsaminaTesto(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink, TextScan& scan,
+                  std::size_t block) {
+  const auto walk = [&](Extent extent, std::size_t lastFix) {
+    scan = TextScan(options);
+    TextWalk lines(extent, lastFix, options, sink, scan);
+    for (FileLines file(path, block); file.next();) lines.line(file);
+  };
+  if (options.span == ReadSpan::ToFirstLostFix) {
+    walk(Extent::ToFirstLostFix, 0);
+    if (scan.anyFix) return;
+  } else if (const std::size_t last = UltimaRigaConFix(path, block); last > 0) {
+    // Looked for first, so that no gap, however long, need be held back until a position follows.
+    walk(Extent::ToLastFix, last);
+    return;
   }
-  const TextScan scan = walk.finish();
-  if (scan.anyFix) return scan;
-
-  TextWalk all(ReadSpan::ToFirstLostFix, coordUTM, sink);
-  LineCursor lines(text);
-  while (lines.more()) {
-    const std::string_view line = lines.next();
-    all.take(line, lines.number());
-  }
-  TextScan none = all.finish();
-  none.lines = scan.lines;
-  return none;
+  walk(Extent::AllButLast, 0);
 }
 
 }  // namespace corvan

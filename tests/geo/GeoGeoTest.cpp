@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
+#include <string>
 
 #include "base/NumberText.h"
 #include "base/Rounding.h"
@@ -195,6 +197,20 @@ TEST(AnglesAsNumbers, CarryAPieceThatRoundsToSixty) {
 
 // Karney 2011, table of WGS84 values: rectifying radius 6367449.1458 m, alpha1 = 8.3773182062446994e-4,
 // beta1 = 8.3773216405794875e-4; the polar radius stored to the millimetre moves them in the eighth digit.
+TEST(AnglesAsNumbers, OfAnyLengthReadAsTheirTextDoes) {
+  std::mt19937_64 random(11);
+  for (int k = 0; k < 60000; ++k) {
+    const int places = static_cast<int>(random() % 12);
+    std::string text = std::to_string(random() % (k % 2 == 0 ? 1'800'000 : 9000)) + ".";
+    for (int digit = 0; digit < places; ++digit) text += static_cast<char>('0' + random() % 10);
+    double number = Val((k % 3 == 0 ? "-" : "") + text);
+    if (k % 5 == 0) number = static_cast<double>(static_cast<float>(number));
+    for (const AngleFormat format : {AngleFormat::DMMSS, AngleFormat::DMM_MMM, AngleFormat::D_DDDD}) {
+      ASSERT_EQ(GradiDaNumero(number, format), GradiDaTesto(TestoNumero(number), format)) << number;
+    }
+  }
+}
+
 TEST(ZoneConstants, AreThoseOfTheKruegerSeries) {
   const ZoneConstants k = InizializzaUTM(33);
   EXPECT_NEAR(k.rectifyingRadius, 6367449.1458, 1e-3);
