@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/Errors.h"
+#include "base/NumberCheck.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
@@ -36,11 +37,17 @@ std::vector<std::string> Parole(const std::string& line) {
   return out;
 }
 
-/// A word as the converter reads it: a number, but for degree and minute marks and a decimal comma.
-void Controlla(const std::string& word) {
-  std::string clean = Senza(Senza(word, "\xC2\xB0"), "'");
+/// Takes only numbers from end to end: one cut short would be another place.
+void Controlla(const std::string& word, const std::string& number) {
+  if (!SoloNumero(number)) throw RunTimeError(Citazione(word) + " is not a number");
+}
+
+/// An angle as its layouts read it: degree and minute marks are passed over, a comma is the decimal point.
+void ControllaAngolo(const std::string& word) {
+  std::string clean = word;
+  for (const char* mark : {"\xC2\xB0", "\xB0", "'"}) clean = Senza(clean, mark);
   if (const std::size_t comma = clean.find(','); comma != std::string::npos) clean[comma] = '.';
-  if (!SoloNumero(clean)) throw RunTimeError("\"" + word + "\" is not a number");
+  Controlla(word, clean);
 }
 
 /// One run: the zone and hemisphere of the first position hold for all.
@@ -60,7 +67,7 @@ class Converter {
     if (words.size() != 2) {
       throw RunTimeError("holds " + std::to_string(words.size()) + " values, two are needed");
     }
-    for (const std::string& word : words) Controlla(word);
+    for (const std::string& word : words) toUtm_ ? ControllaAngolo(word) : Controlla(word, word);
     return toUtm_ ? toUtm(words) : toGeo(words);
   }
 

@@ -295,6 +295,13 @@ TEST(Convert, GoesBothWaysLineByLine) {
   EXPECT_EQ(cli("convert --to-utm", "4524 1218\n").out, "288685.5168 5030933.4458 33\n");
   EXPECT_EQ(cli("convert --to-geo --zone 56 --south --format d.dddd", "334000 6252000\n").out.substr(0, 9),
             "-33.85925");
+  EXPECT_EQ(cli("convert --to-utm --format d.dddd", "45,4 12.3\xC2\xB0\n").out, "288685.5168 5030933.4458 33\n");
+  const Outcome back =
+      cli("convert --to-geo --zone 33", "288685,5 5030933\n288685 5030933m\n288685 x\n288685 5030933\n");
+  EXPECT_EQ(back.status, 1);
+  EXPECT_EQ(std::count(back.out.begin(), back.out.end(), '\n'), 1) << back.out;
+  for (const char* word : {"line 1: \"288685,5\"", "line 2: \"5030933m\"", "line 3: \"x\""})
+    EXPECT_TRUE(Contains(back.err, word)) << word;
   EXPECT_TRUE(Contains(cli("convert --datums").out, "Clarke 1866\tNorth Amercia\n"));
 }
 
