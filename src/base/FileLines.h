@@ -29,6 +29,8 @@ class FileLines {
   bool last() const { return atEnd_ && next_ == end_; }
   /// The line is longer than a block: line() misses its middle and holds half a block at least of its beginning.
   bool cut() const { return cut_; }
+  /// @throws FileError when the file was written to since it was opened
+  void requireUnchanged() const { file_.requireUnchanged(); }
 
  private:
   std::size_t lineEnd();

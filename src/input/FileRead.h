@@ -35,8 +35,9 @@ using MisuraSink = std::function<void(const Misura&)>;
 /// What a walk over a file found.
 struct FileReport {
   FileSummary summary;
-  std::string HeaderBin;  ///< the first 1030 bytes of a binary file
-  Findings findings;      ///< without the file's name where they are about the file
+  std::string HeaderBin;            ///< the first 1030 bytes of a binary file
+  std::int32_t largestChannel = 0;  ///< largest channel number stored; 10 in a text export
+  Findings findings;                ///< without the file's name where they are about the file
 };
 
 /// The same with the firings.

@@ -4,7 +4,6 @@
 #include <system_error>
 
 #include "base/ErrorTrap.h"
-#include "base/Text.h"
 #include "input/TextLine.h"
 
 namespace corvan {
@@ -83,12 +82,6 @@ void RilieviRighe(const TextScan& scan, Findings& out) {
 
 }  // namespace
 
-bool IniziaEsportazione(std::string_view firstBytes) {
-  constexpr std::string_view mark = "\xEF\xBB\xBF";
-  if (firstBytes.substr(0, mark.size()) == mark) firstBytes.remove_prefix(mark.size());
-  return Maiuscolo(firstBytes.substr(0, TextHeader.size())) == TextHeader;
-}
-
 FileReport PercorriTesto(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink) {
   FileReport report;
   FileSummary& summary = report.summary;
@@ -99,7 +92,7 @@ FileReport PercorriTesto(const std::filesystem::path& path, const ReadOptions& o
   const bool whole = Trappola(report.findings, Procedure, [&] { EsaminaTesto(path, options, sink, scan); });
   if (scan.lines > 0) {
     summary.format = "text";
-    summary.channels = static_cast<std::int32_t>(MaxChannels);
+    summary.channels = report.largestChannel = static_cast<std::int32_t>(MaxChannels);
     summary.records = scan.lines;
     summary.firings = scan.taken;
   }

@@ -149,7 +149,9 @@ void EsaminaTesto(const std::filesystem::path& path, const ReadOptions& options,
   const auto walk = [&](Extent extent, std::size_t lastFix) {
     scan = TextScan(options);
     TextWalk lines(extent, lastFix, options, sink, scan);
-    for (FileLines file(path, block); file.next();) lines.line(file);
+    FileLines file(path, block);
+    while (file.next()) lines.line(file);
+    file.requireUnchanged();
   };
   if (options.span == ReadSpan::ToFirstLostFix) {
     walk(Extent::ToFirstLostFix, 0);
