@@ -1,7 +1,6 @@
 #include "input/TextScan.h"
 
 #include <string_view>
-#include <utility>
 
 #include "base/Errors.h"
 #include "base/Fields.h"
@@ -100,7 +99,7 @@ class TextWalk {
     scan_.format.prendi(read.misura, at.number());
     if (scan_.taken++ == 0) scan_.PrimoValido = at.number();
     scan_.UltimoValido = at.number();
-    scan_.passedOver += std::exchange(passed_, 0);
+    scan_.passedOver = passed_;
     sink_(read.misura);
   }
 
@@ -131,7 +130,7 @@ class TextWalk {
   const MisuraSink& sink_;
   TextScan& scan_;
   bool ended_ = false;
-  std::size_t passed_ = 0;  // blank lines and headers since the last line taken
+  std::size_t passed_ = 0;  // blank lines and headers behind the first line taken
 };
 
 std::size_t UltimaRigaConFix(const std::filesystem::path& path, std::size_t block) {

@@ -126,11 +126,11 @@ INSTANTIATE_TEST_SUITE_P(Table, Positions,
 
 /// Lines by letter: "+" with a position, "0" without latitude, "1" without longitude, "x" a word for the latitude, "."
 /// blank, ";" separators alone, "H" a header, "<" cut short before its position, "-" cut short behind it, "!" a reading
-/// out of range, "^" a position out of range.
+/// out of range, "o" the same without position, "^" a position out of range.
 std::string Export(const std::string& pattern, const std::string& end) {
   const std::map<char, std::map<int, std::string>> changed{
-      {'+', {}}, {'0', {{26, "0"}}}, {'1', {{27, "0"}}},   {'x', {{26, "N45"}}},
-      {'<', {}}, {'-', {}},          {'!', {{4, "1e99"}}}, {'^', {{26, "1e999"}}}};
+      {'+', {}}, {'0', {{26, "0"}}},   {'1', {{27, "0"}}},     {'x', {{26, "N45"}}},           {'<', {}},
+      {'-', {}}, {'!', {{4, "1e99"}}}, {'^', {{26, "1e999"}}}, {'o', {{4, "1e99"}, {26, "0"}}}};
   std::string text = "DISTANCE;x" + end;
   int number = 0;
   for (const char c : pattern) {
@@ -202,6 +202,7 @@ INSTANTIATE_TEST_SUITE_P(
                  Stop,
                  {1, 2},
                  "!the data end at a repeated header, line 4: 1 line behind it left out, 1 of them with a position\n"},
+        SpanCase{"+o+.", Stop, {1}, "!fix lost at line 3: 2 lines from there on left out, 1 of them with a position\n"},
         // A last line cut short is left out by rule, wherever the cut stands.
         SpanCase{"++<", Stop, {1, 2}, "-the last line, 4, is left out\n"},
         SpanCase{"++-", Stop, {1, 2}, "-the last line, 4, is left out\n"},
@@ -260,7 +261,7 @@ INSTANTIATE_TEST_SUITE_P(
     Table, OddLines,
     ::testing::Values(
         LineCase{{}, {{4, " \t1e2 \t"}, {30, "-.5"}}, ";  ;\t;", ""},
-        LineCase{{{3, "1,5"}, {9, "x"}},
+        LineCase{{{3, "1,5"}, {9, "x"}, {10, "7 "}},
                  {{26, "4524,5"}, {40, "7 mV"}},
                  "",
                  "!4 values are not numbers from end to end, the first in line 2, field 3: \"1,5\" read as 1\n"},
