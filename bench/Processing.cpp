@@ -88,7 +88,7 @@ void SalvaKML(benchmark::State& state) {
   for (auto _ : state) {
     KmlGoogle kml;
     kml.FileName(sink.string());
-    corvan::SalvaKML(kml, p.section, {0, 1}, p.dialogs, p.findings);
+    corvan::SalvaKML(kml, p.section, {{0, 1}, 0}, p.findings);
   }
 }
 

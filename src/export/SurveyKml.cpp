@@ -7,9 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "base/Fields.h"
 #include "base/NumberText.h"
-#include "base/Rounding.h"
 #include "export/TruePositions.h"
 #include "geo/Utm.h"
 
@@ -24,24 +22,11 @@ struct Edges {
   PlanPoint behind;
 };
 
-/// The grid of the section, its zone asked for where nobody has stated it.
-GridZone ChiediZona(GridZone grid, Dialogs& dialogs) {
-  if (grid.zone != 0) return grid;
-  const double zone = ArrotondaPari(Val(dialogs.InputBox({"UTM Zone (1- 60)", "UTM Zone n.", ""}).value_or("")));
-  if (zone >= 1.0 && zone <= 60.0) grid.zone = AInt16(zone);
-  return grid;
-}
-
-double ChiediAltezza(Dialogs& dialogs) {
-  const std::string answer = dialogs.InputBox({"Add vertical offset [m]", "OffSet Z", ""}).value_or("");
-  return Rifila(answer).empty() ? 0.0 : Val(answer);
-}
-
 /// One export: what all its cells share.
 class Curtain {
  public:
-  Curtain(KmlGoogle& kml, const Section& section, const GridZone& grid, const ColourRange& range, double offset)
-      : kml_(kml), section_(section), grid_(grid), range_(range), offset_(offset) {
+  Curtain(KmlGoogle& kml, const Section& section, const CurtainRequest& request)
+      : kml_(kml), section_(section), request_(request) {
     for (const SectionPoint& point : section.RecordOut.points()) {
       if (point.posta) points_.push_back(&point);
     }
@@ -78,7 +63,7 @@ class Curtain {
   /// none.
   std::optional<KmlPoint> geographic(const PlanPoint& p) const {
     constexpr int places = 10;
-    const std::optional<Geographic> g = DaUTM({p.est, p.nord, grid_.zone, grid_.hemisphere});
+    const std::optional<Geographic> g = DaUTM({p.est, p.nord, section_.griglia.zone, section_.griglia.hemisphere});
     if (!g) return std::nullopt;
     return KmlPoint{ArrotondaDecimale(g->longitude, places), ArrotondaDecimale(g->latitude, places), 0.0};
   }
@@ -100,15 +85,15 @@ class Curtain {
 
   void writeCell(const SectionPoint& point, std::size_t c, const KmlPoint& before, const KmlPoint& behind) {
     const float rho = point.resistivity.at(c);
-    const double top = (11.0 - static_cast<double>(c)) * section_.altezza + offset_;
-    const double bottom = (10.0 - static_cast<double>(c)) * section_.altezza + offset_;
+    const double top = (11.0 - static_cast<double>(c)) * section_.altezza + request_.offset;
+    const double bottom = (10.0 - static_cast<double>(c)) * section_.altezza + request_.offset;
     const std::array<KmlPoint, 5> ring{{{before.x, before.y, top},
                                         {behind.x, behind.y, top},
                                         {behind.x, behind.y, bottom},
                                         {before.x, before.y, bottom},
                                         {before.x, before.y, top}}};
     float colour = 0.0F;
-    CreaColore(range_.ScalaMax, range_.ScalaMin, rho, colour);
+    CreaColore(request_.range.ScalaMax, request_.range.ScalaMin, rho, colour);
     kml_.SetPolygon(
         "n. " + TestoConSegno(static_cast<double>(point.misura)) + " - " + TestoConSegno(static_cast<double>(c)),
         "UTMx: " + FormattaNumero(point.estVero, "######0.0#") +
@@ -122,22 +107,18 @@ class Curtain {
 
   KmlGoogle& kml_;
   const Section& section_;
-  GridZone grid_;
-  const ColourRange& range_;
-  double offset_;
+  const CurtainRequest& request_;
   std::vector<const SectionPoint*> points_;
   std::size_t skipped_ = 0;
 };
 
 }  // namespace
 
-void SalvaKML(KmlGoogle& kml, const Section& section, const ColourRange& range, Dialogs& dialogs, Findings& findings) {
-  const GridZone grid = ChiediZona(section.griglia, dialogs);
-  const double offset = ChiediAltezza(dialogs);
+void SalvaKML(KmlGoogle& kml, const Section& section, const CurtainRequest& request, Findings& findings) {
   kml.OpenKml();
   kml.LineColour(0);
   kml.AltitudeMode("relativeToGround");
-  Curtain curtain(kml, section, grid, range, offset);
+  Curtain curtain(kml, section, request);
   curtain.write();
   kml.CloseKml();
   if (curtain.skipped() > 0) {

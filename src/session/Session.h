@@ -15,8 +15,8 @@
 #include "export/KmlGoogle.h"
 #include "export/OutputFiles.h"
 #include "export/Section.h"
-#include "input/FileRead.h"
 #include "geo/ZoneConstants.h"
+#include "input/FileRead.h"
 #include "input/Originals.h"
 #include "picture/ColourScale.h"
 #include "session/Panels.h"
@@ -199,6 +199,7 @@ class Session {
   ReadOptions opzioni() const;
   void leggiFile(const ReadOptions& options);
   void rilevaLettura();
+  void rilevaGettoni(const std::string& cable);
   void rifiuta(const char* procedure, const std::string& message);
   void rilevaCollegamento(const char* procedure, const LinkNotes& notes);
   void rilevaDistanza(const char* procedure);
@@ -229,7 +230,7 @@ class Session {
   void rilevaTempi(const TimeLink& link);
   void rifaiFinestra();
   void mostraUscita(bool bin, bool txt, bool echo);
-  SectionRequest chiediSezione();
+  std::optional<SectionRequest> chiediSezione();
   void scriviSezione(Section& section);
   /// Opens ROOT + extension, lets `body` write it and lists it as written; failures end in the findings.
   void scrivi(const char* procedure, const char* extension, const std::function<void(FileWriter&)>& body);

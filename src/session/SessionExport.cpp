@@ -4,12 +4,14 @@
 #include <utility>
 
 #include "base/ErrorTrap.h"
+#include "base/Fields.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "export/BinWriter.h"
 #include "export/SurveyKml.h"
 #include "export/SurveyTable.h"
 #include "export/TextWriters.h"
+#include "session/BoxNumbers.h"
 #include "session/Session.h"
 
 namespace corvan {
@@ -39,26 +41,33 @@ void Session::SalvaEstrattoFile() {
     return;
   }
   Trappola(findings_, "SalvaEstrattoFile", [this] {
-    Section section = EstraiSezione(survey_, chiediSezione(), findings_);
+    const std::optional<SectionRequest> request = chiediSezione();
+    if (!request) return;
+    Section section = EstraiSezione(survey_, *request, findings_);
     section_ = SectionSummary{section.E1, section.E2, section.points, section.NqpBin()};
     scriviSezione(section);
   });
 }
 
-SectionRequest Session::chiediSezione() {
+/// @return none when an answer was refused: nothing is written then
+std::optional<SectionRequest> Session::chiediSezione() {
   SectionRequest request;
   const std::int32_t last = survey_.NumMisure();
   request.E1 = std::clamp(AInt32(Val(FrameExtrema.E1Txt)), 1, last);
   request.E2 = std::clamp(AInt32(Val(FrameExtrema.E2txt)), 1, last);
   if (request.E2 < request.E1) std::swap(request.E1, request.E2);
 
-  const auto ask = [this](double& offset, const char* prompt, const char* title) {
-    Trappola(findings_, "SalvaEstrattoFile", [&] {
-      offset = Val(chiedi({prompt, title, TestoNumero(offset)}));
-    });
+  const auto ask = [this](double& offset, const char* prompt, const char* title, const char* what) {
+    const std::optional<std::string> answer = dialogs_.InputBox({prompt, title, TestoNumero(offset)});
+    if (!answer && offset != 0.0) findings_.note("SalvaEstrattoFile", std::string(what) + " cancelled: 0 is taken");
+    const auto metres = NumeroDaCasella<double>(answer.value_or("0"), {"SalvaEstrattoFile", what}, findings_);
+    if (metres) offset = *metres;
+    return metres.has_value();
   };
-  ask(offsetCavo_, "Distance of the first floating Electrode from Syscal", "Set Cable Offset Value ");
-  ask(offsetEco_, "Distance of EchoSounder from Syscal", "Set EchoSounder Offset Value ");
+  if (!ask(offsetCavo_, "Distance of the first floating Electrode from Syscal", "Set Cable Offset Value ", "offset") ||
+      !ask(offsetEco_, "Distance of EchoSounder from Syscal", "Set EchoSounder Offset Value ", "echo-sounder offset")) {
+    return std::nullopt;
+  }
   request.OffsetCavo = offsetCavo_;
   request.OffsetEco = offsetEco_;
 
@@ -78,18 +87,25 @@ void Session::scriviSezione(Section& section) {
     scrivi("SalvaAscii", ".txt", [&](FileWriter& out) { SalvaAscii(out, section.RecordOut, NqpBin); });
   }
   if (FrameFileOut.EchoZChk) {
-    scrivi("SalvaTraccia", ".ecs",
-           [&](FileWriter& out) { SalvaTraccia(out, section.Profilo, section.Profilo.Primo(), section.Profilo.Ultimo()); });
-    scrivi("SalvaTraccia", ".ecst",
-           [&](FileWriter& out) { SalvaTraccia(out, section.ProfiloVero, section.ProfiloVero.Primo(), section.ProfiloVero.Ultimo()); });
+    scrivi("SalvaTraccia", ".ecs", [&](FileWriter& out) {
+      SalvaTraccia(out, section.Profilo, section.Profilo.Primo(), section.Profilo.Ultimo());
+    });
+    scrivi("SalvaTraccia", ".ecst", [&](FileWriter& out) {
+      SalvaTraccia(out, section.ProfiloVero, section.ProfiloVero.Primo(), section.ProfiloVero.Ultimo());
+    });
   }
   if (!FrameFileOut.KMLchk) return;
   Trappola(findings_, "NomeUscita", [&] {
+    const std::string answer = chiedi({"Add vertical offset [m]", "OffSet Z", ""});
+    const std::optional<double> height =
+        Rifila(answer).empty() ? std::optional(0.0)
+                               : NumeroDaCasella<double>(answer, {"SalvaKML", "vertical offset"}, findings_);
+    if (!height) return;
     const std::filesystem::path name = NomeUscita(FrameFileOut.FileOutTxt, ".kml");
     const bool written = salva("SalvaKML", name, [&] {
       if (!kml_) kml_ = std::make_unique<KmlGoogle>();
       kml_->FileName(name.string());
-      corvan::SalvaKML(*kml_, section, colours_, dialogs_, findings_);
+      corvan::SalvaKML(*kml_, section, {colours_, *height}, findings_);
     });
     if (!written) kml_.reset();  // gives up the half-written file
   });

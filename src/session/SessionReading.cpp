@@ -6,9 +6,11 @@
 
 #include "base/ErrorTrap.h"
 #include "base/Fields.h"
+#include "base/NumberCheck.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "input/InputDriver.h"
+#include "session/BoxNumbers.h"
 #include "session/Session.h"
 #include "track/Cable.h"
 #include "track/FormatGuess.h"
@@ -85,7 +87,8 @@ ReadOptions Session::opzioni() const {
       break;
   }
   options.channels = [this](std::int32_t usual) {
-    return dialogs_.InputBox({"Set Channel Number", "N. Channel", TestoNumero(static_cast<double>(usual))}).value_or("");
+    return dialogs_.InputBox({"Set Channel Number", "N. Channel", TestoNumero(static_cast<double>(usual))})
+        .value_or("");
   };
   return options;
 }
@@ -177,7 +180,7 @@ void Session::rifaiStrati() {
   GeneraTraiettoria(scene_, survey_);
   GeneraContorno(scene_, survey_);
   GeneraEchoSounder(scene_, survey_);
-  GeneraNordG(scene_, survey_, view_.Lato);
+  GeneraNordG(scene_, view_.Lato);
   AggiornaZoom(view_);
   GeneraGPS(scene_, survey_);
   GeneraGPSD(scene_, survey_);
@@ -201,6 +204,7 @@ void Session::CableConf_Click() {
                                          std::to_string(2 * CableElectrodes) + " tokens, the missing positions are 0");
     }
     findings_.ritira("CreaCavoDaMisure");  // the cable that was typed holds for all
+    rilevaGettoni(answer);
     survey_.cavo.PosCavo = LeggiStringaCavo(answer);
     survey_.cavo.StringaCavo = answer;
     AnalisiFile();
@@ -208,11 +212,27 @@ void Session::CableConf_Click() {
   });
 }
 
+/// Tells of the places of a cable that are no numbers.
+void Session::rilevaGettoni(const std::string& cable) {
+  NumberCheck check;
+  std::size_t k = 0;
+  const std::string separator = ScegliSeparatore(cable);
+  for (FieldCursor tokens(cable, separator); tokens.more() && k < 2 * CableElectrodes;) {
+    const std::string_view token = tokens.next();
+    if (++k % 2 == 0) check.leggi(token, 0, k);
+  }
+  if (check.count() > 0) findings_.note("ModificaCavo", check.detto());
+}
+
 void Session::SetUtmZone_Click() {
   Trappola(findings_, "SetUtmZone", [this] {
     const std::string answer =
         chiedi({"UTM Zone n. ", "Set Universal Trasverse Mercatore Zone", std::to_string(survey_.settings.ZonaUTM)});
-    const std::int16_t zone = Rifila(answer).empty() ? DefaultZone : AInt16(Val(answer));
+    const std::optional<std::int16_t> typed =
+        Rifila(answer).empty() ? std::optional(DefaultZone)
+                               : NumeroDaCasella<std::int16_t>(answer, {"SetUtmZone", "zone"}, findings_);
+    if (!typed) return;
+    const std::int16_t zone = *typed;
     ImpostaZona(zone);
     const std::int16_t used = survey_.settings.griglia.zone;
     if (used != zone) {
@@ -231,17 +251,15 @@ void Session::SetRange_Click() {
     constexpr Mask bound = "#####0.0#";
     const std::string range = FormattaNumero(static_cast<double>(colours_.ScalaMin), bound) + ";" +
                               FormattaNumero(static_cast<double>(colours_.ScalaMax), bound);
-    const std::optional<std::string> answer =
-        dialogs_.InputBox({"Scale (Min; Max)", "Set Colour Scale Range", range});
+    const std::optional<std::string> answer = dialogs_.InputBox({"Scale (Min; Max)", "Set Colour Scale Range", range});
     if (!answer) return;
     if (Rifila(*answer).empty()) {
       rangeTyped_ = false;
       colours_ = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
     } else {
-      const std::size_t separator = answer->find(';');
-      if (separator == std::string::npos) return;
-      const ColourRange typed{ASingolo(Val(answer->substr(0, separator))), ASingolo(Val(answer->substr(separator + 1)))};
-      colours_ = typed;
+      const auto typed = CoppiaDaCasella<float>(*answer, {"SetRange", "range"}, findings_);
+      if (!typed) return;
+      colours_ = {typed->first, typed->second};
       rangeTyped_ = true;
     }
     DisegnaImmagineQ();

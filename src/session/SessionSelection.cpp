@@ -4,6 +4,7 @@
 #include "base/ErrorTrap.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "session/BoxNumbers.h"
 #include "session/Session.h"
 #include "survey/MeasurementText.h"
 
@@ -11,9 +12,7 @@ namespace corvan {
 namespace {
 
 constexpr Mask Shift = "####0.0";
-
-/// The measurement number typed into a box.
-std::int32_t IndiceDi(const std::string& box) { return AInt32(Val(box)); }
+constexpr double FarthestShift = 1e7;  // m, a quarter of the way round the earth
 
 }  // namespace
 
@@ -36,12 +35,14 @@ void Session::ptlbl_Click(std::int32_t Index) {
 
 void Session::E1Txt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(findings_, "E1Txt_KeyPress", [this] { ptlbl_Click(IndiceDi(FrameExtrema.E1Txt)); });
+  const auto index = NumeroDaCasella<std::int32_t>(FrameExtrema.E1Txt, {"E1Txt_KeyPress", "extreme"}, findings_);
+  if (index) ptlbl_Click(*index);
 }
 
 void Session::E2txt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(findings_, "E2txt_KeyPress", [this] { ptlbl_Click(IndiceDi(FrameExtrema.E2txt)); });
+  const auto index = NumeroDaCasella<std::int32_t>(FrameExtrema.E2txt, {"E2txt_KeyPress", "extreme"}, findings_);
+  if (index) ptlbl_Click(*index);
 }
 
 void Session::SelFirst_Click() { FrameExtrema.visible = true; }
@@ -68,34 +69,38 @@ void Session::dptlbl_DblClick(std::int32_t Index) {
 
 void Session::TestTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(findings_, "TestTxt_KeyPress", [this] {
-    survey_.settings.TraslDatiEst = Val(FrameDataMove.TestTxt);
-    rifaiDati();
-  });
+  const auto metres = NumeroDaCasella<double>(
+      FrameDataMove.TestTxt, {"TestTxt_KeyPress", "translation", -FarthestShift, FarthestShift}, findings_);
+  if (!metres) return;
+  survey_.settings.TraslDatiEst = *metres;
+  rifaiDati();
 }
 
 void Session::TnordTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(findings_, "TnordTxt_KeyPress", [this] {
-    survey_.settings.TraslDatiNord = Val(FrameDataMove.TnordTxt);
-    rifaiDati();
-  });
+  const auto metres = NumeroDaCasella<double>(
+      FrameDataMove.TnordTxt, {"TnordTxt_KeyPress", "translation", -FarthestShift, FarthestShift}, findings_);
+  if (!metres) return;
+  survey_.settings.TraslDatiNord = *metres;
+  rifaiDati();
 }
 
 void Session::DTestTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(findings_, "DTestTxt_KeyPress", [this] {
-    survey_.settings.TraslFondoEst = ASingolo(Val(FrameDataMove.DTestTxt));
-    rifaiFondo();
-  });
+  const auto metres = NumeroDaCasella<float>(
+      FrameDataMove.DTestTxt, {"DTestTxt_KeyPress", "translation", -FarthestShift, FarthestShift}, findings_);
+  if (!metres) return;
+  survey_.settings.TraslFondoEst = *metres;
+  rifaiFondo();
 }
 
 void Session::DTnordTxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(findings_, "DTnordTxt_KeyPress", [this] {
-    survey_.settings.TraslFondoNord = ASingolo(Val(FrameDataMove.DTnordTxt));
-    rifaiFondo();
-  });
+  const auto metres = NumeroDaCasella<float>(
+      FrameDataMove.DTnordTxt, {"DTnordTxt_KeyPress", "translation", -FarthestShift, FarthestShift}, findings_);
+  if (!metres) return;
+  survey_.settings.TraslFondoNord = *metres;
+  rifaiFondo();
 }
 
 void Session::azzeraSelezione() {

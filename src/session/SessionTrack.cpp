@@ -12,6 +12,7 @@
 #include "base/Rounding.h"
 #include "geo/Plane.h"
 #include "input/TrackFile.h"
+#include "session/BoxNumbers.h"
 #include "session/Session.h"
 #include "survey/MeasurementText.h"
 #include "track/TrackGrid.h"
@@ -63,8 +64,10 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   }
   if (kind == TrackKind::Sav && read.fixes.size() >= 4) {
     const std::string answer = chiedi({"N Bezier Points", "Set the interpolation", ""});
-    const std::int16_t count = Rifila(answer).empty() ? std::int16_t{0} : AInt16(Val(answer));
-    if (count >= 2) read.fixes = Ricampiona(read.fixes, count);
+    const auto count = Rifila(answer).empty()
+                           ? std::nullopt
+                           : NumeroDaCasella<std::int16_t>(answer, {"LeggiFileSav", "number of points"}, findings_);
+    if (count && *count >= 2) read.fixes = Ricampiona(read.fixes, *count, options.layout);
   }
   findings_.add(read.findings, fileName);
   prendiTraccia(std::move(read.fixes), fileName.string());
@@ -76,8 +79,9 @@ bool Session::chiediZonaTraccia() {
   if (survey_.settings.ZonaUTM != 0) return true;
   const std::string answer = chiedi({"Set UTM zone", "Zone n.", "32"});
   if (Rifila(answer).empty()) return false;
-  ImpostaZona(AInt16(Val(answer)));
-  return true;
+  const auto zone = NumeroDaCasella<std::int16_t>(answer, {"LeggiGPSEsterno", "zone"}, findings_);
+  if (zone) ImpostaZona(*zone);
+  return zone.has_value();
 }
 
 void Session::prendiTraccia(Array1<PuntoGPSEst> fixes, const std::string& name) {
@@ -102,10 +106,10 @@ void Session::rilevaDistanza(const char* procedure) {
   if (survey_.tracciaEst.PuntiGPSEst.empty() || GrigliaIgnota()) return;
   const double away = DistanzaDaTraccia(survey_);
   if (away <= FarAway) return;
-  findings_.fault(procedure,
-                  "the track lies " + TestoNumero(std::round(away / 1000)) +
-                      " km from the survey (is the UTM zone right?)",
-                  nomeTraccia_);
+  findings_.fault(
+      procedure,
+      "the track lies " + TestoNumero(std::round(away / 1000)) + " km from the survey (is the UTM zone right?)",
+      nomeTraccia_);
 }
 
 /// No measurement has a position: the survey lies nowhere.
@@ -143,8 +147,8 @@ void Session::LinkDataGPST(double clockOffset) {
 /// What the measurements took from between the fixes, and what they did not.
 void Session::rilevaCollegamento(const char* procedure, const LinkNotes& notes) {
   if (notes.keptDepth > 0) {
-    findings_.note(procedure, std::to_string(notes.keptDepth) +
-                                  " measurements lie at fixes without a depth and kept their own");
+    findings_.note(procedure,
+                   std::to_string(notes.keptDepth) + " measurements lie at fixes without a depth and kept their own");
   }
   if (notes.holes > 0) {
     findings_.note(procedure, std::to_string(notes.holes) +
@@ -219,10 +223,14 @@ void Session::ptlbl_Collega(std::int32_t Index) {
       return;
     }
     const std::int32_t last = std::max(survey_.tracciaEst.NumGPSEst(), 1);
-    const std::int32_t typed = AInt32(Val(answer));
-    collegamenti_.fix.at(slot) = std::clamp(typed, 1, last);
-    if (typed != collegamenti_.fix.at(slot)) {
-      findings_.fault("ptlbl_MouseDown", "fix " + std::to_string(typed) + " is not 1 to " + std::to_string(last) +
+    const auto typed = NumeroDaCasella<std::int32_t>(answer, {"ptlbl_MouseDown", "fix"}, findings_);
+    if (!typed) {
+      --numCollegamenti_;
+      return;
+    }
+    collegamenti_.fix.at(slot) = std::clamp(*typed, 1, last);
+    if (*typed != collegamenti_.fix.at(slot)) {
+      findings_.fault("ptlbl_MouseDown", "fix " + std::to_string(*typed) + " is not 1 to " + std::to_string(last) +
                                              ": " + std::to_string(collegamenti_.fix.at(slot)) + " is taken");
     }
   });

@@ -1,11 +1,11 @@
 // The view: angles, zoom, projection, layers, the picture and its file.
-#include <cmath>
 #include <string>
 
 #include "base/ErrorTrap.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "picture/Bitmap.h"
+#include "session/BoxNumbers.h"
 #include "session/Session.h"
 
 namespace corvan {
@@ -65,12 +65,11 @@ void Session::mostraAngoli() {
 
 void Session::leggiAngolo(int key, const std::string& box, double& angle) {
   if (key != EnterKey) return;
-  Trappola(findings_, "leggiAngolo", [&] {
-    const double typed = InRadianti(Val(box));
-    if (!std::isfinite(typed)) throw RunTimeError("angle " + box + " is too large to be turned by");
-    angle = typed;
-    DisegnaImmagineQ();
-  });
+  constexpr double most = 1e6;  // degrees: beyond it the sines lose the angle's digits
+  const auto degrees = NumeroDaCasella<double>(box, {"leggiAngolo", "angle", -most, most}, findings_);
+  if (!degrees) return;
+  angle = InRadianti(*degrees);
+  DisegnaImmagineQ();
 }
 
 void Session::Thetatxt_KeyPress(int key) { leggiAngolo(key, FrameView.Thetatxt, view_.AngoloVista); }
@@ -81,13 +80,12 @@ void Session::GammaTxt_KeyPress(int key) { leggiAngolo(key, FrameView.GammaTxt, 
 
 void Session::Zoomtxt_KeyPress(int key) {
   if (key != EnterKey) return;
-  Trappola(findings_, "Zoomtxt_KeyPress", [this] {
-    const float zoom = ASingolo(Val(FrameView.Zoomtxt));
-    if (!(zoom > 0.0F)) throw RunTimeError("zoom " + TestoNumero(zoom) + " is not greater than 0");
-    view_.ZoomFattore = zoom;
-    AggiornaZoom(view_);
-    DisegnaImmagineQ();
-  });
+  constexpr double least = 1e-6, most = 1e6;  // beyond, the picture has no window
+  const auto zoom = NumeroDaCasella<float>(FrameView.Zoomtxt, {"Zoomtxt_KeyPress", "zoom", least, most}, findings_);
+  if (!zoom) return;
+  view_.ZoomFattore = *zoom;
+  AggiornaZoom(view_);
+  DisegnaImmagineQ();
 }
 
 void Session::ruota(double& angle, double degrees, std::string& box) {

@@ -192,14 +192,13 @@ void GeneraContorno(Scene& scene, const Survey& survey) {
   Chiudi(scene.outline);
 }
 
-void GeneraNordG(Scene& scene, const Survey& survey, double L) {
-  const TrackExtent& t = survey.traccia;
+void GeneraNordG(Scene& scene, double L) {
   const double window = L / 2.0;  // the offsets count in halves of the window: the arrow stands inside it
   scene.northArrow = Aperto(Arrow.size());
   for (std::size_t k = 1; k <= Arrow.size(); ++k) {
     const auto& [gx, gy] = Arrow.at(k - 1);
-    scene.northArrow(k) = {Coordinata((gx - 17) * t.EstensioneX / 200.0 - 0.75 * window),
-                           Coordinata(-0.85 * window - (gy - 17) * t.EstensioneY / 200.0), 0.0F, 0.0F};
+    scene.northArrow(k) = {Coordinata((gx - 17) * L / 200.0 - 0.75 * window),
+                           Coordinata(-0.85 * window - (gy - 17) * L / 200.0), 0.0F, 0.0F};
   }
 }
 

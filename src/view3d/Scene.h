@@ -57,7 +57,7 @@ void GeneraGPSD(Scene& scene, const Survey& survey);
 void GeneraEchoSounder(Scene& scene, const Survey& survey);
 void GeneraContorno(Scene& scene, const Survey& survey);
 /// @param L size of the window at zoom 1, m
-void GeneraNordG(Scene& scene, const Survey& survey, double L);
+void GeneraNordG(Scene& scene, double L);
 /// The cable laid from (X, Y) along a slope; always towards increasing easting, whatever the sense of travel.
 void GeneraCavoG(Scene& scene, const Survey& survey, double X, double Y, double Pendenza, bool Verticale);
 

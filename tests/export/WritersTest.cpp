@@ -123,7 +123,6 @@ TEST(KmlDocuments, AreWrittenBlockByBlock) {
 
 struct CurtainFixture {
   test::TempFolder folder;
-  test::ScriptedAnswers dialogs;
   Findings findings;
   Section section;
 
@@ -148,7 +147,7 @@ struct CurtainFixture {
     for (const SectionPoint& point : points) section.RecordOut.append(point);
     KmlGoogle kml;
     kml.FileName((folder / "c.kml").string());
-    SalvaKML(kml, section, {1, 10}, dialogs, findings);
+    SalvaKML(kml, section, {{1, 10}, 100}, findings);
     return test::Slurp(folder / "c.kml");
   }
   /// Easting of the first and second corner of a cell, back through the projection.
@@ -167,7 +166,6 @@ struct CurtainFixture {
 
 TEST(Curtains, TileTheSectionToTheMidpointsOfKeptNeighbours) {
   CurtainFixture f({{500000, 1}, {0, 1}, {500010, 1}, {500020, 2}});
-  f.dialogs.answers["Add vertical offset [m]"] = {"100"};
   const std::string text = f.write();
   const auto near = [&](const char* name, double west, double east) {
     const auto [a, b] = CurtainFixture::edges(text, name);
@@ -186,21 +184,16 @@ TEST(Curtains, TileTheSectionToTheMidpointsOfKeptNeighbours) {
   EXPECT_NE(text.find("<color>C80009FF</color>"), std::string::npos) << "highest: red";
 }
 
-TEST(Curtains, LeaveOutCellsThatAreNotFiniteOrNotThereAndAskForAMissingZoneOnce) {
+TEST(Curtains, LeaveOutCellsThatAreNotFiniteOrNotThere) {
   CurtainFixture f({{500000, 1}});
   f.points[0].resistivity[4] = std::numeric_limits<float>::infinity();
   f.points[0].letture = AllReadings & ~BitDi(7);
-  f.section.griglia.zone = 0;
-  f.dialogs.answers["UTM Zone (1- 60)"] = {"61"};
   const std::string text = f.write();
   EXPECT_EQ(text.find("n.  1 -  4<"), std::string::npos);
   EXPECT_EQ(text.find("n.  1 -  7<"), std::string::npos);
   EXPECT_NE(text.find("n.  1 -  5<"), std::string::npos);
   ASSERT_EQ(f.findings.entries().size(), 1U);
   EXPECT_NE(f.findings.entries()[0].reason.find("left out: 1"), std::string::npos) << "an absent reading is no loss";
-  ASSERT_EQ(f.dialogs.questions.size(), 2U);
-  EXPECT_EQ(f.dialogs.questions[0].title, "UTM Zone n.");
-  EXPECT_EQ(f.dialogs.questions[1].title, "OffSet Z");
 }
 
 TEST(Tables, LeaveTheTimeOfRecordsTooShortForOneEmpty) {

@@ -175,15 +175,47 @@ TEST(CableConfiguration, ChangesFactorsAndResistivities) {
 TEST(ColourRange, IsTakenOnlyWithItsSemicolon) {
   Fixture f;
   f.readFirings(3);
-  f.dialogs.answers["Scale (Min; Max)"] = {"7 9", "10;", "2.5 m; 1"};
-  const float max = f.session.colours().ScalaMax;
+  const ColourRange data = f.session.colours();
+  EXPECT_GT(data.ScalaMax, data.ScalaMin);
+  struct Answer {
+    const char* text;  ///< none: Cancel
+    float low, high;
+    std::size_t findings;  ///< that it adds
+  };
+  const Answer answers[] = {{"7 9", data.ScalaMin, data.ScalaMax, 1},
+                            {"10;", data.ScalaMin, data.ScalaMax, 1},
+                            {";", data.ScalaMin, data.ScalaMax, 1},
+                            {"1e39;5", data.ScalaMin, data.ScalaMax, 1},
+                            {"2.5 m; 1,5", 2.5F, 1, 2},
+                            {nullptr, 2.5F, 1, 0},
+                            {"0;0", 0, 0, 0},
+                            {" ", data.ScalaMin, data.ScalaMax, 0}};
+  for (const auto& [text, low, high, findings] : answers) {
+    if (text != nullptr) f.dialogs.answers["Scale (Min; Max)"] = {text};
+    const std::size_t before = f.session.findings().entries().size();
+    f.session.SetRange_Click();
+    EXPECT_EQ(f.session.colours().ScalaMin, low) << (text == nullptr ? "Cancel" : text);
+    EXPECT_EQ(f.session.colours().ScalaMax, high) << (text == nullptr ? "Cancel" : text);
+    EXPECT_EQ(f.session.findings().entries().size() - before, findings) << (text == nullptr ? "Cancel" : text);
+  }
+}
+
+// A cable that is typed changes the resistivities: the colours follow until a range is typed.
+TEST(ColourRange, FollowsTheDataUntilItIsTyped) {
+  Fixture f;
+  f.readFirings(3);
+  const float before = f.session.colours().ScalaMax;
+  f.dialogs.answers["Set String"] = {"C1 55 C2 60 E1 40 E2 30 E3 20 E4 10 E5 9 E6 8 E7 7 E8 6 E9 5 E10 4 E11 0"};
+  f.session.CableConf_Click();
+  EXPECT_NE(f.session.colours().ScalaMax, before);
+  EXPECT_EQ(f.session.colours().ScalaMax, f.session.survey().traccia.RhoMax);
+  f.dialogs.answers["Scale (Min; Max)"] = {"1;2"};
   f.session.SetRange_Click();
-  EXPECT_EQ(f.session.colours().ScalaMax, max);
-  f.session.SetRange_Click();
-  EXPECT_EQ(f.session.colours().ScalaMin, 10);
-  EXPECT_EQ(f.session.colours().ScalaMax, 0);
-  f.session.SetRange_Click();
-  EXPECT_EQ(f.session.colours().ScalaMin, 2.5F);
+  f.dialogs.answers["Set String"] = {"C1 55 C2 60 E1 50 E2 45 E3 40 E4 35 E5 30 E6 25 E7 20 E8 15 E9 10 E10 5 E11 0"};
+  f.session.CableConf_Click();
+  EXPECT_EQ(f.session.colours().ScalaMax, 2);
+  f.readFirings(2);
+  EXPECT_EQ(f.session.colours().ScalaMax, f.session.survey().traccia.RhoMax) << "a new reading forgets it";
 }
 
 TEST(Selection, ClearsOnTheThirdClickAndIgnoresWhatIsNoMeasurement) {

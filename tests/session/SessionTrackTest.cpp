@@ -54,7 +54,7 @@ TEST(ExternalTracks, GiveTheMeasurementsTheirPlaceInEveryForm) {
     EXPECT_EQ(compared, 433U);
     EXPECT_NEAR(sumEast / 433, east, 0.03) << ending;
     EXPECT_NEAR(sumNorth / 433, north, 0.06) << ending;
-    EXPECT_TRUE(f.m(61).SorgenteUTM) << "measurements without a fix of their own have one now";
+    EXPECT_TRUE(f.m(61).sorgente.index() == 2) << "measurements without a fix of their own have one now";
     EXPECT_NE(f.m(61).UTMx, 0.0);
     EXPECT_EQ(f.session.fixes().bad, 0U);
     const double x = f.m(200).UTMx;

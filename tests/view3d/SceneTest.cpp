@@ -97,7 +97,7 @@ TEST(EchoSounder, IsTranslatedOnTheWayOutOnly) {
 
 TEST(NorthArrow, StandsInTheSouthWestAndPointsNorth) {
   Scene scene;
-  GeneraNordG(scene, SurveyOf({{300000, 5e6}}), 100);
+  GeneraNordG(scene, 100);
   ASSERT_EQ(scene.northArrow.size(), 18U);
   // Tip (17, 4): x = -0.375 L, y = -0.425 L + 13 x 100 / 200.
   ExpectPoint(scene.northArrow(3), -37.5F, -36, 0, "tip");
