@@ -92,8 +92,9 @@ Survey Measurements(std::size_t count) {
   for (std::size_t k = 0; k < count; ++k) {
     Misura m;
     m.NumFile = 1;
-    ImpostaGeografica(m, Latitude(k), Longitude(k),
-                      {GradiDaNumero(Latitude(k), AngleFormat::DMM_MMM), GradiDaNumero(Longitude(k), AngleFormat::DMM_MMM)});
+    ImpostaGeografica(
+        m, Latitude(k), Longitude(k),
+        {GradiDaNumero(Latitude(k), AngleFormat::DMM_MMM), GradiDaNumero(Longitude(k), AngleFormat::DMM_MMM)});
     m.Val12 = 2.0F + static_cast<float>(k % 10);
     m.Val60 = 55;
     m.Val64 = 60;

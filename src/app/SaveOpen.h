@@ -7,6 +7,7 @@
 namespace corvan {
 
 /// Set what the dialog shall show, call FOpen or FSave, read what was chosen. A cancelled dialog leaves all as it was.
+/// The interface is kept whole: nothing calls FSave, FRoot, GetFileNames, GetFileTitles, FilterN and Tag yet.
 class SaveOpen {
  public:
   SaveOpen();

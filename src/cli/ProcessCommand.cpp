@@ -220,7 +220,8 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
 void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
   CLI::Option* gps =
       command
-          .add_option("--gps", o.gps, "External GPS and depth track: an NMEA log, six columns or a table, told by content")
+          .add_option("--gps", o.gps,
+                      "External GPS and depth track: an NMEA log, six columns or a table, told by content")
           ->type_name("FILE");
   command.add_option("--link", o.link, "Link the data to the external track")
       ->check(Elenco({"time", "position"}))

@@ -13,7 +13,18 @@ namespace {
 
 constexpr double SecondsPerDay = 86400.0;
 
-std::int64_t Secondi(double days) { return static_cast<std::int64_t>(std::llround(days * SecondsPerDay)); }
+/// The nearest second, halves away from zero. What clocks tell goes the short way: half the time of a general rounding.
+std::int64_t Secondi(double days) {
+  const double seconds = days * SecondsPerDay;
+  constexpr double exact = 4e15;  // halves still have a place of their own
+  if (seconds > 1.0 && seconds < exact) return static_cast<std::int64_t>(seconds + 0.5);
+  return static_cast<std::int64_t>(std::llround(seconds));
+}
+
+/// That of a fix; one whose time is none stands at 0.
+std::int64_t SecondoDi(const PuntoGPSEst& fix) {
+  return std::isfinite(fix.DataOra) && std::abs(fix.DataOra) < 1e8 ? Secondi(fix.DataOra) : 0;
+}
 
 /// The fixes around a moment; 0 where there is none.
 struct Around {
@@ -25,62 +36,71 @@ struct Around {
 /// the smallest so far does. Both run in one direction, whatever the order of the fixes.
 class TimeIndex {
  public:
-  explicit TimeIndex(const Array1<PuntoGPSEst>& fixes) {
-    seconds_.reserve(fixes.size());
+  /// @param fixes at least one; must outlive the index
+  explicit TimeIndex(const Array1<PuntoGPSEst>& fixes) : fixes_(fixes), count_(fixes.size()) {
+    const PuntoGPSEst* before = &fixes(1);
     bool ordered = true;
     for (const PuntoGPSEst& fix : fixes) {
-      const std::int64_t second = std::isfinite(fix.DataOra) && std::abs(fix.DataOra) < 1e8 ? Secondi(fix.DataOra) : 0;
-      ordered = ordered && (seconds_.empty() || second >= seconds_.back());
-      seconds_.push_back(second);
+      ordered = ordered && SecondoDi(fix) >= SecondoDi(*before);
+      before = &fix;
     }
     if (ordered) return;
-    highest_ = lowest_ = seconds_;
-    for (std::size_t k = 1; k < seconds_.size(); ++k) {
+    highest_.reserve(count_);
+    for (const PuntoGPSEst& fix : fixes) highest_.push_back(SecondoDi(fix));
+    lowest_ = highest_;
+    for (std::size_t k = 1; k < count_; ++k) {
       highest_[k] = std::max(highest_[k], highest_[k - 1]);
       lowest_[k] = std::min(lowest_[k], lowest_[k - 1]);
     }
   }
 
-  std::int64_t second(std::size_t fix) const { return seconds_[fix - 1]; }
+  std::int64_t second(std::size_t fix) const { return SecondoDi(fixes_(fix)); }
 
   Around around(std::int64_t moment) {
-    if (seconds_.empty()) return {};
-    const std::size_t count = seconds_.size();
-    if (seconds_.front() == moment) return {0, 0, 1};
-    if (seconds_.front() < moment) {
-      const std::vector<std::int64_t>& rising = highest_.empty() ? seconds_ : highest_;
-      const std::size_t k = primo(rising, moment);
-      if (k == count) return {count, 0, 0};
-      return seconds_[k] == moment ? Around{0, 0, k + 1} : Around{k, k + 1, 0};
+    const std::int64_t first = second(1);
+    if (first == moment) return {0, 0, 1};
+    if (first < moment) {
+      const std::size_t k = primo(moment);
+      if (k == count_) return {count_, 0, 0};
+      return rising(k) == moment ? Around{0, 0, k + 1} : Around{k, k + 1, 0};
     }
     if (lowest_.empty()) return {0, 1, 0};
     const auto end = std::partition_point(lowest_.begin(), lowest_.end(), [moment](auto s) { return s > moment; });
     if (end == lowest_.end()) return {0, 1, 0};
     const auto k = static_cast<std::size_t>(end - lowest_.begin());
-    return seconds_[k] == moment ? Around{0, 0, k + 1} : Around{k + 1, 1, 0};
+    return lowest_[k] == moment ? Around{0, 0, k + 1} : Around{k + 1, 1, 0};
   }
 
  private:
-  /// First place of a rising list that is not less than the moment, from where the last search ended: measurements come
-  /// in order, too, as a rule.
-  std::size_t primo(const std::vector<std::int64_t>& rising, std::int64_t moment) {
+  /// The largest second up to place k, from 0. Tracks in order need no list of their own: it would cost as much again.
+  std::int64_t rising(std::size_t k) const { return highest_.empty() ? second(k + 1) : highest_[k]; }
+
+  /// First place that is not before the moment, from where the last search ended: measurements come in order, too, as a
+  /// rule.
+  std::size_t primo(std::int64_t moment) {
     std::size_t low = hint_, step = 1;
-    if (low >= rising.size() || rising[low] >= moment) low = 0;
+    if (low >= count_ || rising(low) >= moment) low = 0;
     std::size_t high = low;
-    while (high < rising.size() && rising[high] < moment) {
+    while (high < count_ && rising(high) < moment) {
       low = high;
       high += step;
       step *= 2;
     }
-    high = std::min(high, rising.size());
-    const auto from = rising.begin() + static_cast<std::ptrdiff_t>(low);
-    const auto found = std::lower_bound(from, rising.begin() + static_cast<std::ptrdiff_t>(high), moment);
-    const auto place = static_cast<std::size_t>(found - rising.begin());
-    hint_ = place == 0 ? 0 : place - 1;
-    return place;
+    high = std::min(high, count_);
+    while (low < high) {
+      const std::size_t middle = low + (high - low) / 2;
+      if (rising(middle) < moment) {
+        low = middle + 1;
+      } else {
+        high = middle;
+      }
+    }
+    hint_ = low == 0 ? 0 : low - 1;
+    return low;
   }
 
-  std::vector<std::int64_t> seconds_;
+  const Array1<PuntoGPSEst>& fixes_;
+  std::size_t count_;
   std::vector<std::int64_t> highest_, lowest_;  // up to each fix; empty when the fixes are in order
   std::size_t hint_ = 0;
 };

@@ -223,7 +223,8 @@ TEST(Sources, GiveBothFormsAndNeverDrift) {
 TEST(Sources, ComeBackFromAnotherZoneToTheBit) {
   for (const int stated : {0, 33}) {
     Fixture f({{288652.25, 5030933.5}, {0, 0}, {288700.75, 5030999}}, BadGps::Interpolate);
-    for (const std::size_t k : {1U, 3U}) std::get<Grid>(f.survey.Misure(k).sorgente).zone = static_cast<std::int16_t>(stated);
+    for (const std::size_t k : {1U, 3U})
+      std::get<Grid>(f.survey.Misure(k).sorgente).zone = static_cast<std::int16_t>(stated);
     f.run();
     const Array1<Misura> first = f.survey.Misure;
     f.survey.settings.griglia.zone = 32;
