@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/ErrorTrap.h"
+#include "base/File.h"
 #include "base/NumberText.h"
 #include "base/OleDate.h"
 #include "base/Text.h"
@@ -17,8 +18,6 @@
 #include "cli/Report.h"
 #include "input/InputDriver.h"
 #include "input/NmeaLog.h"
-#include "input/SyscalScan.h"
-#include "input/TextReader.h"
 #include "input/TrackFile.h"
 
 namespace corvan::cli {
@@ -55,57 +54,26 @@ struct FileInfo {
   Findings findings;  ///< what would be left unread or is amiss
 };
 
-/// Looks at the firings that a reading with the counted channels would give.
-void EsaminaScatti(const SyscalScan& scan, FileInfo& info) {
-  const SyscalRecords& records = scan.records;
-  const auto channels = static_cast<std::size_t>(scan.counted);
-  const bool timed = records.length() >= 304;
-  for (std::size_t first = scan.PrimoValido; first <= scan.UltimoValido; first += channels) {
-    const std::size_t last = std::min(first + channels - 1, scan.UltimoValido);
-    bool fix = false;
-    for (std::size_t k = first; k <= last; ++k) {
-      const bool here = NordDi(records, k) != 0.0F && EstDi(records, k) != 0.0F;
-      fix = fix || here;
-      const double time = records.leggi(k, campo::Tempo);
-      const float depth = records.leggi(k, campo::R48);
-      if (timed && TempoValido(time)) info.time.widen(time);
-      if (here && std::isfinite(depth)) info.depth.widen(depth);
-    }
-    ++info.firings;
-    info.positioned += fix ? 1U : 0U;
-  }
-}
-
-void EsaminaBinario(FileBytes bytes, FileInfo& info) {
-  if (const std::string reason = RifiutoSyscal(bytes.size()); !reason.empty()) throw FileError(info.name, reason);
-  const SyscalScan scan = EsaminaSyscal(std::move(bytes));
-  if (AltroGenere(scan)) throw FileError(info.name, "is neither a Syscal file nor a text export");
-  info.format = "syscal";
-  info.recordLength = scan.records.length();
-  info.records = scan.records.size();
-  info.channels = scan.counted;
-  info.largestChannel = scan.MaxCanale;
-  if (info.records > 0) EsaminaScatti(scan, info);
-  info.findings = RilieviSyscal(scan, scan.UltimoValido, scan.counted, false);
-}
-
-void EsaminaEsportazione(std::string_view text, FileInfo& info) {
+/// Looks at the firings that a reading would give. Nobody has said how the coordinates are written.
+void EsaminaMisure(FileInfo& info) {
+  ReadOptions options;
+  options.layoutChosen = false;
   const auto count = [&info](const Misura& m) {
-    ++info.firings;
+    if (TempoValido(m.Tempo)) info.time.widen(m.Tempo);
     if (m.SenzaFix) return;
     ++info.positioned;
     if (std::isfinite(m.Val12)) info.depth.widen(static_cast<double>(m.Val12));
   };
-  info.format = "text";
-  info.channels = info.largestChannel = static_cast<std::int32_t>(MaxChannels);
-  TextScan scan;
-  try {
-    scan = EsaminaTesto(text, ReadSpan::ToFirstLostFix, false, count);
-  } catch (const RunTimeError& error) {
-    throw FileError(info.name, error.what());
-  }
-  info.records = scan.lines;
-  info.findings = RilieviTesto(scan, ReadSpan::ToFirstLostFix);
+  const FileReport report = PercorriFile(info.name, options, count);
+  info.findings = report.findings;
+  info.format = report.summary.format;
+  if (info.format.empty()) return;
+  info.bytes = report.summary.bytes;
+  info.recordLength = report.summary.recordLength;
+  info.records = report.summary.records;
+  info.channels = report.summary.channels;
+  info.largestChannel = report.largestChannel;
+  info.firings = report.summary.firings;
 }
 
 /// Leaves every question unanswered.
@@ -143,20 +111,21 @@ void EsaminaTraccia(std::string_view text, FileInfo& info) {
   if (read.fixes.empty()) info.findings.fault(Procedure, "holds no fix");
 }
 
+/// Files of measurements by their first bytes; others may be too, when they are no track.
+constexpr std::size_t FirstBytes = 11;
+bool SonoMisure(std::string_view firstBytes) {
+  return TestataDiTesto(firstBytes) || firstBytes.starts_with(std::string_view("\x02\0\0\x80", 4));
+}
+
 FileInfo Esamina(const std::string& name, Findings& findings) {
   FileInfo info;
   info.name = name;
   Trappola(findings, Procedure, [&] {
-    FileBytes bytes = LeggiTutto(name);
+    if (SonoMisure(LeggiInizio(name, FirstBytes).text())) return EsaminaMisure(info);  // of any size
+    const FileBytes bytes = LeggiTutto(name);
+    info.track = Traccia(name, bytes.text());
     info.bytes = bytes.size();
-    if (TestataDiTesto(bytes.text())) {
-      EsaminaEsportazione(bytes.text(), info);
-    } else if (Traccia(name, bytes.text())) {
-      info.track = true;
-      EsaminaTraccia(bytes.text(), info);
-    } else {
-      EsaminaBinario(std::move(bytes), info);
-    }
+    info.track ? EsaminaTraccia(bytes.text(), info) : EsaminaMisure(info);
   });
   findings.add(info.findings, name);
   return info;

@@ -24,6 +24,8 @@ enum class ReadSpan {
 struct ReadOptions {
   ReadSpan span = ReadSpan::ToFirstLostFix;
   std::optional<AngleFormat> layout = AngleFormat::DMM_MMM;  ///< of latitudes and longitudes; none: the file holds UTM
+  /// Somebody chose the layout for the file: positions that look like another one's are a fault.
+  bool layoutChosen = true;
   /// Asked for the records of a firing where the file leaves them open, with the default answer; an empty answer takes
   /// it. Never set: the default is taken.
   std::function<std::string(std::int32_t)> channels;

@@ -1,7 +1,6 @@
 #include "input/InputDriver.h"
 
 #include <cstddef>
-#include <system_error>
 
 #include "base/ErrorTrap.h"
 #include "base/File.h"
@@ -10,31 +9,45 @@
 #include "input/TextReader.h"
 
 namespace corvan {
+namespace {
 
-bool TestataDiTesto(std::string_view firstBytes) {
-  return Maiuscolo(firstBytes.substr(0, TextHeader.size())) == TextHeader;
+constexpr std::string_view ExportStart = "DISTANCE";
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
+/// Which reader a file asks for; a file that cannot be opened gives its fault instead.
+template <class Text, class Syscal>
+void Scegli(const std::filesystem::path& path, FileReport& failed, Text&& text, Syscal&& syscal) {
+  bool isText = false;
+  const bool opened = Trappola(failed.findings, "LeggiFile", [&] {
+    isText = TestataDiTesto(LeggiInizio(path, ByteOrderMark.size() + ExportStart.size()).text());
+  });
+  failed.summary.path = path;
+  if (!opened) return;
+  isText ? text() : syscal();
 }
 
-void LeggiFile(InputContext& context) {
-  Survey& survey = context.survey;
-  const std::size_t before = survey.Misure.size();
-  FileSummary summary;
-  summary.path = survey.file.NomeFile;
-  std::error_code ignored;
-  const auto bytes = std::filesystem::file_size(summary.path, ignored);
-  if (!ignored) summary.bytes = bytes;
-  survey.files.push_back(summary);
+}  // namespace
 
-  Trappola(context.findings, "LeggiFile", [&] {
-    survey.file.TipoFile = Maiuscolo(LeggiInizio(survey.file.NomeFile, TextHeader.size()).text());
-    if (TestataDiTesto(survey.file.TipoFile)) {
-      LeggiFileCorvan(context);
-    } else {
-      LeggiSyscalPro2(context);
-    }
-  });
-  survey.files.back().firings = survey.Misure.size() - before;
-  survey.file.FileLetto = 1;
+bool TestataDiTesto(std::string_view firstBytes) {
+  if (firstBytes.starts_with(ByteOrderMark)) firstBytes.remove_prefix(ByteOrderMark.size());
+  return Maiuscolo(firstBytes.substr(0, ExportStart.size())) == ExportStart;
+}
+
+FileReport PercorriFile(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink) {
+  FileReport report;
+  Scegli(
+      path, report, [&] { report = PercorriTesto(path, options, sink); },
+      [&] { report = PercorriSyscal(path, options, sink); });
+  return report;
+}
+
+FileRead LeggiFile(const std::filesystem::path& path, const ReadOptions& options) {
+  FileRead read;
+  const MisuraSink keep = [&read](const Misura& m) { read.measurements.push_back(m); };
+  Scegli(
+      path, read, [&] { static_cast<FileReport&>(read) = PercorriTesto(path, options, keep); },
+      [&] { read = LeggiSyscal(path, options); });
+  return read;
 }
 
 }  // namespace corvan

@@ -3,26 +3,30 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <string>
 
 #include "base/Array1.h"
-#include "base/File.h"
-#include "input/InputContext.h"
+#include "input/FileRead.h"
 
 namespace corvan {
 
-/// Appends one measurement per firing of a Syscal Pro file to the survey.
+/// Hands the firings of a Syscal Pro file to `sink`, in the order of its records.
 ///
-/// Firings begin at the first record with a position; the channels of a firing are the records that share it. When
-/// their number is not the largest channel number stored, the user is asked ("Set Channel Number"); channels above 10
-/// count for the grouping and are not stored. Numbers that are not finite stay as read, but for positions, which are
-/// then lost.
-/// @param context survey.file.NomeFile names the file
-/// Errors: a file that cannot be read, is too short, is no Syscal file or gets a channel number below 1 adds nothing;
-/// each is one finding naming the file.
-void LeggiSyscalPro2(InputContext& context);
+/// Firings begin at the first record with a position. Where records were lost, firings are told apart by current,
+/// position and channel number of neighbouring records, so that one lost record spoils its own firing alone; their
+/// usual length is the number of records of a firing. When it is not the largest channel number stored,
+/// options.channels is asked; with another number than the usual one, and where no border can be told, every so many
+/// records are a firing. Channels above 10 count for the grouping and are not stored. Numbers that are not finite stay
+/// as read, but for positions, which are then lost. Memory is that of one block of the file.
+///
+/// Errors: a file that cannot be read, is too short, of the newer kind or no Syscal file gives an empty format, a
+/// channel number below 1 no firing; each is one finding.
+FileReport PercorriSyscal(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink);
+
+/// The same with the firings kept; what an error left of them is given up. Reads the file once, not twice, where its
+/// beginning speaks for all of it.
+FileRead LeggiSyscal(const std::filesystem::path& path, const ReadOptions& options);
 
 inline constexpr std::size_t OldRecordLength = 248;
 
