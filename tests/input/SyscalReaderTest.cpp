@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
 #include <limits>
+#include <utility>
+#include <vector>
 
 #include "input/InputDriver.h"
 #include "support/SurveyFiles.h"
@@ -16,23 +19,26 @@ using test::Firings;
 using test::RecordValues;
 using test::SyscalFile;
 
-/// Reads one file after another into a survey.
+/// One file read.
 struct Reading {
   test::TempFolder folder;
-  test::ScriptedAnswers dialogs;
-  Findings findings;
-  Survey survey;
-  ReadSpan span = ReadSpan::ToFirstLostFix;
+  std::vector<std::int32_t> asked;
+  std::string answer;
+  ReadOptions options;
+  FileRead read;
 
   void file(const std::string& content) {
-    survey.file.NomeFile = folder.write("file" + std::to_string(survey.file.NumFile) + ".bin", content);
-    ++survey.file.NumFile;
-    InputContext context{survey, dialogs, findings, span};
-    LeggiFile(context);
+    options.channels = [this](std::int32_t usual) {
+      asked.push_back(usual);
+      return answer;
+    };
+    read = LeggiFile(folder.write("file.bin", content), options);
   }
+  const Misura& firing(std::size_t g) const { return read.measurements.at(g - 1); }
+  std::size_t firings() const { return read.measurements.size(); }
   bool says(const std::string& part) const {
-    for (const Finding& d : findings.entries()) {
-      if (d.reason.find(part) != std::string::npos) return !d.file.empty();
+    for (const Finding& d : read.findings.entries()) {
+      if (d.reason.find(part) != std::string::npos) return true;
     }
     return false;
   }
@@ -54,14 +60,17 @@ TEST_P(RecordLengths, FollowTheTypeWord) {
     records[k].potential = static_cast<float>(k + 1);
   }
   r.file(SyscalFile(records, GetParam().type, GetParam().length));
-  ASSERT_EQ(r.survey.NumMisure(), 3);
-  EXPECT_EQ(r.survey.Misure(3).Rho[10], 3.1F);
-  EXPECT_EQ(r.survey.Misure(3).Elettrodi[11], 12.5F);
-  EXPECT_EQ(r.survey.Misure(2).Lat, static_cast<double>(4524.0F + 2.0F / 128));
-  EXPECT_EQ(r.survey.Misure(2).Val184, -1000.0F);
-  EXPECT_EQ(r.survey.Misure(2).CanaleB[7], -17.0F);
-  EXPECT_TRUE(r.dialogs.questions.empty());
-  EXPECT_FALSE(r.findings.anyFault());
+  ASSERT_EQ(r.firings(), 3U);
+  EXPECT_EQ(r.firing(3).Rho[10], 3.1F);
+  EXPECT_EQ(r.firing(3).Elettrodi[1], 62.5F);
+  EXPECT_EQ(r.firing(3).Elettrodi[11], 12.5F) << "the second electrode of the last channel";
+  EXPECT_EQ(r.firing(3).letture, AllReadings);
+  EXPECT_EQ(r.firing(1).Tempo, GetParam().length == 304 ? 46188.25 : 0.0);
+  EXPECT_EQ(r.firing(2).Lat, static_cast<double>(4524.0F + 2.0F / 128));
+  EXPECT_EQ(r.firing(2).Val184, -1000.0F);
+  EXPECT_EQ(r.firing(2).CanaleB[7], -17.0F);
+  EXPECT_TRUE(r.asked.empty());
+  EXPECT_FALSE(r.read.findings.anyFault());
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, RecordLengths,
@@ -75,52 +84,47 @@ TEST(ShortRecords, TakeTheirPositionFromTheNextRecord) {
   auto records = Firings(4, 1);
   for (RecordValues& v : records) v.c1 = 4524.5F;  // byte 16 of a record is byte 264 of the one before it
   for (RecordValues& v : records) v.c2 = 1218.5F;
-  r.dialogs.answers["Set Channel Number"] = {"1"};
+  r.answer = "1";
   r.file(SyscalFile(records, 0, 248));
-  ASSERT_EQ(r.survey.NumMisure(), 3);
-  EXPECT_EQ(r.survey.Misure(1).Lon, 1218.5);
+  ASSERT_EQ(r.firings(), 3U);
+  EXPECT_EQ(r.firing(1).Lon, 1218.5);
   EXPECT_TRUE(r.says("248 bytes"));
 }
 
-TEST(Grouping, AsksOnceAFileWhenCountAndLargestChannelDiffer) {
+TEST(Grouping, AsksOnceAFileWhenUsualLengthAndLargestChannelDiffer) {
   Reading r;
   auto records = Firings(6, 2);
   for (RecordValues& v : records) v.channel = 0;
   r.file(SyscalFile(records));
-  ASSERT_EQ(r.dialogs.questions.size(), 1U);
-  EXPECT_EQ(r.dialogs.questions[0].prompt, "Set Channel Number");
-  EXPECT_EQ(r.dialogs.questions[0].title, "N. Channel");
-  EXPECT_EQ(r.dialogs.questions[0].defaultAnswer, "2");
-  EXPECT_EQ(r.survey.NumMisure(), 6) << "Cancel keeps the counted run";
-  r.dialogs.answers["Set Channel Number"] = {"5 channels"};
+  EXPECT_EQ(r.asked, std::vector<std::int32_t>{2});
+  EXPECT_EQ(r.firings(), 6U) << "an empty answer keeps the usual length";
+  EXPECT_TRUE(r.says("firings have 2 records as a rule, the largest channel number stored is 0: read with 2 a firing"));
+  r.answer = "5 channels";
   r.file(SyscalFile(records));
-  EXPECT_EQ(r.survey.NumMisure(), 6 + 3) << "12 records in fives";
-  EXPECT_EQ(r.survey.Misure(7).NumFile, 2);
+  EXPECT_EQ(r.firings(), 3U) << "12 records in fives";
+  EXPECT_TRUE(r.says("read with 5 a firing (--channels), whatever the borders"));
+  EXPECT_TRUE(r.says("\"5 channels\" is no number from end to end: read as 5"));
+  EXPECT_TRUE(r.says("the last firing has 2 of 5 channels"));
 }
 
-TEST(Grouping, NeverCountsBelowTwoChannelsNorPastTheLastRecord) {
-  Reading single;
-  single.file(SyscalFile(Firings(5, 1)));
-  EXPECT_EQ(single.dialogs.questions.at(0).defaultAnswer, "2");
-  EXPECT_TRUE(single.says("the counted 2 channels differ from the largest channel number stored, 1"));
-  Reading one;
-  one.file(SyscalFile(Firings(1, 1)));
-  EXPECT_EQ(one.dialogs.questions.at(0).defaultAnswer, "2");
-  EXPECT_EQ(one.survey.NumMisure(), 1);
+TEST(Grouping, GroupsChannelsAboveTenWithoutStoringThem) {
   Reading same;
   same.file(SyscalFile(Firings(1, 12)));
-  EXPECT_EQ(same.survey.file.NumCanali, 12);
-  EXPECT_EQ(same.survey.Misure(1).Rho[10], 1.1F) << "channels above 10 are grouped but not stored";
+  EXPECT_EQ(same.read.summary.channels, 12);
+  EXPECT_EQ(same.firing(1).Rho[10], 1.1F);
   EXPECT_TRUE(same.says("channels 11 to 12"));
 }
 
 TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
+  auto records = Firings(3, 1);
+  for (RecordValues& v : records) v.channel = 7;
   for (const char* answer : {"0", "-5", "0.5", "40000", "abc"}) {
     Reading r;
-    r.dialogs.answers["Set Channel Number"] = {answer};
-    r.file(SyscalFile(Firings(3, 1)));
-    EXPECT_EQ(r.survey.NumMisure(), 0) << answer;
-    EXPECT_TRUE(r.findings.anyFault()) << answer;
+    r.answer = answer;
+    r.file(SyscalFile(records));
+    EXPECT_EQ(r.firings(), 0U) << answer;
+    EXPECT_TRUE(r.read.findings.anyFault()) << answer;
+    EXPECT_EQ(r.read.summary.format, "syscal") << answer;
   }
 }
 
@@ -129,18 +133,19 @@ TEST(LostFixes, EndTheFileUnlessReadPast) {
   for (std::size_t k : {0U, 1U, 6U, 7U}) records[k].north = records[k].east = 0;  // firings 1 and 4
   Reading r;
   r.file(SyscalFile(records));
-  ASSERT_EQ(r.survey.NumMisure(), 2);
-  EXPECT_EQ(r.survey.Misure(1).Rho[1], 2.01F);
+  ASSERT_EQ(r.firings(), 2U);
+  EXPECT_EQ(r.firing(1).Rho[1], 2.01F);
   EXPECT_TRUE(r.says("fix lost at record 7: 6 records from there on left out, 4 of them with a position"));
   EXPECT_TRUE(r.says("2 records before the first position"));
 
   Reading past;
-  past.span = ReadSpan::PastLostFixes;
+  past.options.span = ReadSpan::PastLostFixes;
   past.file(SyscalFile(records));
-  ASSERT_EQ(past.survey.NumMisure(), 5);
-  EXPECT_TRUE(past.survey.Misure(3).SenzaFix);
-  EXPECT_EQ(past.survey.Misure(3).Rho[2], 4.02F) << "the readings of a firing without fix are kept";
-  EXPECT_FALSE(past.findings.anyFault());
+  ASSERT_EQ(past.firings(), 5U);
+  EXPECT_TRUE(past.firing(3).SenzaFix);
+  EXPECT_EQ(past.firing(3).Rho[2], 4.02F) << "the readings of a firing without fix are kept";
+  EXPECT_FALSE(past.read.findings.anyFault());
+  EXPECT_TRUE(past.says("2 records without position kept as bad fixes, the first is record 7"));
 }
 
 TEST(LostFixes, WithoutLongitudeLeaveTheFiringEmpty) {
@@ -148,9 +153,10 @@ TEST(LostFixes, WithoutLongitudeLeaveTheFiringEmpty) {
   records[2].east = records[3].east = 0;
   Reading r;
   r.file(SyscalFile(records));
-  ASSERT_EQ(r.survey.NumMisure(), 3);
-  EXPECT_TRUE(r.survey.Misure(2).SenzaFix);
-  EXPECT_EQ(r.survey.Misure(2).Rho[1], 0.0F);
+  ASSERT_EQ(r.firings(), 3U);
+  EXPECT_TRUE(r.firing(2).SenzaFix);
+  EXPECT_EQ(r.firing(2).Rho[1], 0.0F);
+  EXPECT_TRUE(Vuota(r.firing(2)));
   EXPECT_TRUE(r.says("2 records with a longitude or easting of 0"));
 }
 
@@ -161,61 +167,145 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
   records[4].north = records[5].north = std::numeric_limits<float>::quiet_NaN();
   Reading r;
   r.file(SyscalFile(records));
-  ASSERT_EQ(r.survey.NumMisure(), 2);
-  EXPECT_TRUE(std::isnan(r.survey.Misure(1).Rho[1]));
-  EXPECT_TRUE(std::isinf(r.survey.Misure(2).Val12));
+  ASSERT_EQ(r.firings(), 2U);
+  EXPECT_TRUE(std::isnan(r.firing(1).Rho[1]));
+  EXPECT_TRUE(std::isinf(r.firing(2).Val12));
   EXPECT_TRUE(r.says("3 records with a reading or electrode that is not a finite number, the first is record 1"));
-  EXPECT_TRUE(r.findings.anyFault());
+  EXPECT_TRUE(r.read.findings.anyFault());
 
   Reading past;
-  past.span = ReadSpan::PastLostFixes;
+  past.options.span = ReadSpan::PastLostFixes;
   records[4].north = records[5].north = 4524.0F;
   records[2].east = records[3].east = -std::numeric_limits<float>::infinity();
   past.file(SyscalFile(records));
-  ASSERT_EQ(past.survey.NumMisure(), 3);
-  EXPECT_TRUE(past.survey.Misure(2).SenzaFix);
+  ASSERT_EQ(past.firings(), 3U);
+  EXPECT_TRUE(past.firing(2).SenzaFix);
   EXPECT_TRUE(past.says("2 records with a position that is not a finite number"));
 }
 
 TEST(UtmFiles, FillEastingAndNorthingOnly) {
   Reading r;
-  r.survey.settings.CoordUTM = true;
+  r.options.layout.reset();
   auto records = Firings(2, 2);
-  for (RecordValues& v : records) v.north = 5030000.5F;
+  for (RecordValues& v : records) v.north = 5030000.5F, v.east += 290000.0F;
   records[2].north = records[3].north = 5030010.5F;
   r.file(SyscalFile(records));
-  EXPECT_EQ(r.survey.Misure(2).UTMy, 5030010.5);
-  EXPECT_EQ(r.survey.Misure(2).UTMx, 1218.0 + 2.0 / 64);
-  EXPECT_EQ(r.survey.Misure(2).Lat, 0);
+  EXPECT_EQ(r.firing(2).UTMy, 5030010.5);
+  EXPECT_EQ(r.firing(2).UTMx, 291218.03125);
+  EXPECT_EQ(r.firing(2).Lat, 0);
 }
 
 TEST(Sizes, ShortOfARecordAreNamed) {
-  const std::string whole = SyscalFile(Firings(2, 2));
+  const std::string whole = SyscalFile(Firings(5, 2));
   struct Case {
     std::string content;
-    std::int32_t firings;
+    std::size_t firings;
     const char* words;
+    const char* format;
   };
-  const Case cases[] = {{"", 0, "is empty"},
-                        {std::string(1046, '\0'), 0, "1046 bytes, at least 1047"},
-                        {std::string(1047, '\0'), 0, "holds no record"},
-                        {whole.substr(0, whole.size() - 100), 2, "204 of 304 bytes"},
-                        {whole + std::string(100, 'x'), 2, "100 bytes behind the last record"},
-                        {std::string(5000, 'x'), 0, "neither a Syscal file nor a text export"}};
+  const Case cases[] = {{"", 0, "is empty", ""},
+                        {std::string(1046, '\0'), 0, "1046 bytes, at least 1047", ""},
+                        {std::string(1047, '\0'), 0, "holds no record", "syscal"},
+                        {whole.substr(0, whole.size() - 100), 5, "204 of 304 bytes", "syscal"},
+                        {whole + std::string(100, 'x'), 5, "100 bytes behind the last record", "syscal"},
+                        {std::string(5000, 'x'), 0, "neither a Syscal file nor a text export", ""}};
   for (const Case& c : cases) {
     Reading r;
     r.file(c.content);
-    EXPECT_EQ(r.survey.NumMisure(), c.firings) << c.words;
+    EXPECT_EQ(r.firings(), c.firings) << c.words;
     EXPECT_TRUE(r.says(c.words)) << c.words;
-    EXPECT_TRUE(r.findings.anyFault()) << c.words;
+    EXPECT_TRUE(r.read.findings.anyFault()) << c.words;
+    EXPECT_EQ(r.read.summary.format, c.format) << c.words;
+    EXPECT_TRUE(!r.read.summary.format.empty() || r.read.findings.entries().size() == 1) << c.words;
   }
 }
 
 TEST(Sizes, BeyondSixteenBitsOfRecordsAreReadWhole) {
   Reading r;
   r.file(SyscalFile(Firings(3300, 10), 1, 280));
-  EXPECT_EQ(r.survey.NumMisure(), 3300);
-  EXPECT_EQ(r.survey.Misure(3300).Rho[10], 3300.1F);
+  EXPECT_EQ(r.firings(), 3300U);
+  EXPECT_EQ(r.firing(3300).Rho[10], 3300.1F);
+}
+
+/// A file of 248-byte records with random bytes behind a beginning that says nothing else.
+std::string Noise(std::size_t bytes, bool signature) {
+  std::string file(bytes, '\0');
+  std::uint32_t state = 12345;
+  for (std::size_t k = 0; k < bytes; ++k) {
+    state = state * 1664525U + 1013904223U;
+    if (k > 1032) file[k] = static_cast<char>(state >> 24U);
+  }
+  if (signature) file.replace(0, 4, std::string("\x02\0\0\x80", 4));
+  return file;
+}
+
+TEST(Kinds, OtherThanReadableOnesAreRefusedByName) {
+  std::string newer = SyscalFile(Firings(3, 2));
+  newer.replace(16, 10, "SYSCAL Pro");
+  std::string version = newer, type = newer, named = SyscalFile(Firings(3, 2));
+  version[0] = 6;
+  type[1031] = 6;
+  named.replace(17, 10, "SYSCAL Pro");
+  named[0] = 6;
+  struct Case {
+    std::string content;
+    std::size_t firings;
+    const char* words;
+  };
+  const Case cases[] = {{version, 0, "newer kind (.binx, version 6)"},
+                        {version.substr(0, 900), 0, "newer kind"},
+                        {type, 0, "newer kind"},
+                        {newer, 3, ""},
+                        {named, 3, ""},
+                        {Noise(30000, false), 0, "neither a Syscal file nor a text export"},
+                        {Noise(30000, true), 0, "neither a Syscal file nor a text export"}};
+  for (const Case& c : cases) {
+    Reading r;
+    r.file(c.content);
+    EXPECT_EQ(r.firings(), c.firings) << c.words;
+    EXPECT_TRUE(*c.words == '\0' || r.says(c.words)) << c.words;
+    EXPECT_EQ(r.read.findings.anyFault(), c.firings == 0) << c.words;
+    EXPECT_EQ(r.read.summary.format.empty(), c.firings == 0) << c.words;
+  }
+}
+
+TEST(Kinds, TextExportsAreToldWithAndWithoutByteOrderMark) {
+  EXPECT_TRUE(TestataDiTesto("distance;x"));
+  EXPECT_TRUE(
+      TestataDiTesto("\xEF\xBB\xBF"
+                     "Distance"));
+  EXPECT_FALSE(
+      TestataDiTesto("\xEF\xBB\xBF"
+                     "Distanc"));
+  EXPECT_FALSE(TestataDiTesto(" DISTANCE"));
+  const FileRead missing = LeggiFile("/nowhere/at.all", {});
+  EXPECT_TRUE(missing.summary.format.empty());
+  ASSERT_EQ(missing.findings.entries().size(), 1U);
+  EXPECT_EQ(missing.findings.entries()[0].file, "/nowhere/at.all");
+}
+
+TEST(Formats, OfPositionsAreChecked) {
+  Reading r;
+  r.options.layout = AngleFormat::D_DDDD;
+  r.file(SyscalFile(Firings(3, 2)));
+  EXPECT_TRUE(r.says("are degrees and minutes (--coords ddmm), read as decimal degrees (--coords dd): 3 of 3"));
+  EXPECT_EQ(r.firing(2).Lat, static_cast<double>(4524.0F + 2.0F / 128)) << "read as it was asked for";
+}
+
+// Appended to by an acquisition that runs, replaced under the reader's hands.
+TEST(Changes, WhileAFileIsReadAreAFault) {
+  const test::TempFolder folder;
+  const std::string whole = SyscalFile(Firings(3000, 2));
+  for (const std::size_t bytes : {whole.size() / 4, whole.size() + 3040}) {
+    const auto path = folder.write("growing.bin", whole);
+    bool changed = false;
+    const FileReport report = PercorriFile(path, {}, [&](const Misura&) {
+      if (!std::exchange(changed, true)) std::filesystem::resize_file(path, bytes);
+    });
+    EXPECT_TRUE(report.summary.format.empty());
+    ASSERT_EQ(report.findings.entries().size(), 1U);
+    EXPECT_NE(report.findings.entries()[0].reason.find("while it was read"), std::string::npos);
+  }
 }
 
 TEST(OldRecords, AreLoadedAsTheyStand) {

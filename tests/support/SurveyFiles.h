@@ -54,6 +54,7 @@ struct RecordValues {
   std::int16_t channel = 1;
   float north = 4524.5F, east = 1218.25F;
   double time = 46188.25;
+  std::int16_t bits = 0;  ///< at offset 248
 };
 
 /// A Syscal Pro file with these records. @param type record type word @param length record length for that word

@@ -1,0 +1,361 @@
+// Records into firings: which borders are told, what a lost record costs, where readings go.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "input/InputDriver.h"
+#include "support/SurveyFiles.h"
+
+namespace corvan {
+namespace {
+
+using test::RecordValues;
+using Records = std::vector<RecordValues>;
+
+/// Firings of five channels whose currents differ; rho is firing + channel/100.
+Records Injections(std::size_t firings = 6, std::size_t channels = 5) {
+  Records records = test::Firings(firings, channels);
+  for (RecordValues& v : records) v.current = 1000.0F + std::floor(v.rho);
+  return records;
+}
+
+Records Lost(Records records, std::vector<std::size_t> numbers) {
+  for (std::size_t i = numbers.size(); i-- > 0;)
+    records.erase(records.begin() + static_cast<std::ptrdiff_t>(numbers[i] - 1));
+  return records;
+}
+
+Records Each(Records records, const std::function<void(RecordValues&, std::size_t)>& change) {
+  for (std::size_t k = 0; k < records.size(); ++k) change(records[k], k);
+  return records;
+}
+
+Records NoChannels(Records records) {
+  return Each(std::move(records), [](RecordValues& v, std::size_t) {
+    v.channel = 0;
+    v.m = 50;
+    v.n = 45;
+  });
+}
+
+/// Offset 250 counts readings, as in land files; the low bits at 248 number channels from 0, the high ones tell how
+/// many.
+Records Land(Records records, std::int16_t high) {
+  return Each(std::move(records), [high](RecordValues& v, std::size_t k) {
+    v.bits = static_cast<std::int16_t>(high * 16 + v.channel - 1);
+    v.channel = static_cast<std::int16_t>(k + 100);
+    v.m = 50;
+    v.n = 45;
+  });
+}
+
+/// Firings of the numbers of channels given, land-wise, with their own numbers in the high bits.
+Records LandFirings(const std::vector<std::size_t>& channels, std::vector<std::size_t> lost) {
+  Records all;
+  for (std::size_t g = 0; g < channels.size(); ++g) {
+    Records one = Land(test::Firings(1, channels[g]), static_cast<std::int16_t>(channels[g]));
+    for (RecordValues& v : one) {
+      v.current = 500.0F + static_cast<float>(g);
+      v.channel = static_cast<std::int16_t>(all.size() + 200);
+      all.push_back(v);
+    }
+  }
+  return Lost(all, std::move(lost));
+}
+
+struct FiringCase {
+  const char* what;
+  Records records;
+  const char* readings;   // channels with a reading, firing by firing
+  const char* says = "";  // part of a finding; empty: no fault
+  Severity severity = Severity::Fault;
+  const char* answer = "";
+  bool channelsKept = true;  // every reading lies in the channel that its rho names
+  ReadSpan span = ReadSpan::ToFirstLostFix;
+};
+
+void PrintTo(const FiringCase& c, std::ostream* out) { *out << c.what; }
+
+std::string Readings(const FileRead& read) {
+  std::string text;
+  for (const Misura& m : read.measurements) {
+    text += text.empty() ? "" : " ";
+    for (std::size_t c = 1; c <= MaxChannels; ++c) text += HaLettura(m, c) ? std::string(1, "0123456789X"[c]) : "";
+    if (Vuota(m)) text += "-";
+  }
+  return text;
+}
+
+class FiringTable : public ::testing::TestWithParam<FiringCase> {};
+
+TEST_P(FiringTable, FindTheirReadings) {
+  const FiringCase& row = GetParam();
+  const test::TempFolder folder;
+  ReadOptions options;
+  options.span = row.span;
+  options.channels = [&row](std::int32_t) { return row.answer; };
+  const FileRead read = LeggiFile(folder.write("file.bin", test::SyscalFile(row.records)), options);
+  EXPECT_EQ(Readings(read), row.readings);
+  EXPECT_EQ(read.summary.firings, read.measurements.size());
+  bool said = std::string_view(row.says).empty() && !read.findings.anyFault();
+  std::string all;
+  for (const Finding& f : read.findings.entries()) {
+    all += "\n" + f.reason;
+    said = said || (!std::string_view(row.says).empty() && f.severity == row.severity &&
+                    f.reason.find(row.says) != std::string::npos);
+  }
+  EXPECT_TRUE(said) << all;
+  EXPECT_TRUE(row.severity == Severity::Fault || !read.findings.anyFault()) << all;
+  for (const Misura& m : read.measurements) {
+    for (std::size_t c = 1; row.channelsKept && c <= MaxChannels; ++c) {
+      const float hundredths = std::round((m.Rho[c] - std::floor(m.Rho[c])) * 100.0F);
+      EXPECT_EQ(static_cast<std::size_t>(hundredths), HaLettura(m, c) ? c : 0) << m.Rho[c];
+    }
+  }
+}
+
+const auto SetCurrent = [](Records records) {
+  return Each(std::move(records), [](RecordValues& v, std::size_t) { v.current = 2023.0F; });
+};
+const auto Moored = [](Records records) {
+  return Each(std::move(records), [](RecordValues& v, std::size_t) {
+    v.north = 4524.5F;
+    v.east = 1218.5F;
+  });
+};
+const auto Steps = [](Records records) {  // the receiver speaks in the middle of firing 2, the clock everywhere
+  return Each(std::move(records), [](RecordValues& v, std::size_t k) {
+    if (k >= 7 && k < 10) v.north += 0.25F;
+    v.time += static_cast<double>(k / 3) / 86400.0;
+  });
+};
+const auto Glitch = [](Records records) {  // one record with another current
+  records[7].current = 1.0F;
+  return records;
+};
+const auto Counting = [](Records records) {  // our own files: readings counted, 600 at 248
+  return Each(std::move(records), [](RecordValues& v, std::size_t k) {
+    v.channel = static_cast<std::int16_t>(k);
+    v.bits = 600;
+  });
+};
+const auto Rolling = [](Records records) {  // the cable moves on by 3 m from firing to firing
+  return Each(std::move(records), [](RecordValues& v, std::size_t) {
+    const float moved = 3.0F * std::floor(v.rho);
+    v.c1 += moved;
+    v.m += moved;
+    v.n += moved;
+  });
+};
+const auto Repeated = [](Records records, std::size_t number) {
+  records.insert(records.begin() + static_cast<std::ptrdiff_t>(number), records[number - 1]);
+  return records;
+};
+const auto NoFix = [](Records records, std::size_t from, std::size_t to) {
+  for (std::size_t k = from - 1; k < to; ++k) records[k].north = records[k].east = 0;
+  return records;
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Borders, FiringTable,
+    ::testing::Values(
+        FiringCase{"whole", Injections(3), "12345 12345 12345"},
+        FiringCase{
+            "lost record", Lost(Injections(4), {8}), "12345 1245 12345 12345",
+            "1 firing lost records, the first is firing 2 (from record 6 on) has 4 of 5 records: 1 read by channel"},
+        FiringCase{"lost across a border", Lost(Injections(4), {5, 6}), "1234 2345 12345 12345",
+                   "2 firings lost records"},
+        FiringCase{"current saturates", Lost(SetCurrent(Injections(4)), {8}), "12345 1245 12345 12345", "lost records"},
+        FiringCase{"position does not change", Lost(Moored(Injections(4)), {8}), "12345 1245 12345 12345",
+                   "lost records"},
+        FiringCase{"position and time step inside a firing", Lost(Steps(Injections(12)), {13}),
+                   "12345 12345 1245 12345 12345 12345 12345 12345 12345 12345 12345 12345", "lost records"},
+        FiringCase{"one current differs", Glitch(Injections(3)), "12345 12345 12345"},
+        FiringCase{"only the channel number tells", Lost(Moored(SetCurrent(Injections(5, 10))), {25}),
+                   "123456789X 123456789X 12346789X 123456789X 123456789X", "lost records"},
+        FiringCase{"only the position tells", NoChannels(SetCurrent(Injections(3))), "12345 12345 12345", "",
+                   Severity::Fault, "", false},
+        FiringCase{"low bits at 248", Lost(Land(Injections(4), 0), {8}), "12345 1245 12345 12345", "lost records"},
+        FiringCase{"places of M and N", Lost(Counting(Injections(5)), {8}), "12345 1245 12345 12345 12345",
+                   "lost records"},
+        FiringCase{"places of a moving cable", Lost(Counting(Rolling(Injections(5))), {8}),
+                   "12345 1245 12345 12345 12345", "lost records"},
+        FiringCase{"first and last firing cut", Lost(Injections(4), {1, 2, 18, 19, 20}), "345 12345 12345 12",
+                   "2 firings lost records"},
+        FiringCase{"one run between the first and the last tells the length", Lost(Injections(3), {8}),
+                   "1234 5 1234 1234 5", "2 firings lost records", Severity::Fault, "", false},
+        FiringCase{"the larger of equally frequent lengths", Lost(Injections(6), {8, 13}),
+                   "12345 1245 1245 12345 12345 12345", "2 firings"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Cutting, FiringTable,
+    ::testing::Values(
+        FiringCase{"own number in the high bits, smaller", LandFirings({5, 5, 3, 5, 5}, {}),
+                   "12345 12345 123 12345 12345"},
+        FiringCase{"own number in the high bits, larger", LandFirings({5, 5, 7, 5, 5}, {}),
+                   "12345 12345 1234567 12345 12345"},
+        FiringCase{"own number and a record lost", LandFirings({5, 5, 7, 5, 5}, {12}), "12345 12345 134567 12345 12345",
+                   "firing 3 (from record 11 on) has 6 of 7 records"},
+        FiringCase{"high bits that tell no number", Lost(Land(Injections(4), 1), {8}), "12345 1245 12345 12345",
+                   "4 of 5"},
+        FiringCase{"high bits below the number", Lost(Land(Injections(4, 2), 1), {3}), "12 2 12 12",
+                   "has 1 of 2 records: 1 read by channel"},
+        FiringCase{"two firings without border between",
+                   Each(NoChannels(Injections(6)),
+                        [](RecordValues& v, std::size_t k) {
+                          if (k >= 10 && k < 15)
+                            v.current = 1002.0F, v.north = 4524.0F + 2.0F / 128, v.east = 1218.0F + 2.0F / 64;
+                        }),
+                   "12345 12345 12345 12345 12345 12345", "", Severity::Fault, "", false},
+        FiringCase{"a record twice", Repeated(Injections(5), 8), "12345 12345 12345 12345 12345",
+                   "1 record equal to the one before dropped"},
+        FiringCase{"a record twice in a firing that lost others", Lost(Repeated(Injections(4), 8), {7, 11}),
+                   "12345 134 12345 12345",
+                   "1 record of such firings left out for want of a channel number of their own"},
+        FiringCase{"lost without channel numbers", Lost(NoChannels(Injections(4)), {8}), "12345 - 12345 12345",
+                   "1 left without reading", Severity::Fault, "", false},
+        FiringCase{"cut at the end of the file", Lost(NoChannels(Injections(4)), {19, 20}), "12345 12345 12345 123",
+                   "has 3 of 5 records: 1 read in order", Severity::Fault, "", false},
+        FiringCase{"begins before the first position", NoFix(Injections(11), 1, 7),
+                   "345 12345 12345 12345 12345 12345 12345 12345 12345 12345",
+                   "firing 1 (from record 8 on) has 3 of 5 records, the others being among those", Severity::Note},
+        FiringCase{"the same without channel numbers", NoFix(NoChannels(Injections(4)), 1, 7), "- 12345 12345",
+                   "1 left without reading", Severity::Note, "", false},
+        FiringCase{"begins inside two firings without border between",
+                   NoFix(Each(NoChannels(Injections(12)),
+                              [](RecordValues& v, std::size_t k) {
+                                if (k < 10) v.current = 1.0F, v.north = 4524.5F, v.east = 1218.5F;
+                              }),
+                         1, 3),
+                   "- 12345 12345 12345 12345 12345 12345 12345 12345 12345 12345 12345",
+                   "firing 1 (from record 4 on) has 2 of 5 records", Severity::Note, "", false},
+        FiringCase{"fix lost inside a firing", NoFix(Injections(4), 14, 14), "12345 12345 123",
+                   "fix lost at record 14"},
+        FiringCase{"the same read past", NoFix(Injections(4), 14, 14), "12345 12345 12345 12345",
+                   "1 record without position kept", Severity::Note, "", true, ReadSpan::PastLostFixes}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Numbers, FiringTable,
+    ::testing::Values(FiringCase{"single channel", Injections(5, 1), "1 1 1 1 1"},
+                      FiringCase{"single channel, constant current", test::Firings(5, 1), "1 1 1 1 1"},
+                      FiringCase{"one record", Injections(1, 1), "1", "no border between firings is sure",
+                                 Severity::Note},
+                      FiringCase{"two records", Injections(1, 2), "12"},
+                      FiringCase{"ten records of one firing", Injections(1, 10), "123456789X"},
+                      FiringCase{"two firings", Injections(2, 5), "12345 12345"},
+                      FiringCase{"answer in force", NoChannels(Injections(4)), "123 123 123 123 123 123 12",
+                                 "read with 3 a firing", Severity::Note, "3", false},
+                      FiringCase{"answer that is the usual length", Lost(NoChannels(Injections(4)), {8}),
+                                 "12345 - 12345 12345", "1 left without reading", Severity::Fault, "5", false},
+                      FiringCase{"no border: the run of equal latitudes", NoChannels(Moored(SetCurrent(Injections(2)))),
+                                 "123456789X", "10 records share the first position", Severity::Note, "", false}));
+
+TEST(FiringNumbers, AreAskedForOnlyWhereTheFileContradictsItself) {
+  const test::TempFolder folder;
+  std::vector<std::int32_t> asked;
+  ReadOptions options;
+  options.channels = [&asked](std::int32_t usual) {
+    asked.push_back(usual);
+    return std::string();
+  };
+  LeggiFile(folder.write("equal.bin", test::SyscalFile(Injections(3))), options);
+  EXPECT_TRUE(asked.empty());
+  const FileRead read = LeggiFile(folder.write("counted.bin", test::SyscalFile(Counting(Injections(3)))), options);
+  EXPECT_EQ(asked, std::vector<std::int32_t>{5});
+  EXPECT_EQ(read.largestChannel, 14);
+  EXPECT_EQ(read.summary.channels, 5);
+}
+
+bool Same(const Misura& a, const Misura& b) {
+  return a.letture == b.letture && a.Rho == b.Rho && a.CanaleA == b.CanaleA && a.Elettrodi == b.Elettrodi &&
+         a.Lat == b.Lat && a.Lon == b.Lon && a.Val180 == b.Val180 && a.Val12 == b.Val12 && a.Tempo == b.Tempo;
+}
+
+// One record cut out of the sample, anywhere, spoils its own firing and no other.
+TEST(LostRecords, OfTheSampleSpoilTheirOwnFiringAlone) {
+  const std::string whole = test::Slurp(std::string(CORVAN_SAMPLES) + "/lagoon_1.bin");
+  const test::TempFolder folder;
+  ReadOptions options;
+  options.span = ReadSpan::PastLostFixes;
+  const auto before = LeggiFile(folder.write("whole.bin", whole), options).measurements;
+  ASSERT_EQ(before.size(), 218U);
+  for (std::size_t i = 1; i <= 30; ++i) {
+    const std::size_t k = 41 + 619 * i % 2140;  // behind the leading records, over the whole file
+    std::string cut = whole;
+    cut.erase(1029 + (k - 1) * 304, 304);
+    const FileRead read = LeggiFile(folder.write("cut.bin", cut), options);
+    ASSERT_EQ(read.measurements.size(), before.size()) << k;
+    const std::size_t firing = (k - 21) / 10;
+    for (std::size_t g = 0; g < before.size(); ++g) {
+      EXPECT_EQ(Same(read.measurements[g], before[g]), g != firing) << "record " << k << ", firing " << g + 1;
+    }
+    EXPECT_EQ(read.measurements[firing].letture, AllReadings & ~BitDi((k - 1) % 10 + 1)) << k;
+    EXPECT_TRUE(read.findings.anyFault()) << k;
+  }
+}
+
+/// Both ways of reading a file of more records than its beginning shows.
+void ReadBothWays(const Records& records, std::size_t firings, std::size_t channels, ReadSpan span) {
+  const test::TempFolder folder;
+  const auto path = folder.write("long.bin", test::SyscalFile(records, 1, 280));
+  ReadOptions options;
+  options.span = span;
+  const FileRead kept = LeggiFile(path, options);
+  std::vector<Misura> handed;
+  const FileReport walked = PercorriFile(path, options, [&handed](const Misura& m) { handed.push_back(m); });
+  ASSERT_EQ(kept.measurements.size(), firings);
+  ASSERT_EQ(handed.size(), firings);
+  EXPECT_EQ(kept.summary.channels, static_cast<std::int32_t>(channels));
+  EXPECT_EQ(kept.findings.entries(), walked.findings.entries());
+  for (std::size_t g = 0; g < firings; ++g) ASSERT_TRUE(Same(kept.measurements[g], handed[g])) << g;
+  EXPECT_EQ(kept.measurements.back().Rho[channels], records.back().rho);
+}
+
+TEST(LongFiles, AreReadAlikeWhetherTheirBeginningSpeaksForThemOrNot) {
+  Records regular = Injections(1000, 10);
+  ReadBothWays(regular, 1000, 10, ReadSpan::ToFirstLostFix);
+  // The first 5,000 records are of five channels, the 20,000 behind them of ten.
+  Records other = Injections(1000, 5);
+  for (RecordValues v : Injections(2000, 10)) {
+    v.current += 0.5F;
+    other.push_back(v);
+  }
+  ReadBothWays(other, 1000 + 2000, 10, ReadSpan::PastLostFixes);
+}
+
+// A run that is too long to be held is cut as it comes; memory does not grow with it.
+TEST(LongFiles, WithOneBorderAreCutAsTheyCome) {
+  Records records = NoChannels(Moored(SetCurrent(Injections(1200, 10))));
+  for (std::size_t k = 0; k < records.size(); ++k) records[k].current = k < 5000 ? 1.0F : 2.0F;
+  const test::TempFolder folder;
+  std::vector<Misura> handed;
+  const FileReport report = PercorriFile(folder.write("long.bin", test::SyscalFile(records, 1, 280)), {},
+                                         [&handed](const Misura& m) { handed.push_back(m); });
+  ASSERT_EQ(handed.size(), 2U);
+  EXPECT_EQ(report.summary.channels, 7000) << "the larger of two runs";
+  EXPECT_TRUE(Vuota(handed[0])) << "5,000 records are short of 7,000, and none tells its channel";
+  EXPECT_EQ(handed[1].letture, AllReadings);
+  EXPECT_EQ(handed[1].Rho[10], records[5009].rho);
+}
+
+// Every third firing holds its second record eight times: among 13,000 records some repeat across two blocks of a walk.
+TEST(LongFiles, DropRepeatedRecordsAcrossBlocks) {
+  Records records;
+  for (const RecordValues& v : Injections(3000, 2)) {
+    const bool third = static_cast<int>(v.rho) % 3 == 0 && v.channel == 2;
+    records.insert(records.end(), third ? 8 : 1, v);
+  }
+  const test::TempFolder folder;
+  const FileRead read = LeggiFile(folder.write("long.bin", test::SyscalFile(records)), {});
+  ASSERT_EQ(read.measurements.size(), 3000U);
+  for (const Misura& m : read.measurements) ASSERT_EQ(m.letture, BitDi(1) | BitDi(2));
+  ASSERT_EQ(read.findings.entries().size(), 1U);
+  EXPECT_NE(read.findings.entries()[0].reason.find("7000 records equal to the one before dropped"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace corvan
