@@ -27,22 +27,21 @@ const std::filesystem::path& BigText() {
   return path;
 }
 
-void ReadWhole(benchmark::State& state, const std::filesystem::path& path, std::int32_t expected) {
+void ReadWhole(benchmark::State& state, const std::filesystem::path& path, std::size_t expected) {
   for (auto _ : state) {
-    Silent dialogs;
-    Findings findings;
-    Survey survey;
-    survey.file.NomeFile = path;
-    InputContext context{survey, dialogs, findings};
-    LeggiFile(context);
-    if (survey.NumMisure() != expected) state.SkipWithError("not all was read");
+    if (LeggiFile(path, {}).measurements.size() != expected) state.SkipWithError("not all was read");
   }
 }
 
 void ReadSyscal(benchmark::State& state) { ReadWhole(state, BigSyscal(), Firings); }
 
+/// The file through one buffer, nothing kept.
 void ReadSyscalBytes(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(LeggiTutto(BigSyscal()).size());
+  FileBytes buffer(std::size_t{1} << 20);
+  for (auto _ : state) {
+    FileReader file(BigSyscal());
+    while (file.read(buffer.bytes()) == buffer.size()) benchmark::DoNotOptimize(buffer.bytes().data());
+  }
 }
 
 void ReadText(benchmark::State& state) { ReadWhole(state, BigText(), Lines); }

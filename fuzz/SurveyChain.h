@@ -2,33 +2,19 @@
 // finite.
 #pragma once
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <array>
-#include <filesystem>
 #include <string>
 #include <string_view>
 
 #include "base/ErrorTrap.h"
 #include "base/File.h"
 #include "export/Section.h"
-#include "Fuzz.h"
+#include "FileInMemory.h"
 #include "input/InputDriver.h"
 #include "track/Cable.h"
 #include "track/TrackAnalysis.h"
 
 namespace corvan::fuzz {
-
-/// Puts the bytes into a file in memory, where readers find them.
-inline std::filesystem::path Place(std::string_view content) {
-  static const int file = memfd_create("corvan-fuzz", 0);
-  static const std::string path = "/proc/self/fd/" + std::to_string(file);
-  const bool placed = ftruncate(file, 0) == 0 &&
-                      pwrite(file, content.data(), content.size(), 0) == static_cast<ssize_t>(content.size());
-  Promise(placed, "the input can be placed");
-  return path;
-}
 
 inline void PromiseFinite(const Survey& survey) {
   double distance = 0.0;
