@@ -25,7 +25,7 @@ bool Finiti(const std::array<float, Count>& values) {
 
 FiringBuilder::FiringBuilder(const SyscalFile& file, const Grouping& grouping, const ReadOptions& options,
                              const MisuraSink& sink)
-    : file_(file), grouping_(grouping), options_(options), sink_(sink), format_(options.layout) {
+    : file_(file), grouping_(grouping), options_(options), sink_(sink), format_(options) {
   if (!grouping_.grid) return;
   streaming_ = true;
   cut_ = {grouping_.last - grouping_.first + 1, grouping_.number, 0, false, true};

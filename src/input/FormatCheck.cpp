@@ -81,7 +81,7 @@ std::string FormatCheck::estremi(const std::string& likely) const {
 }
 
 void FormatCheck::rilievi(const std::string& procedure, const std::string& placeName, Findings& out) const {
-  if (positions_ == 0) return;
+  if (positions_ == 0 || !chosen_) return;
   const std::string read = std::string(", read as ") + NomeFormato(layout_);
   if (beyond_ > 0) {
     out.fault(procedure, estremi(probabile()) + read + ": " + std::to_string(beyond_) + " of " +

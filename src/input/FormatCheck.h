@@ -7,6 +7,7 @@
 
 #include "base/Findings.h"
 #include "base/Position.h"
+#include "input/FileRead.h"
 #include "survey/Misura.h"
 
 namespace corvan {
@@ -15,8 +16,8 @@ namespace corvan {
 /// another one. The numbers themselves stay as read.
 class FormatCheck {
  public:
-  /// @param layout of latitudes and longitudes; none: eastings and northings
-  explicit FormatCheck(std::optional<AngleFormat> layout) : layout_(layout) {}
+  /// Says nothing where nobody chose the layout.
+  explicit FormatCheck(const ReadOptions& options) : layout_(options.layout), chosen_(options.layoutChosen) {}
 
   /// @param m a firing; one without position is passed over @param place its first record or its line, from 1
   void prendi(const Misura& m, std::size_t place);
@@ -31,7 +32,8 @@ class FormatCheck {
   std::string probabile() const;
   std::string estremi(const std::string& likely) const;
 
-  std::optional<AngleFormat> layout_;
+  std::optional<AngleFormat> layout_;  // of latitudes and longitudes; none: eastings and northings
+  bool chosen_;
   std::size_t positions_ = 0;
   double north_ = 0;  // largest without sign
   double east_ = 0;

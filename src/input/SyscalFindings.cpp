@@ -145,7 +145,7 @@ void RilieviScatti(const SyscalOutcome& outcome, Findings& out) {
   if (const Tally& bad = outcome.tally.badReading; bad.count > 0) {
     out.fault(Procedure, Contati(bad, "with a reading or electrode that is not a finite number"));
   }
-  if (outcome.options.layoutChosen) outcome.format.rilievi(Procedure, "record", out);
+  outcome.format.rilievi(Procedure, "record", out);
 }
 
 }  // namespace corvan

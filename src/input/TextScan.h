@@ -39,7 +39,7 @@ struct LinesSeen {
 /// Where the data of a text export lie and what was amiss. Line numbers are 1-based; 0 stands for none. "Firings" are
 /// lines that are neither blank nor a header.
 struct TextScan {
-  explicit TextScan(const ReadOptions& options) : format(options.layout) {}
+  explicit TextScan(const ReadOptions& options) : format(options) {}
 
   std::size_t lines = 0;         ///< of any kind
   std::size_t firings = 0;       ///< lines of firings

@@ -30,7 +30,9 @@ void PrintTo(const FormatCase& c, std::ostream* out) { *out << c.what; }
 class Formats : public ::testing::TestWithParam<FormatCase> {};
 
 TEST_P(Formats, AreNamedWhenTheNumbersFitAnother) {
-  FormatCheck check(GetParam().layout);
+  ReadOptions options;
+  options.layout = GetParam().layout;
+  FormatCheck check(options);
   std::size_t place = 10;
   for (const auto& [north, east] : GetParam().positions) {
     Misura m;

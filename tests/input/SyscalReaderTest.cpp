@@ -290,6 +290,9 @@ TEST(Formats, OfPositionsAreChecked) {
   r.file(SyscalFile(Firings(3, 2)));
   EXPECT_TRUE(r.says("are degrees and minutes (--coords ddmm), read as decimal degrees (--coords dd): 3 of 3"));
   EXPECT_EQ(r.firing(2).Lat, static_cast<double>(4524.0F + 2.0F / 128)) << "read as it was asked for";
+  r.options.layoutChosen = false;
+  r.file(SyscalFile(Firings(3, 2)));
+  EXPECT_TRUE(r.read.findings.empty()) << "nobody chose decimal degrees";
 }
 
 // Appended to by an acquisition that runs, replaced under the reader's hands.
