@@ -5,7 +5,6 @@
 #include <string>
 
 #include "BigSurvey.h"
-#include "input/NmeaLog.h"
 #include "input/TrackFile.h"
 #include "track/TrackLink.h"
 
@@ -41,9 +40,7 @@ const std::string& DayLog() {
 }
 
 void ReadNmea(benchmark::State& state) {
-  Silent dialogs;
-  GeoGeo geo(dialogs);
-  for (auto _ : state) benchmark::DoNotOptimize(LeggiFileNav(DayLog(), geo).fixes.size());
+  for (auto _ : state) benchmark::DoNotOptimize(LeggiFileNav(DayLog(), {}).fixes.size());
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(DayLog().size()));
 }
 

@@ -17,8 +17,8 @@
 #include "cli/Commands.h"
 #include "cli/Report.h"
 #include "input/InputDriver.h"
-#include "input/NmeaLog.h"
 #include "input/TrackFile.h"
+#include "input/TrackSteps.h"
 
 namespace corvan::cli {
 namespace {
@@ -76,38 +76,24 @@ void EsaminaMisure(FileInfo& info) {
   info.firings = report.summary.firings;
 }
 
-/// Leaves every question unanswered.
-class NoAnswers : public Dialogs {
-  Answer MsgBox(const MessageRequest&) override { return Answer::Cancel; }
-  std::string InputBox(const InputRequest&) override { return ""; }
-};
-
-/// An external track: the name tells it, or lines of six columns do.
+/// An external track: its lines tell it, or its name where they do not. Syscal files are not searched for lines.
 bool Traccia(const std::string& name, std::string_view text) {
-  const std::string_view ending = std::string_view(name).substr(name.size() < 4 ? 0 : name.size() - 4);
-  return ending == ".csv" || ending == ".nav" || ending == ".sav" || SembraSeiColonne(text) || SembraNmea(text);
+  constexpr std::string_view syscal("\x02\x00\x00\x80", 4);
+  if (text.starts_with(syscal)) return false;
+  return name.ends_with(".csv") || name.ends_with(".nav") || name.ends_with(".sav") || GenereDaContenuto(text);
 }
 
 void EsaminaTraccia(std::string_view text, FileInfo& info) {
-  NoAnswers dialogs;
-  GeoGeo geo(dialogs);
-  const TrackKind named = GenereTraccia(info.name, text);
-  const bool misnamed = named == TrackKind::SixColumns && SembraNmea(text);
-  if (named == TrackKind::Csv) geo.UTMzone(32);  // lengths and depths do not depend on it
-  TrackRead read = LeggiTraccia(misnamed ? TrackKind::Nmea : named, text, geo, dialogs);
+  const TrackRead read = LeggiTraccia(GenereTraccia(info.name, text), text, {});
   info.format = NomeGenere(read.kind);
   info.records = read.lines;
   info.firings = info.positioned = read.fixes.size();
-  CalcolaProgressiva(read.fixes);
+  info.length = LunghezzaTraccia(read.fixes);
   for (const PuntoGPSEst& fix : read.fixes) {
     if (TempoValido(fix.DataOra)) info.time.widen(fix.DataOra);
-    info.depth.widen(fix.Prof);
-    info.length = fix.Progressiva;
+    if (fix.haProf) info.depth.widen(fix.Prof);
   }
   info.findings = read.findings;
-  if (misnamed) {
-    info.findings.fault(Procedure, "only a name ending in .nav is read as an NMEA 0183 log: rename it");
-  }
   if (read.fixes.empty()) info.findings.fault(Procedure, "holds no fix");
 }
 

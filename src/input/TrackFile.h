@@ -1,56 +1,65 @@
-// Readers of external GPS and depth tracks.
+// Readers of external GPS and depth tracks: bytes in, fixes and findings out.
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
-#include "base/Dialogs.h"
 #include "base/Findings.h"
-#include "geo/GeoGeo.h"
+#include "base/Position.h"
 #include "survey/ExternalTrack.h"
 
 namespace corvan {
 
 enum class TrackKind { Csv, SixColumns, Nmea, Sav };
 
-/// What a track file gave. Fixes stand in the order of the file, X and Y in the zone of the Geo that was used.
+struct TrackOptions {
+  AngleFormat layout = AngleFormat::DMM_MMM;  ///< of six columns, and of GeoA and GeoB
+  std::optional<double> firstDay;             ///< day number of the first fix of an NMEA log that holds no date
+};
+
+/// What a track file gave. Each fix has its source, its time and, where there is one, its depth; GeoA and GeoB where
+/// the source is geographic. Fixes stand in the order of the file.
 struct TrackRead {
   TrackKind kind = TrackKind::SixColumns;
   Array1<PuntoGPSEst> fixes;
-  std::size_t lines = 0;
-  Findings findings;  ///< what was passed over and why
+  std::size_t lines = 0;  ///< of the file, however they end
+  bool undated = false;   ///< an NMEA log whose date nobody told: its first fix stands on day 0
+  Findings findings;      ///< what was passed over and why, without the file's name
 };
 
-/// The reader that a name calls for: its last four characters ".sav", ".nav" and ".csv", case-sensitively; any other
-/// name is read as six columns, and a ".nav" file whose lines hold sentences as an NMEA 0183 log.
+/// The kind that a file's lines tell: an NMEA log when any line holds a known sentence, else six columns or a table by
+/// the first line that has a date and a time in its fields 1 and 2, or 3 and 4. Nothing when no line does.
+std::optional<TrackKind> GenereDaContenuto(std::string_view content);
+
+/// The kind of a track: ".sav" by the name's ending, everything else by content. Where the content tells nothing, a
+/// name that ends in ".csv" is a table and any other six columns.
 TrackKind GenereTraccia(std::string_view name, std::string_view content);
 
 /// For people: "table of positions (.csv)" and so on.
 const char* NomeGenere(TrackKind kind);
 
-/// True when a text looks like a track of six columns: its first line with a date has one.
-bool SembraSeiColonne(std::string_view content);
+/// Delimited text with positions on the survey's grid: fields 3 and 4 date and time, 8 depth, 10 easting, 11 northing;
+/// the first line is a header. A date that cannot be read or a number too large ends the track there.
+TrackRead LeggiFileCSV(std::string_view content, const TrackOptions& options);
 
-/// Delimited text with UTM coordinates: fields 3 and 4 date and time, 8 depth, 10 easting, 11 northing; the first line
-/// is a header. A date that cannot be read ends the track there.
-TrackRead LeggiFileCSV(std::string_view content, GeoGeo& geo);
-
-/// Date, time, a whole number, latitude, longitude in Geo's layout, depth; no header.
-TrackRead LeggiGPS6Col(std::string_view content, GeoGeo& geo);
+/// Date, time, a whole number, latitude, longitude in the layout, depth; no header. Ends as the table does.
+TrackRead LeggiGPS6Col(std::string_view content, const TrackOptions& options);
 
 /// An NMEA 0183 log (see NmeaLog.h).
-TrackRead LeggiFileNav(std::string_view content, GeoGeo& geo);
+TrackRead LeggiFileNav(std::string_view content, const TrackOptions& options);
 
-/// The six columns; from four fixes on asks for "N Bezier Points" and, for two or more, puts so many points on the
-/// cubic Bezier curve of each run of four fixes (1 to 4, 4 to 7, ...), time and depth linearly between the fixes. A
-/// rest of fewer than four stays as it is, and so do all fixes when nothing is answered.
-TrackRead LeggiFileSav(std::string_view content, GeoGeo& geo, Dialogs& dialogs);
+/// The six columns, meant to be resampled.
+TrackRead LeggiFileSav(std::string_view content, const TrackOptions& options);
 
 /// The reader of a kind.
-TrackRead LeggiTraccia(TrackKind kind, std::string_view content, GeoGeo& geo, Dialogs& dialogs);
+TrackRead LeggiTraccia(TrackKind kind, std::string_view content, const TrackOptions& options);
 
-/// Fills Progressiva. @return the mean spacing of the fixes, m; 0 below two
-double CalcolaProgressiva(Array1<PuntoGPSEst>& fixes);
+/// Puts `count` points on the cubic Bezier curve of each run of four fixes (1 to 4, 4 to 7, ...), latitude against
+/// longitude or northing against easting as they were read, time and depth linearly between the fixes: depth only where
+/// both have one. A rest of fewer than four fixes stays as it is, and so do all below two points.
+/// @param fixes all of one kind of source @param layout of GeoA and GeoB
+Array1<PuntoGPSEst> Ricampiona(const Array1<PuntoGPSEst>& fixes, std::int16_t count, AngleFormat layout);
 
 }  // namespace corvan

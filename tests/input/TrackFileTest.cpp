@@ -1,192 +1,301 @@
-// External tracks in their four forms, clean and dirty.
+// External tracks as text: which kind a file is, what each line gives and what is said of it.
 #include "input/TrackFile.h"
 
 #include <gtest/gtest.h>
 
 #include "base/OleDate.h"
-#include "input/NmeaLog.h"
-#include "support/SurveyFiles.h"
+#include "geo/AngleText.h"
+#include "input/TrackSteps.h"
+#include "TrackTexts.h"
 
 namespace corvan {
 namespace {
 
-using namespace std::string_literals;
+using test::Said;
+using test::TimesAndDepths;
+using Texts = std::vector<std::string>;
 
-struct Reading {
-  test::ScriptedAnswers dialogs;
-  GeoGeo geo{dialogs};
-  Reading() { geo.UTMzone(33); }
+constexpr AngleFormat Dmm = AngleFormat::DMM_MMM;
 
-  static bool says(const TrackRead& read, const std::string& words) {
-    for (const Finding& finding : read.findings.entries()) {
-      if (finding.reason.find(words) != std::string::npos) return true;
-    }
-    return false;
-  }
+TEST(TrackKinds, AreToldByContentWhateverTheEnding) {
+  struct Case {
+    const char* name;
+    const char* content;
+    TrackKind kind;
+  };
+  const char* six = "15/06/2026 08:00 1 4524 1218 3\n";
+  const char* table = "n;line;date;time\n1;x;15/06/2026;08:00:00;;;;4;;288685;5030933\n";
+  const char* log = "started\n1\n2\n** $GPZDA,1,1,1,2026,,\n";
+  const Case cases[] = {
+      {"a.NAV", log, TrackKind::Nmea},
+      {"a.log", log, TrackKind::Nmea},
+      {"a.csv", log, TrackKind::Nmea},
+      {"a.sav", log, TrackKind::Sav},
+      {"a.SAV", six, TrackKind::SixColumns},
+      {"sav", six, TrackKind::SixColumns},
+      {"a.csv", six, TrackKind::SixColumns},
+      {"a.nav", "date;time\n2026-06-15;8:00;1;4524;1218;3\n", TrackKind::SixColumns},
+      {"a.txt", table, TrackKind::Csv},
+      {"a.nav", table, TrackKind::Csv},
+      {"a.txt", "31/02/2026 08:00 1 4524 1218 3\n1;x;15/06/2026;08:00\n15/06/2026 08:00 1\n", TrackKind::Csv},
+      {"a.txt", "15/06/2026;;15/06/2026;08:00\n", TrackKind::Csv},  // a date without a time decides nothing
+      {"a.csv", "header only\n", TrackKind::Csv},
+      {"a.CSV", "header only\n", TrackKind::SixColumns},
+      {"a.nav", "", TrackKind::SixColumns},
+      {"a.txt", "$GPGSV,3,1,11\n$PGRMC,A,1\n$GPGGA\n", TrackKind::SixColumns},  // no known sentence
+  };
+  for (const Case& c : cases) EXPECT_EQ(GenereTraccia(c.name, c.content), c.kind) << c.name << '\n' << c.content;
+  EXPECT_FALSE(GenereDaContenuto("header only\n12.5 08:00\n").has_value());
+  const std::string late = std::string(100'000, 'x') + "\n$IIDPT,4,0\n";
+  EXPECT_EQ(GenereDaContenuto(late), TrackKind::Nmea) << "any line";
+}
+
+struct TextCase {
+  const char* what;
+  std::string content;
+  Texts fixes;
+  Texts said;
+  std::size_t lines = 0;
 };
 
-/// A sentence with its checksum.
-std::string Sentence(const std::string& body) {
-  unsigned sum = 0;
-  for (const char c : body) sum ^= static_cast<unsigned char>(c);
-  const char* digits = "0123456789ABCDEF";
-  return "$" + body + "*" + digits[sum >> 4U] + digits[sum & 15U];
+std::ostream& operator<<(std::ostream& out, const TextCase& c) { return out << c.what; }
+
+/// A table's line after its header's.
+std::string Row(const std::string& time, const std::string& depth, const std::string& easting = "288685.5",
+                const std::string& northing = "5030933.25") {
+  return "1;x;15/06/2026;" + time + ";;;;" + depth + ";;" + easting + ";" + northing + "\r\n";
 }
 
-TEST(ReaderChoice, GoesByTheLastFourCharactersOfTheName) {
-  const std::string nmea = Sentence("GPZDA,1,1,1,2026,,") + "\n";
-  EXPECT_EQ(GenereTraccia("a.csv", ""), TrackKind::Csv);
-  EXPECT_EQ(GenereTraccia("a.CSV", ""), TrackKind::SixColumns) << "capitals are another ending";
-  EXPECT_EQ(GenereTraccia("a.sav", ""), TrackKind::Sav);
-  EXPECT_EQ(GenereTraccia("a.nav", nmea), TrackKind::Nmea);
-  EXPECT_EQ(GenereTraccia("a.nav", "15/06/2026 08:00 1 4524 1218 3"), TrackKind::SixColumns);
-  EXPECT_EQ(GenereTraccia("a.txt", nmea), TrackKind::SixColumns);
-  EXPECT_EQ(GenereTraccia("csv", ""), TrackKind::SixColumns);
-}
+class Tables : public ::testing::TestWithParam<TextCase> {};
 
-TEST(Csv, SkipsItsHeaderAndBlankLines) {
-  Reading r;
-  const std::string file =
-      "h;e;a;d\r\n1;x;15/06/2026;08:00:00;;;;4.5;;288685.52;5030933.45\r\n\r\n2;x;15/06/2026;08:00:03;;;;5;;288688.52;"
-      "5030937.45;\r\n";
-  TrackRead read = LeggiFileCSV(file, r.geo);
-  ASSERT_EQ(read.fixes.size(), 2U);
-  EXPECT_EQ(read.fixes(1).Prof, 4.5);
-  EXPECT_EQ(read.fixes(2).X, 288688.52);
-  // 45.4 N 12.3 E by cs2cs; so far from the central meridian latitudes come out up to 5.4 m, 0.003 minutes, short.
-  EXPECT_NEAR(read.fixes(1).GeoA, 4524.0, 0.0035);
-  EXPECT_NEAR(read.fixes(1).GeoB, 1218.0, 0.001);
-  EXPECT_NEAR(read.fixes(2).DataOra, AGiorni({2026, 6, 15, 8, 0, 3}), 1e-9);
-  EXPECT_EQ(CalcolaProgressiva(read.fixes), 5.0);
-  EXPECT_EQ(read.fixes(2).Progressiva, 5.0);
-  EXPECT_TRUE(LeggiFileCSV("header\r\n", r.geo).fixes.empty());
-}
-
-TEST(Csv, EndsAtADateThatCannotBeRead) {
-  Reading r;
-  const std::string good = "1;x;15/06/2026;08:00:00;;;;4;;288685;5030933\n";
-  const TrackRead read = LeggiFileCSV("h\n" + good + "2;x;soon;08:00;;;;4;;1;2\n" + good + good, r.geo);
-  EXPECT_EQ(read.fixes.size(), 1U);
-  EXPECT_TRUE(Reading::says(read, "line 3: \"soon 08:00\" is no date and time"));
-  EXPECT_TRUE(Reading::says(read, "3 lines from there on left out"));
-  EXPECT_TRUE(Reading::says(LeggiFileCSV("h\n1,15/06/2026,08:00,4\n", r.geo), "line 2")) << "commas separate nothing";
-}
-
-TEST(SixColumns, AreCutByTheSeparatorOfTheirLine) {
-  Reading r;
-  const TrackRead read = LeggiGPS6Col(
-      "\xEF\xBB\xBF"
-      "15/06/2026 08:00:00 7 4524.5 1218.5 3.25\r2026-06-15;08:00:05;-2;4524.6;1218.6;4\n"
-      "15.6.26\t08:00:07\t40000\t4524.6\t1218.6\t5\r\n",
-      r.geo);
-  ASSERT_EQ(read.fixes.size(), 3U);
-  EXPECT_EQ(read.fixes(1).GeoA, 4524.5);
-  EXPECT_EQ(read.fixes(1).Riserva, 7U);
-  EXPECT_EQ(read.fixes(2).Riserva, 0xFFFEU) << "two bytes";
-  EXPECT_EQ(read.fixes(3).Prof, 5);
-  EXPECT_GT(read.fixes(2).Y, read.fixes(1).Y);
-}
-
-TEST(SixColumns, LeaveOutPositionsThatCannotBeUsed) {
-  Reading r;
-  const TrackRead read = LeggiGPS6Col(
-      "15/06/2026 08:00:00 1 4524.5 1218.5 3\n15/06/2026 08:00:01 1 1e300 1218.5 3\n15/06/2026 08:00:02 1 4524.5 "
-      "1218.6 "
-      "4\n",
-      r.geo);
-  EXPECT_EQ(read.fixes.size(), 2U);
-  EXPECT_TRUE(Reading::says(read, "1 lines without a usable position"));
-}
-
-TEST(Sav, AsksForBezierPointsFromFourFixesOn) {
-  Reading r;
-  std::string file;
-  const auto line = [](int k) {
-    return "15/06/2026 08:00:0" + std::to_string(k) + " 1 4524." + std::to_string(k) + " 1218.5 " + std::to_string(k) +
-           "\n";
-  };
-  for (int k = 0; k < 3; ++k) file += line(k);
-  EXPECT_EQ(LeggiFileSav(file, r.geo, r.dialogs).fixes.size(), 3U);
-  EXPECT_TRUE(r.dialogs.questions.empty());
-  for (int k = 3; k < 8; ++k) file += line(k);
-  EXPECT_EQ(LeggiFileSav(file, r.geo, r.dialogs).fixes.size(), 8U) << "unanswered";
-  EXPECT_EQ(r.dialogs.questions.at(0).prompt, "N Bezier Points");
-  EXPECT_EQ(r.dialogs.questions.at(0).title, "Set the interpolation");
-  r.dialogs.answers["N Bezier Points"] = {"7"};
-  const TrackRead read = LeggiFileSav(file, r.geo, r.dialogs);
-  // Runs 1 to 4 and 4 to 7 with seven points each, the shared one once, and fix 8.
-  ASSERT_EQ(read.fixes.size(), 14U);
-  for (std::size_t k = 1; k <= 13; ++k) {
-    const double place = 0.5 * static_cast<double>(k - 1);
-    EXPECT_NEAR(read.fixes(k).Prof, place, 1e-9) << k;
-    EXPECT_NEAR((read.fixes(k).DataOra - read.fixes(1).DataOra) * 86400, place, 1e-4) << k;
-    EXPECT_NEAR(read.fixes(k).GeoA, 4524.0 + 0.1 * place, 1e-9) << "equal steps on a straight line, " << k;
+TEST_P(Tables, GiveTheseFixes) {
+  const TextCase& c = GetParam();
+  const TrackRead read = LeggiFileCSV("h;e;a;d\r\n" + c.content, {});
+  EXPECT_EQ(TimesAndDepths(read), c.fixes);
+  EXPECT_EQ(Said(read), c.said);
+  if (c.lines > 0) {
+    EXPECT_EQ(read.lines, c.lines);
   }
-  EXPECT_EQ(read.fixes(14).Prof, 7);
 }
 
-TEST(Nmea, MakesOneFixOfTheSentencesOfOneTime) {
-  Reading r;
-  const std::string log =
-      Sentence("SDDPT,4.0,0.5,") + "\r\n" + Sentence("GPGGA,235958.00,4524.5,N,01218.5,E,1,08,1.0,0,M,,M,,") + "\r\n" +
-      Sentence("GPRMC,235958.00,A,4524.5,N,01218.5,E,1,2,150626,,") + "\r\n" +
-      Sentence("GPGLL,4524.6,S,01218.6,W,000001,A") + "\n" + Sentence("SDDBT,,f,7.25,M,,F") + "\r" +
-      "$GPGGA,000005.5,4524.7,N,01218.7,E,2,08,1.0\r\n" + Sentence("GPGGA,000013,4524.8,N,01218.8,E,1,08,1.0") + "\n" +
-      Sentence("GPGGA,000014,4524.8,N,01218.8,E,0,08,1.0") + "\n" +
-      Sentence("GPRMC,000015,V,4524.8,N,01218.8,E,1,2,160626,,") + "\n";
-  const TrackRead read = LeggiFileNav(log, r.geo);
-  ASSERT_EQ(read.fixes.size(), 4U);
-  const double first = AGiorni({2026, 6, 15, 23, 59, 58});
-  const double seconds[] = {0, 3, 7.5, 15};
-  for (std::size_t k = 0; k < 4; ++k) EXPECT_NEAR((read.fixes(k + 1).DataOra - first) * 86400, seconds[k], 1e-4) << k;
-  EXPECT_EQ(read.fixes(1).Prof, 4.5) << "with the transducer's offset";
-  EXPECT_EQ(read.fixes(1).GeoA, 4524.5);
-  EXPECT_EQ(read.fixes(2).GeoA, -4524.6);
-  EXPECT_EQ(read.fixes(2).GeoB, -1218.6);
-  EXPECT_EQ(read.fixes(2).Prof, 4.5);
-  EXPECT_EQ(read.fixes(3).Prof, 7.25) << "received 4.5 s before";
-  EXPECT_EQ(read.fixes(4).Prof, 0) << "too old";
-  EXPECT_TRUE(Reading::says(read, "2 position sentences without a fix"));
-  EXPECT_EQ(read.lines, 9U);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Lines, Tables,
+    ::testing::Values(
+        TextCase{"blank lines make no fix, a depth of 0 is one",
+                 Row("08:00:00", "4.5") + "\r\n  \r\n" + Row("08:00:03", "0"),
+                 {"2026-06-15 08:00:00 4.5", "2026-06-15 08:00:03 0"},
+                 {},
+                 5},
+        TextCase{"no position",
+                 Row("08:00:00", "1", "0", "5030933") + Row("08:00:01", "2", "288685", "") +
+                     Row("08:00:02", "3", "288685", "0.00") + Row("08:00:03", "4"),
+                 {"2026-06-15 08:00:03 4"},
+                 {"note: 3 lines without a position left out (the first in line 2)"}},
+        TextCase{"no depth",
+                 Row("08:00:00", "") + Row("08:00:01", "--") + Row("08:00:02", "n/a") + Row("08:00:03", "4"),
+                 {"2026-06-15 08:00:00 -", "2026-06-15 08:00:01 -", "2026-06-15 08:00:02 -", "2026-06-15 08:00:03 4"},
+                 {"fault: 2 depths are no number (the first in line 3): those fixes have none",
+                  "note: 3 of 4 fixes have no depth"}},
+        TextCase{"decimal commas and tails",
+                 Row("08:00:00", "4,5") + Row("08:00:01", "4m", "288685,75", "5030933.25"),
+                 {"2026-06-15 08:00:00 4", "2026-06-15 08:00:01 4"},
+                 {"fault: 3 values are not numbers from end to end, the first in line 2, field 8: \"4,5\" read as 4"}},
+        TextCase{"a position that is a word",
+                 Row("08:00:00", "4", "east"),
+                 {},
+                 {"fault: 1 value is not a number from end to end in line 2, field 10: \"east\" read as 0",
+                  "note: 1 line without a position left out (line 2)"}},
+        TextCase{"a date that is none ends the track before its position is looked at",
+                 Row("08:00:00", "4") + "2;x;soon;08:00;;;;4;;0;0\n\n" + Row("08:00:02", "4"),
+                 {"2026-06-15 08:00:00 4"},
+                 {"fault: line 3: \"soon 08:00\" is no date and time", "fault: 2 lines from there on left out"}},
+        TextCase{"a number too large ends it",
+                 Row("08:00:00", "4") + Row("08:00:01", "1e999") + Row("08:00:02", "4"),
+                 {"2026-06-15 08:00:00 4"},
+                 {"fault: line 3: number too large: 1e999", "fault: 2 lines from there on left out"}},
+        TextCase{"a position on no grid",
+                 Row("08:00:00", "4", "1e300"),
+                 {},
+                 {"fault: 1 line with a position on no grid left out (line 2)"}},
+        TextCase{"commas separate nothing",
+                 "1,15/06/2026,08:00,4\n",
+                 {},
+                 {"fault: line 2: \" \" is no date and time", "fault: 1 line from there on left out"}},
+        TextCase{"50 m/s and a little more, by whole seconds and one at least",
+                 Row("08:00:00", "1", "288600") + Row("08:00:01", "1", "288650") + Row("08:00:01.4", "1", "288700") +
+                     Row("08:00:04", "1", "288850") + Row("08:00:04", "1", "288900.5") + Row("08:00:03", "1", "289000"),
+                 {"2026-06-15 08:00:00 1", "2026-06-15 08:00:01 1", "2026-06-15 08:00:01 1", "2026-06-15 08:00:04 1",
+                  "2026-06-15 08:00:04 1", "2026-06-15 08:00:03 1"},
+                 {"fault: 2 steps of over 50 m/s, the first in line 6 (51 m in 1 s): every fix is kept"}},
+        TextCase{"latitudes and longitudes instead of metres",
+                 Row("08:00:00", "1", "1218.5", "4524.5") + Row("08:00:01", "1", "1218.5", "8999"),
+                 {"2026-06-15 08:00:00 1", "2026-06-15 08:00:01 1"},
+                 {"fault: every northing is below 9000 m and every easting below 18000 m: they look like degrees and "
+                  "minutes (ddmm), a table holds UTM metres",
+                  "fault: a step of over 50 m/s in line 3 (4475 m in 1 s): every fix is kept"}}));
 
-TEST(Nmea, PassesOverTheDirtOfRealLogs) {
-  Reading r;
-  const std::string gga = "GPGGA,080000,4524.5,N,01218.5,E,1,08,1.0";
-  const std::string log = "NavLog 3.1 started\r\n15.06.26 08:00:00 " + Sentence("GPZDA,075959,15,06,2026,,") +
-                          "\r\n** " + Sentence(gga) + "\r\n" + Sentence("SDDPT,,") +
-                          "\r\n$GPGGA,080001,4524.5,N,01218.5,E,1,08,1.0*00\r\n" +
-                          "$GPG\0GA,080002,4524.5,N,01218.5,E,1,08,1.0\r\n\0\0\x80\xFF$$$\r\n"s +
-                          "$GPGGA,080003,45x4.5,N,01218.5,E,1,08,1.0\r\n$GPGGA,0800\r\n$PXYZ,1*11\r\n$GPGSV,3,1*7";
-  const TrackRead read = LeggiFileNav(log, r.geo);
-  ASSERT_EQ(read.fixes.size(), 2U);
-  EXPECT_NEAR(read.fixes(2).DataOra, AGiorni({2026, 6, 15, 8, 0, 2}), 1e-9) << "with a NUL byte inside";
-  EXPECT_TRUE(Reading::says(read, "1 GGA sentences with a wrong checksum left out"));
-  EXPECT_TRUE(Reading::says(read, "1 GGA sentences that cannot be read"));
-  EXPECT_FALSE(Reading::says(read, "DPT")) << "an empty depth says nothing";
-  EXPECT_TRUE(SembraNmea(log));
-  EXPECT_FALSE(SembraNmea("15/06/2026 08:00:00 1 4524 1218 $3"));
-}
-
-TEST(Nmea, TakesAKindWhoseChecksumsAreAllWrong) {
-  Reading r;
-  std::string log;
-  for (int k = 0; k < 5; ++k) {
-    log += "$GPRMC,08000" + std::to_string(k) + ",A,4524.5,N,01218.5,E,1,2,150626,,*57\n";
-    log += Sentence("SDDBS,,f,3.5,M,,F") + "\n";
-  }
-  const TrackRead read = LeggiFileNav(log, r.geo);
-  EXPECT_EQ(read.fixes.size(), 5U);
-  EXPECT_EQ(read.fixes(5).Prof, 3.5);
-  EXPECT_TRUE(Reading::says(read, "every RMC sentence has a wrong checksum: they are taken"));
-}
-
-TEST(Nmea, WithoutADateSaysSo) {
-  Reading r;
-  const TrackRead read = LeggiFileNav(Sentence("GPGGA,080000,4524.5,N,01218.5,E,1,08,1.0"), r.geo);
+TEST(Tables, KeepTheirNumbersOnAGridOfNoZone) {
+  const TrackRead read = LeggiFileCSV("h\n" + Row("08:00:00", "4"), {});
   ASSERT_EQ(read.fixes.size(), 1U);
-  EXPECT_NEAR(read.fixes(1).DataOra, 8.0 / 24, 1e-12);
-  EXPECT_TRUE(Reading::says(read, "no sentence tells the date"));
+  EXPECT_EQ(std::get<Grid>(read.fixes(1).sorgente), (Grid{288685.5, 5030933.25, 0, Hemisphere::North}));
+  EXPECT_EQ(read.kind, TrackKind::Csv);
+}
+
+TEST(Tables, SayThatTheHeaderLooksLikeAFix) {
+  EXPECT_EQ(Said(LeggiFileCSV(Row("08:00:00", "4") + Row("08:00:01", "4"), {})),
+            (Texts{"fault: line 1, left out as the header, holds a date and time"}));
+}
+
+class Columns : public ::testing::TestWithParam<TextCase> {};
+
+TEST_P(Columns, GiveTheseFixes) {
+  const TextCase& c = GetParam();
+  const TrackRead read = LeggiGPS6Col(c.content, {Dmm, {}});
+  EXPECT_EQ(TimesAndDepths(read), c.fixes);
+  EXPECT_EQ(Said(read), c.said);
+  if (c.lines > 0) {
+    EXPECT_EQ(read.lines, c.lines);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, Columns,
+    ::testing::Values(
+        TextCase{"any line end and any separator, line by line",
+                 "\xEF\xBB\xBF"
+                 "15/06/2026 08:00:00 7 4524.5 1218.5 3.25\r2026-06-15;08:00:05;2;4524.5;1218.5;4\n\r\n"
+                 "15.6.26\t08:00:07\t1\t4524.5\t1218.5\t\r",
+                 {"2026-06-15 08:00:00 3.25", "2026-06-15 08:00:05 4", "2026-06-15 08:00:07 -"},
+                 {"note: 1 of 3 fixes have no depth"},
+                 4},
+        TextCase{"no position",
+                 "15/06/2026 08:00:00 1 0 1218.5 3\n15/06/2026;08:00:01;1;4524.5;;3\n"
+                 "15/06/2026 08:00:02 1 4524.5 0000.0 3\n15/06/2026 08:00:03 1\n",
+                 {},
+                 {"note: 4 lines without a position left out (the first in line 1)"}},
+        TextCase{"beyond the poles and the date line",
+                 "15/06/2026 08:00:00 1 9000 18000 3\n15/06/2026 08:00:00 1 9000.1 1218.5 3\n"
+                 "15/06/2026 08:00:02 1 4524.5 -18000.1 3\n15/06/2026 08:00:02 1 9000 -18000 3\n",
+                 {"2026-06-15 08:00:00 3", "2026-06-15 08:00:02 3"},
+                 {"fault: 2 lines with a latitude over 90 or a longitude over 180 degrees left out (the first in line "
+                  "2)"}},
+        TextCase{"degrees, minutes and seconds",
+                 "15/06/2026 08:00:00 1 452430 121830 3\n",
+                 {},
+                 {"fault: 1 line with a latitude over 90 or a longitude over 180 degrees left out (line 1): the "
+                  "numbers look like degrees, minutes and seconds (ddmmss)"}},
+        TextCase{"metres",
+                 "15/06/2026 08:00:00 1 5030933 288685 3\n",
+                 {},
+                 {"fault: 1 line with a latitude over 90 or a longitude over 180 degrees left out (line 1): the "
+                  "numbers look like UTM metres (utm)"}},
+        TextCase{"decimal degrees",
+                 "15/06/2026 08:00:00 1 45.408 12.308 3\n",
+                 {"2026-06-15 08:00:00 3"},
+                 {"fault: every latitude is below 91 and every longitude below 181: the numbers look like decimal "
+                  "degrees (dd)"}},
+        TextCase{"texts that are no numbers, in positions, depths and elsewhere",
+                 "15/06/2026 08:00:00 x 4524.5 1218.5 3\n15/06/2026;08:00:01;70000;4524.5;1218,5;3\n"
+                 "15/06/2026 08:00:02 1 4524.5N 1218.5 3,5\n15/06/2026;08:00:03;1;45\xC2\xB0 24.5';1218.5;3\n",
+                 {"2026-06-15 08:00:00 3", "2026-06-15 08:00:01 3", "2026-06-15 08:00:02 3", "2026-06-15 08:00:03 3"},
+                 {"fault: 3 values are not numbers from end to end, the first in line 2, field 5: \"1218,5\" read as "
+                  "1218.5",
+                  "note: 2 values of field 3 no 16-bit number (the first in line 1)"}},
+        TextCase{
+            "one mistyped digit",  // a degree of latitude, by cs2cs 3751.419 m and 111101.305 m on the grid, and back
+            "15/06/2026 08:00:00 1 4524.5 1218.5 3\n15/06/2026 08:00:02 1 4624.5 1218.5 3\n"
+            "15/06/2026 08:00:04 1 4524.5 1218.5 3\n",
+            {"2026-06-15 08:00:00 3", "2026-06-15 08:00:02 3", "2026-06-15 08:00:04 3"},
+            {"fault: 2 steps of over 50 m/s, the first in line 2 (111165 m in 2 s): every fix is kept"}},
+        TextCase{"across 180 degrees",  // 0.02 minutes of longitude on the equator's neighbour: 37 m
+                 "15/06/2026 08:00:00 1 0001 17959.99 3\n15/06/2026 08:00:01 1 0001 -17959.99 3\n",
+                 {"2026-06-15 08:00:00 3", "2026-06-15 08:00:01 3"},
+                 {}},
+        TextCase{"a header is no date",
+                 "date time n lat lon depth\n15/06/2026 08:00:00 1 4524.5 1218.5 3\n",
+                 {},
+                 {"fault: line 1: \"date time\" is no date and time", "fault: 2 lines from there on left out"}}));
+
+TEST(Columns, KeepTheirAnglesAsRead) {
+  struct Case {
+    AngleFormat layout;
+    const char* latitude;
+    double read, degrees;
+  };
+  const Case cases[] = {{AngleFormat::DMM_MMM, "-4524.5", -4524.5, -45.40833333333333},
+                        {AngleFormat::DMM_MMM, "4530", 4530, 45.5},
+                        {AngleFormat::DMM_MMM, "4524,75", 4524.75, 45.4125},
+                        {AngleFormat::DMM_MMM,
+                         "45\xB0"
+                         "30'",
+                         4530, 45.5},
+                        {AngleFormat::DMMSS, "452430.5", 452430.5, 45.40847222222222},
+                        {AngleFormat::D_DDDD, "45.125", 45.125, 45.125}};
+  for (const Case& c : cases) {
+    const std::string line = "15/06/2026;08:00;-2;" + std::string(c.latitude) + ";" + "12.5;3";
+    const TrackRead read = LeggiTraccia(TrackKind::SixColumns, line, {c.layout, {}});
+    ASSERT_EQ(read.fixes.size(), 1U) << c.latitude;
+    EXPECT_DOUBLE_EQ(std::get<Geographic>(read.fixes(1).sorgente).latitude, c.degrees) << c.latitude;
+    EXPECT_DOUBLE_EQ(read.fixes(1).GeoA, c.read) << c.latitude;
+    EXPECT_EQ(read.fixes(1).GeoB, 12.5);
+    EXPECT_EQ(read.fixes(1).Riserva, 0xFFFEU) << "two bytes";
+  }
+}
+
+PuntoGPSEst At(const PositionSource& source, double seconds, std::optional<double> depth) {
+  PuntoGPSEst fix;
+  fix.sorgente = source;
+  fix.DataOra = 46188.0 + seconds / 86400.0;
+  fix.haProf = depth.has_value();
+  fix.Prof = depth.value_or(0.0);
+  return fix;
+}
+
+TEST(Resampling, PutsPointsOnTheCurveOfEachFour) {
+  Array1<PuntoGPSEst> fixes;
+  const double longitudes[] = {12, 12.5, 13, 13.5, 14, 14.5, 15, 16};
+  for (int k = 0; k < 8; ++k) {
+    const double latitude = k == 1 || k == 2 ? 45.0 + 0.4 : 45.0;  // the first run is bent, the second straight
+    const std::optional<double> depth = k == 4 ? std::nullopt : std::optional(1.0 * k);
+    fixes.append(At(Geographic{latitude, longitudes[k]}, 3.0 * k, depth));
+  }
+  const Array1<PuntoGPSEst> points = Ricampiona(fixes, 7, Dmm);
+  ASSERT_EQ(points.size(), 14U) << "seven and seven but for the shared one, and the eighth fix";
+  for (std::size_t k = 1; k <= 13; ++k) {
+    const double place = 0.5 * static_cast<double>(k - 1), t = place / 3.0;  // in fixes; along the first run's curve
+    const auto& where = std::get<Geographic>(points(k).sorgente);
+    // Bernstein: 3 t (1 - t)^2 + 3 t^2 (1 - t) = 3 t (1 - t) of the two inner points' height.
+    EXPECT_NEAR(where.latitude, k <= 7 ? 45.0 + 0.4 * 3.0 * t * (1.0 - t) : 45.0, 1e-12) << k;
+    EXPECT_NEAR(where.longitude, 12.0 + 0.5 * place, 1e-12) << k;
+    EXPECT_NEAR(GradiDaNumero(points(k).GeoA, Dmm), where.latitude, 1e-12) << k;
+    EXPECT_NEAR((points(k).DataOra - 46188.0) * 86400.0, 3.0 * place, 1e-5) << k;
+    const bool known = place <= 3.0 || place >= 5.0;
+    EXPECT_EQ(points(k).haProf, known) << k;
+    EXPECT_NEAR(points(k).Prof, known ? place : 0.0, 1e-12) << k;
+  }
+  EXPECT_EQ(std::get<Geographic>(points(14).sorgente).longitude, 16.0);
+  EXPECT_EQ(Ricampiona(fixes, 1, Dmm).size(), 8U);
+}
+
+TEST(Resampling, OfAGridKeepsToItAndOfThreeFixesToThem) {
+  Array1<PuntoGPSEst> fixes;
+  for (int k = 0; k < 4; ++k) fixes.append(At(Grid{288600.0 + 9.0 * k, 5030900.0 - 3.0 * k, 33}, k, 2.0));
+  const Array1<PuntoGPSEst> points = Ricampiona(fixes, 2, Dmm);
+  ASSERT_EQ(points.size(), 2U);
+  EXPECT_EQ(std::get<Grid>(points(2).sorgente), (Grid{288627.0, 5030891.0, 33, Hemisphere::North}));
+  fixes.resize(3);
+  EXPECT_EQ(Ricampiona(fixes, 9, Dmm).size(), 3U);
+  EXPECT_EQ(LeggiTraccia(TrackKind::Sav, "15/06/2026 08:00 1 4524 1218 3", {}).kind, TrackKind::Sav);
+}
+
+TEST(TrackLength, IsMeasuredOnTheGridOfItsFirstFix) {
+  Array1<PuntoGPSEst> fixes;
+  EXPECT_EQ(LunghezzaTraccia(fixes), 0.0);
+  for (int k = 0; k < 3; ++k) fixes.append(At(Grid{288600.0 + 3.0 * k, 5030900.0 - 4.0 * k}, k, 2.0));
+  EXPECT_DOUBLE_EQ(LunghezzaTraccia(fixes), 10.0);
+  Array1<PuntoGPSEst> along;  // a minute of latitude on the central meridian of zone 33: cs2cs gives 1851.588 m
+  for (int k = 0; k < 2; ++k) along.append(At(Geographic{45.4 + k / 60.0, 15.0}, k, 2.0));
+  EXPECT_NEAR(LunghezzaTraccia(along), 1851.588, 0.01);
 }
 
 }  // namespace
