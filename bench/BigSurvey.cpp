@@ -5,6 +5,7 @@
 
 #include "base/File.h"
 #include "base/NumberText.h"
+#include "geo/AngleText.h"
 #include "survey/RecordSyscalPro.h"
 #include "track/Cable.h"
 

@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   options.channels = [choice](std::int32_t) { return choice % 5 == 0 ? "" : std::to_string(choice % 13); };
   const auto path = fuzz::Place(fuzz::Text(data + 1, size - 1));
 
-  const FileRead read = LeggiSyscal(path, options);
+  const FileRead read = LeggiSyscalPro2(path, options);
   std::size_t firings = 0;
   const FileReport report = PercorriSyscal(path, options, [&](const Misura& m) {
     fuzz::PromiseFiring(m);

@@ -4,16 +4,12 @@
 
 #include "base/NumberText.h"
 #include "base/OleDate.h"
-#include "geo/GeoGeo.h"
+#include "geo/Utm.h"
 
 namespace corvan::samples {
 namespace {
 
-/// No question is asked on the way to UTM.
-class Nobody : public Dialogs {
-  Answer MsgBox(const MessageRequest&) override { return Answer::Cancel; }
-  std::string InputBox(const InputRequest&) override { return ""; }
-};
+constexpr GridZone LagoonGrid{33, Hemisphere::North};
 
 DateTime Quando(const TrackFix& fix) { return DaGiorni(fix.day + fix.second / 86400.0); }
 
@@ -35,18 +31,15 @@ std::string Frase(const std::string& body) {
 }  // namespace
 
 std::string FileCsv(const std::vector<TrackFix>& track) {
-  Nobody dialogs;
-  GeoGeo geo(dialogs);
   std::string file = "N;Line;Date;Time;Lat;Lon;Sats;Depth;Quality;East;North\r\n";
   int number = 0;
   for (const TrackFix& fix : track) {
-    geo.Posizione(fix.latitude, fix.longitude);
-    geo.Geo2UTM();
+    const Grid place = VersoUTM({fix.latitude, fix.longitude}, LagoonGrid).value();
     const DateTime when = Quando(fix);
     file += std::to_string(++number) + ";lagoon;" + TestoData(when) + ";" + TestoOra(when) + ";" +
             FormattaNumero(fix.latitude, "0.0000000") + ";" + FormattaNumero(fix.longitude, "0.0000000") + ";9;" +
-            FormattaNumero(fix.depth, "0.00") + ";1;" + FormattaNumero(geo.UTMx(), "0.00") + ";" +
-            FormattaNumero(geo.UTMy(), "0.00") + "\r\n";
+            FormattaNumero(fix.depth, "0.00") + ";1;" + FormattaNumero(place.easting, "0.00") + ";" +
+            FormattaNumero(place.northing, "0.00") + "\r\n";
   }
   return file;
 }

@@ -40,7 +40,7 @@ class Corvan : public QMainWindow {
    public:
     WindowDialogs(Dialogs& inner, Corvan& window) : inner_(inner), window_(window) {}
     Answer MsgBox(const MessageRequest& request) override { return inner_.MsgBox(request); }
-    std::string InputBox(const InputRequest& request) override { return inner_.InputBox(request); }
+    std::optional<std::string> InputBox(const InputRequest& request) override { return inner_.InputBox(request); }
     void Avanzamento(const ProgressStep& step) override;
 
    private:

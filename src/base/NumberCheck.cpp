@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Fields.h"
+#include "base/Text.h"
 
 namespace corvan {
 namespace {
@@ -20,10 +21,8 @@ std::string Luogo(std::size_t line, std::size_t field) {
 
 std::string Citazione(std::string_view text) {
   const std::string_view whole = Rifila(text);
-  std::string quote(whole.substr(0, LongestQuote));
-  const auto strange = [](char c) { return c < ' ' || c > '~'; };
-  std::replace_if(quote.begin(), quote.end(), strange, '?');
-  return "\"" + quote + (quote.size() < whole.size() ? "...\"" : "\"");
+  const std::string_view quote = whole.substr(0, LongestQuote);
+  return "\"" + Visibile(quote) + (quote.size() < whole.size() ? "...\"" : "\"");
 }
 
 std::string LettoCome(std::string_view text, double value) {

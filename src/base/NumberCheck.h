@@ -10,7 +10,7 @@
 namespace corvan {
 
 /// The text in quotes, as a message shows what a file or a box holds: without the blanks round it, a long one is cut,
-/// bytes that are no printable ASCII stand as "?".
+/// control characters stand as \xNN.
 std::string Citazione(std::string_view text);
 
 /// "\"45,4\" read as 45".

@@ -36,7 +36,7 @@ bool TestataDiTesto(std::string_view firstBytes) {
 FileReport PercorriFile(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink) {
   FileReport report;
   Scegli(
-      path, report, [&] { report = PercorriTesto(path, options, sink); },
+      path, report, [&] { report = LeggiFileCorvan(path, options, sink); },
       [&] { report = PercorriSyscal(path, options, sink); });
   return report;
 }
@@ -45,8 +45,8 @@ FileRead LeggiFile(const std::filesystem::path& path, const ReadOptions& options
   FileRead read;
   const MisuraSink keep = [&read](const Misura& m) { read.measurements.push_back(m); };
   Scegli(
-      path, read, [&] { static_cast<FileReport&>(read) = PercorriTesto(path, options, keep); },
-      [&] { read = LeggiSyscal(path, options); });
+      path, read, [&] { static_cast<FileReport&>(read) = LeggiFileCorvan(path, options, keep); },
+      [&] { read = LeggiSyscalPro2(path, options); });
   return read;
 }
 

@@ -3,12 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "base/DateText.h"
-#include "base/Errors.h"
-#include "base/Fields.h"
-#include "base/Lines.h"
 #include "input/InputDriver.h"
-#include "input/NmeaLog.h"
 #include "input/TrackFile.h"
 #include "survey/RecordSyscalPro.h"
 
@@ -35,28 +30,9 @@ bool EsportazioneDiTesto(std::string_view text) {
   return TestataDiTesto(text);
 }
 
-/// Fields 3 and 4 of a line are a date and a time.
-bool DataInTreQuattro(std::string_view line) {
-  FieldCursor fields(line, ScegliSeparatore(line));
-  fields.next();
-  fields.next();
-  const std::string_view date = Rifila(fields.next());
-  const std::string_view time = Rifila(fields.next());
-  if (date.find_first_of("/-.") == std::string_view::npos || time.find(':') == std::string_view::npos) return false;
-  try {
-    DataDaTesto(std::string(date) + " " + std::string(time));
-    return true;
-  } catch (const RunTimeError&) {
-    return false;
-  }
-}
-
-bool TabellaDiPosizioni(std::string_view text) {
-  constexpr std::size_t longest = 400;  // no line of a track is longer; what is binary has no line ends
-  for (LineCursor lines(text); lines.more();) {
-    if (DataInTreQuattro(lines.next().substr(0, longest))) return true;
-  }
-  return false;
+template <TrackKind Wanted>
+bool Traccia(std::string_view text) {
+  return GenereDaContenuto(text) == Wanted;
 }
 
 struct Kind {
@@ -67,8 +43,9 @@ struct Kind {
 // Every further format that is read (GPX tracks, column texts, projects) adds its row here.
 constexpr std::array Kinds{Kind{FileDelloStrumento, "an instrument's file"},
                            Kind{EsportazioneDiTesto, "an instrument's text export"},
-                           Kind{SembraNmea, "an NMEA 0183 log"}, Kind{SembraSeiColonne, "a track of six columns"},
-                           Kind{TabellaDiPosizioni, "a track's table of positions"}};
+                           Kind{Traccia<TrackKind::Nmea>, "an NMEA 0183 log"},
+                           Kind{Traccia<TrackKind::SixColumns>, "a track of six columns"},
+                           Kind{Traccia<TrackKind::Csv>, "a track's table of positions"}};
 
 }  // namespace
 

@@ -230,7 +230,7 @@ FileReport PercorriSyscal(const std::filesystem::path& path, const ReadOptions& 
   return report;
 }
 
-FileRead LeggiSyscal(const std::filesystem::path& path, const ReadOptions& options) {
+FileRead LeggiSyscalPro2(const std::filesystem::path& path, const ReadOptions& options) {
   FileRead read;
   std::vector<Misura>& kept = read.measurements;
   const Receiver keeper{[&kept](const Misura& m) { kept.push_back(m); }, [&kept] { kept.clear(); },

@@ -26,7 +26,7 @@ FileReport PercorriSyscal(const std::filesystem::path& path, const ReadOptions& 
 
 /// The same with the firings kept; what an error left of them is given up. Reads the file once, not twice, where its
 /// beginning speaks for all of it.
-FileRead LeggiSyscal(const std::filesystem::path& path, const ReadOptions& options);
+FileRead LeggiSyscalPro2(const std::filesystem::path& path, const ReadOptions& options);
 
 inline constexpr std::size_t OldRecordLength = 248;
 

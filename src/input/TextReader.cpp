@@ -82,7 +82,7 @@ void RilieviRighe(const TextScan& scan, Findings& out) {
 
 }  // namespace
 
-FileReport PercorriTesto(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink) {
+FileReport LeggiFileCorvan(const std::filesystem::path& path, const ReadOptions& options, const MisuraSink& sink) {
   FileReport report;
   FileSummary& summary = report.summary;
   summary.path = path;

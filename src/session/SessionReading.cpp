@@ -140,13 +140,12 @@ void Session::BatOperation() {
 /// Appends what a file gives to the survey.
 void Session::leggiFile(const ReadOptions& options) {
   CurrentFile& file = survey_.file;
-  const auto append = [this](const Misura& m) {
-    survey_.Misure.append(m);
-    Misura& last = survey_.Misure(survey_.Misure.size());
-    if (!Vuota(last)) last.NumFile = survey_.file.NumFile;  // an empty firing names no file
-  };
   Trappola(findings_, "LeggiFile", [&] {
-    FileReport report = PercorriFile(file.NomeFile, options, append);
+    FileRead report = LeggiFile(file.NomeFile, options);
+    for (Misura& m : report.measurements) {
+      if (!Vuota(m)) m.NumFile = file.NumFile;  // an empty firing names no file
+      survey_.Misure.append(m);
+    }
     findings_.add(report.findings, file.NomeFile);
     survey_.files.push_back(report.summary);
     if (report.summary.format.empty()) return;

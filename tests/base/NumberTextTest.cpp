@@ -114,7 +114,9 @@ TEST(NumberChecks, CountAndQuoteTheFirst) {
             "2 values are not numbers from end to end, the first in line 4, field 26: \"45,4\" read as 45");
   NumberCheck box;
   box.leggi("1" + std::string(50, '\x01'));
-  EXPECT_EQ(box.detto(), "1 value is not a number from end to end: \"1" + std::string(39, '?') + "...\" read as 1");
+  std::string shown;
+  for (int k = 0; k < 39; ++k) shown += "\\x01";
+  EXPECT_EQ(box.detto(), "1 value is not a number from end to end: \"1" + shown + "...\" read as 1");
 }
 
 TEST(LeadingNumber, AreTheNearestDoubleWhateverTheirLength) {

@@ -63,13 +63,6 @@ TEST(Batch, NumbersFilesInTheOrderGiven) {
   EXPECT_TRUE(Contains(test::Slurp(cli.folder / "o.kml"), ",125.00000\r\n"));
 }
 
-TEST(Times, ThatTextSurveysDoNotHoldAreEmpty) {
-  const Cli cli;
-  cli.folder.write("a.txt", TextSurvey(GridPlaces()));
-  ASSERT_EQ(cli("process a.txt --coords utm --out o --format csv").status, 0);
-  EXPECT_EQ(Row(cli, 2).at(2), "");
-}
-
 TEST(South, LinksATrackOfSixColumns) {
   const Cli cli;
   cli.folder.write("s.bin", test::SyscalFile(TimedFirings(-1.0F)));

@@ -23,7 +23,7 @@ FileRead Read(const std::string& content, const ReadOptions& options = {}) {
   const test::TempFolder folder;
   FileRead out;
   const auto keep = [&out](const Misura& m) { out.measurements.push_back(m); };
-  static_cast<FileReport&>(out) = PercorriTesto(folder.write("export.txt", content), options, keep);
+  static_cast<FileReport&>(out) = LeggiFileCorvan(folder.write("export.txt", content), options, keep);
   return out;
 }
 
@@ -338,7 +338,7 @@ TEST(TextLines, LongerThanABlockAreToldWhenTheyAreData) {
 TEST(TextExport, ThatCannotBeReadIsAFault) {
   const test::TempFolder folder;
   std::size_t given = 0;
-  const FileReport report = PercorriTesto(folder / "missing.txt", {}, [&given](const Misura&) { ++given; });
+  const FileReport report = LeggiFileCorvan(folder / "missing.txt", {}, [&given](const Misura&) { ++given; });
   EXPECT_EQ(Told(report), "!No such file or directory\n");
   EXPECT_EQ(report.findings.entries().at(0).file, (folder / "missing.txt").string());
   EXPECT_EQ(report.summary.format, "");
@@ -350,7 +350,7 @@ TEST(TextExport, WrittenToWhileItIsReadIsAFault) {
   const std::string line = Line() + "\n";
   const std::filesystem::path path = folder.write("export.txt", Header + line + line + "\n");
   const auto grow = [&](const Misura&) { folder.write("export.txt", Header + line + line + line + "\n"); };
-  EXPECT_NE(Told(PercorriTesto(path, {}, grow)).find("!was written to while it was read"), std::string::npos);
+  EXPECT_NE(Told(LeggiFileCorvan(path, {}, grow)).find("!was written to while it was read"), std::string::npos);
 }
 
 }  // namespace
