@@ -2,8 +2,8 @@
 #include <array>
 #include <optional>
 
-#include "FileInMemory.h"
 #include "input/SyscalReader.h"
+#include "SurveyChain.h"
 
 namespace corvan::fuzz {
 namespace {
@@ -46,5 +46,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const Finding& finding : report.findings.entries()) {
     fuzz::Promise(!finding.reason.empty(), "a finding has words");
   }
+  fuzz::Chain(fuzz::Text(data + 1, size - 1), data[0]);
   return 0;
 }
