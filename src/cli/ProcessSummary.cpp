@@ -23,8 +23,9 @@ std::string SommarioTesto(const Session& session) {
       continue;
     }
     out << file.format << ", " << file.bytes << " bytes, " << file.records
-        << (file.format == "text" ? " lines, " : " records, ") << file.channels << " channels, " << file.firings
-        << " firings\n";
+        << (file.format == "text" ? " line" : " record") << (file.records == 1 ? ", " : "s, ") << file.channels
+        << (file.channels == 1 ? " channel, " : " channels, ") << file.firings
+        << (file.firings == 1 ? " firing\n" : " firings\n");
   }
   out << "measurements  " << survey.NumMisure() << " (" << session.fixes().discarded << " discarded, "
       << session.fixes().interpolated << " interpolated)\n";

@@ -95,7 +95,13 @@ void FormatCheck::rilievi(const std::string& procedure, const std::string& place
     out.fault(procedure, estremi(NomeFormato(AngleFormat::D_DDDD)) + read + " at all " + std::to_string(positions_) +
                              " positions");
   }
-  if (!layout_ && north_ < LargestLatitude * Minutes && east_ < LargestLongitude * Minutes) {
+  // As minutes and seconds such numbers would all lie in the sea off Ghana, within a degree and a half of 0 N 0 E.
+  const bool minutes = north_ < LargestLatitude * Minutes && east_ < LargestLongitude * Minutes;
+  if (layout_ == AngleFormat::DMMSS && !degrees && minutes) {
+    out.fault(procedure, estremi(NomeFormato(AngleFormat::DMM_MMM)) + read + " at all " + std::to_string(positions_) +
+                             " positions");
+  }
+  if (!layout_ && minutes) {
     out.fault(procedure, estremi(NomeFormato(degrees ? AngleFormat::D_DDDD : AngleFormat::DMM_MMM)) + read +
                              " at all " + std::to_string(positions_) + " positions");
   }

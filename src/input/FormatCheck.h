@@ -23,7 +23,8 @@ class FormatCheck {
   void prendi(const Misura& m, std::size_t place);
 
   /// A fault when a latitude is over 90 or a longitude over 180 degrees, when numbers read with minutes are all under
-  /// 91 and 181 (they are degrees), or when northings are all under 9,000 and eastings under 18,000.
+  /// 91 and 181 (they are degrees), or when northings, or latitudes read with seconds, are all under 9,000 and eastings
+  /// or longitudes under 18,000.
   /// @param placeName what a place is: "record", "line"
   void rilievi(const std::string& procedure, const std::string& placeName, Findings& out) const;
 

@@ -1,5 +1,6 @@
 #include "track/FormatGuess.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -19,11 +20,23 @@ constexpr double CableLengths = 20.0;  // a mean step longer than so many cables
 
 struct Layout {
   AngleFormat format;
+  double
+      least;  // the largest number of a survey is no less, or it would lie within a degree of the equator and Greenwich
   const char* name;
 };
-constexpr std::array Layouts{Layout{AngleFormat::D_DDDD, "decimal degrees (DD.DDDDD, --coords dd)"},
-                             Layout{AngleFormat::DMM_MMM, "degrees and minutes (DDMM:MMM, --coords ddmm)"},
-                             Layout{AngleFormat::DMMSS, "degrees, minutes and seconds (DDMMSS, --coords ddmmss)"}};
+constexpr std::array Layouts{
+    Layout{AngleFormat::D_DDDD, 1.0, "decimal degrees (DD.DDDDD, --coords dd)"},
+    Layout{AngleFormat::DMM_MMM, 100.0, "degrees and minutes (DDMM:MMM, --coords ddmm)"},
+    Layout{AngleFormat::DMMSS, 10000.0, "degrees, minutes and seconds (DDMMSS, --coords ddmmss)"}};
+
+/// The largest latitude or longitude as read.
+double NumeroMaggiore(const Survey& survey) {
+  double most = 0.0;
+  for (const Misura& m : survey.Misure) {
+    if (std::holds_alternative<Geographic>(m.sorgente)) most = std::max({most, std::abs(m.Lat), std::abs(m.Lon)});
+  }
+  return most;
+}
 
 /// Mean step within the lines if the numbers as read were of this layout; infinite where they cannot be.
 double PassoCon(const Survey& survey, AngleFormat format) {
@@ -57,8 +70,9 @@ void RilevaFormato(const Survey& survey, Findings& findings) {
   const double step = survey.traccia.AltezzaCella;
   if (most == 0.0 || step <= most) return;
   std::string likely = "another coordinate format or zone";
-  for (const auto& [format, name] : Layouts) {
-    if (format == survey.settings.layout || PassoCon(survey, format) > most) continue;
+  const double largest = NumeroMaggiore(survey);
+  for (const auto& [format, least, name] : Layouts) {
+    if (format == survey.settings.layout || largest < least || PassoCon(survey, format) > most) continue;
     likely = name;
     break;
   }

@@ -372,6 +372,11 @@ TEST(CoordinateFormats, ThatScatterTheTrackAreNamed) {
   minutes.survey.traccia.AltezzaCella = 60000;
   RilevaFormato(minutes.survey, minutes.findings);
   EXPECT_NE(minutes.reason(0).find("--coords ddmm)"), std::string::npos) << minutes.reason(0);
+  // 60 times shorter as degrees, minutes and seconds, but no survey has such small numbers of them.
+  minutes.findings.clear();
+  minutes.survey.settings.layout = AngleFormat::DMM_MMM;
+  RilevaFormato(minutes.survey, minutes.findings);
+  EXPECT_NE(minutes.reason(0).find("look like another coordinate format or zone"), std::string::npos);
   Fixture good({{300000, 5e6}, {301100, 5e6}});
   good.run();
   RilevaFormato(good.survey, good.findings);
