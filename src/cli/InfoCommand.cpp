@@ -97,6 +97,11 @@ void EsaminaTraccia(std::string_view text, FileInfo& info) {
   if (read.fixes.empty()) info.findings.fault(Procedure, "holds no fix");
 }
 
+/// Tracks are kept in memory while they are looked at. A file too large to be held on suspicion shows by its beginning
+/// whether it is one.
+constexpr std::uintmax_t LargeFile = std::uintmax_t{16} << 20;
+constexpr std::size_t Beginning = std::size_t{1} << 20;
+
 /// Files of measurements by their first bytes; others may be too, when they are no track.
 constexpr std::size_t FirstBytes = 11;
 bool SonoMisure(std::string_view firstBytes) {
@@ -108,6 +113,9 @@ FileInfo Esamina(const std::string& name, Findings& findings) {
   info.name = name;
   Trappola(findings, Procedure, [&] {
     if (SonoMisure(LeggiInizio(name, FirstBytes).text())) return EsaminaMisure(info);  // of any size
+    if (FileReader(name).size() > LargeFile && !Traccia(name, LeggiInizio(name, Beginning).text())) {
+      return EsaminaMisure(info);
+    }
     const FileBytes bytes = LeggiTutto(name);
     info.track = Traccia(name, bytes.text());
     info.bytes = bytes.size();
