@@ -28,12 +28,6 @@ FileBytes Leggi(const std::filesystem::path& path, std::size_t limit) {
 
 }  // namespace
 
-FileBytes FileBytes::FromText(std::string_view text) {
-  FileBytes copy(text.size());
-  std::copy_n(reinterpret_cast<const std::byte*>(text.data()), text.size(), copy.data_.get());
-  return copy;
-}
-
 FileBytes LeggiTutto(const std::filesystem::path& path) { return Leggi(path, std::numeric_limits<std::size_t>::max()); }
 
 FileBytes LeggiInizio(const std::filesystem::path& path, std::size_t count) { return Leggi(path, count); }

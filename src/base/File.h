@@ -23,7 +23,6 @@ class FileBytes {
  public:
   FileBytes() = default;
   explicit FileBytes(std::size_t size) : data_(std::make_unique_for_overwrite<std::byte[]>(size)), size_(size) {}
-  static FileBytes FromText(std::string_view text);
 
   std::span<const std::byte> bytes() const { return {data_.get(), size_}; }
   std::span<std::byte> bytes() { return {data_.get(), size_}; }

@@ -42,7 +42,7 @@ std::optional<Place> Colloca(const PositionSource& source, const GridZone& grid)
 
 std::optional<GridZone> GrigliaDi(const Geographic& position) {
   try {
-    const std::int16_t zone = UTMZoneOf(ASingolo(position.longitude));
+    const std::int16_t zone = SelezionaZonaUTM(ASingolo(position.longitude));
     return GridZone{std::clamp<std::int16_t>(zone, 1, LastZone),
                     position.latitude >= 0.0 ? Hemisphere::North : Hemisphere::South};
   } catch (const RunTimeError&) {

@@ -15,11 +15,6 @@ inline float NordDi(const RecordView& record) {
   const float north = record.leggi(campo::GpsNord);
   return std::isfinite(north) ? north : 0.0F;
 }
-/// Its longitude or easting, likewise.
-inline float EstDi(const RecordView& record) {
-  const float east = record.leggi(campo::GpsEst);
-  return std::isfinite(east) ? east : 0.0F;
-}
 
 /// What the records say one by one. Record numbers are 1-based; 0 stands for none.
 class RecordExtent {

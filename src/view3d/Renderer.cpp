@@ -117,12 +117,12 @@ void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const
   if (view.MostraProfondita) {
     DisegnaEchoSounder(scene, view, canvas);
   } else {
-    dptlbl_.hide();
+    DepthNonVisibile();
   }
   if (view.MostraGPS2) {
     DisegnaGPS(scene, view, notes, canvas);
   } else {
-    gpslbl_.hide();
+    GpsNonVisibile();
   }
   if (!notes.info.empty()) {
     const std::int32_t inset = canvas.AltezzaTesto() * 3 / 4;
@@ -145,7 +145,7 @@ void Renderer::DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& c
 void Renderer::DisegnaTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes,
                                   Canvas& canvas) {
   if (!view.MostraElettrodi) {
-    ptlbl_.hide();
+    TraiettoriaNonVisibile();
     return;
   }
   const LabelStyle style = Stile(MarkerShape::Dot, 2, MeasurementColour, view.AreaPixel);
