@@ -69,11 +69,12 @@ class FileReader {
   OpenFile file_;
 };
 
-/// An output file, written in chunks of one MiB. What is written goes into a hidden file ".NAME.corvan-PID-xxxx" beside
-/// the target, which close() puts in the target's place once every byte is on the disk: at no moment is there half a
-/// file under the name, and whatever ends the writing before, an older file stays as it was. The real target is the
-/// file at the end of the links, also when it is not there yet. It keeps an older file's permissions, and owner and
-/// group where the system lets them be set. A target that is no regular file (a device, a pipe) is written directly.
+/// An output file, written in chunks of one MiB or in the caller's own where they are large. What is written goes into
+/// a hidden file ".NAME.corvan-PID-xxxx" beside the target, which close() puts in the target's place once every byte is
+/// on the disk: at no moment is there half a file under the name, and whatever ends the writing before, an older file
+/// stays as it was. The real target is the file at the end of the links, also when it is not there yet. It keeps an
+/// older file's permissions, and owner and group where the system lets them be set. A target that is no regular file (a
+/// device, a pipe) is written directly.
 class FileWriter {
  public:
   /// Removes what a writer of the same target that was killed has left.

@@ -13,6 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t Chunk = std::size_t{1} << 20;
+constexpr std::size_t Direct = std::size_t{1} << 16;  // a text of so many bytes is not copied first
 constexpr const char* Mark = ".corvan-";
 constexpr std::size_t SerialDigits = 4;
 
@@ -126,6 +127,11 @@ void FileWriter::openBeside() {
 
 void FileWriter::write(std::string_view text) {
   if (!file_.aperto()) throw FileError(path_, failure_.empty() ? "is closed" : failure_);
+  if (text.size() >= Direct) {
+    flush();
+    check(file_.scrivi(text));
+    return;
+  }
   while (!text.empty()) {
     const std::size_t part = std::min(text.size(), Chunk - buffer_.size());
     buffer_ += text.substr(0, part);

@@ -55,6 +55,21 @@ constexpr int ExactDigits = 15;  // a whole number of so many digits is exact in
 constexpr std::array<double, ExactDigits + 1> PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
+/// The magnitude of a value counted in units of its last place, rounded as AggiungiNumero does, by one product instead
+/// of the way through the decimal text; -1 where that cannot tell which way the rounding goes. Between the product and
+/// the decimal that is rounded there are 15 significant digits (5e-15 of the value) and one rounding (1.2e-16): where
+/// the product is further than 1e-14 of itself from a half, both round to the same unit. From 5e13 units on no product
+/// is that far; below, whole units are exact. Numbers are written in a third of the time so.
+double UnitaArrotondate(double value, double unit) {
+  constexpr double doubt = 1e-14, most = 0.5 / doubt;
+  const double scaled = std::abs(value) * unit;
+  if (!(scaled < most)) return -1.0;
+  const auto below = static_cast<double>(static_cast<std::int64_t>(scaled));  // std::floor may be a call
+  const double half = scaled - below - 0.5;
+  if (std::abs(half) <= doubt * scaled) return -1.0;
+  return half < 0.0 ? below : below + 1.0;
+}
+
 template <class Number>
 std::string Semplice(Number value) {
   if (value == 0) return "0";
@@ -101,6 +116,43 @@ DecimalDigits Arrotonda(double magnitude, int places) {
     ++d.whole;
   }
   return d;
+}
+
+/// Through the decimal digits of the value: right for every finite value.
+void AggiungiPerCifre(std::string& out, double value, const Mask& mask) {
+  const DecimalDigits d = Arrotonda(std::abs(value), mask.places);
+  const auto at = [&d](int k) { return k >= 0 && k < d.count ? d.digit[static_cast<std::size_t>(k)] : '0'; };
+  const auto first = d.digit.begin();
+  const bool zero = std::all_of(first, first + d.count, [](char c) { return c == '0'; });
+  if (value < 0.0 && !zero) out += '-';
+
+  const int whole = zero ? 0 : std::max(d.whole, 0);
+  for (int k = whole; k < mask.forcedDigits; ++k) out += '0';
+  for (int k = 0; k < whole; ++k) out += at(k);
+  if (!mask.point) return;
+  out += '.';
+  int places = mask.places;
+  while (places > mask.forcedPlaces && (zero || at(d.whole + places - 1) == '0')) --places;
+  for (int k = 0; k < places; ++k) out += zero ? '0' : at(d.whole + k);
+}
+
+/// So many units of a mask's last place, at most 5e13. The mask has at most ExactDigits digits on each side.
+void AggiungiUnita(std::string& out, std::uint64_t units, bool negative, const Mask& mask) {
+  constexpr std::size_t zeros = std::size_t{2} * ExactDigits;  // as many may stand before the first digit that counts
+  std::array<char, 2 + zeros + ExactDigits> text;
+  text.fill('0');
+  char* const digits = text.data() + 2 + zeros;
+  char* const end = units == 0 ? digits : std::to_chars(digits, text.data() + text.size(), units).ptr;
+  char* const point = end - mask.places;
+  char* first = std::min(digits, point - mask.forcedDigits);
+  const char* last = end;
+  while (last - point > mask.forcedPlaces && last[-1] == '0') --last;
+  if (mask.point) {
+    for (char* at = first--; at < point; ++at) at[-1] = *at;
+    point[-1] = '.';
+  }
+  if (negative) *--first = '-';
+  out.append(first, static_cast<std::size_t>(last - first));
 }
 
 }  // namespace
@@ -164,33 +216,20 @@ std::string FormattaNumero(double value, Mask mask) {
 
 void AggiungiNumero(std::string& out, double value, Mask mask) {
   if (!std::isfinite(value)) return;
-  const DecimalDigits d = value == 0.0 ? DecimalDigits{} : Arrotonda(std::abs(value), mask.places);
-  const auto at = [&d](int k) { return k >= 0 && k < d.count ? d.digit[static_cast<std::size_t>(k)] : '0'; };
-  const auto first = d.digit.begin();
-  const bool zero = std::all_of(first, first + d.count, [](char c) { return c == '0'; });
-  if (value < 0.0 && !zero) out += '-';
-
-  const int whole = zero ? 0 : std::max(d.whole, 0);
-  for (int k = whole; k < mask.forcedDigits; ++k) out += '0';
-  for (int k = 0; k < whole; ++k) out += at(k);
-  if (!mask.point) return;
-  out += '.';
-  int places = mask.places;
-  while (places > mask.forcedPlaces && (zero || at(d.whole + places - 1) == '0')) --places;
-  for (int k = 0; k < places; ++k) out += zero ? '0' : at(d.whole + k);
+  const bool fits = mask.places <= ExactDigits && mask.forcedDigits <= ExactDigits;
+  const double units = fits ? UnitaArrotondate(value, PowersOfTen[static_cast<std::size_t>(mask.places)]) : -1.0;
+  if (units < 0.0) {
+    AggiungiPerCifre(out, value, mask);
+  } else {
+    AggiungiUnita(out, static_cast<std::uint64_t>(static_cast<std::int64_t>(units)), value < 0.0 && units > 0.0, mask);
+  }
 }
 
 double ArrotondaDecimale(double value, int places) {
   if (!std::isfinite(value)) return 0.0;
   const double unit = PowersOfTen.at(static_cast<std::size_t>(places));
-  const double scaled = std::abs(value) * unit;
-  const double below = std::floor(scaled);
-  // What 15 significant digits and the product may have moved; whole numbers of so many units are exact.
-  constexpr double exact = 1e14, doubt = 1e-14;
-  if (scaled < exact && std::abs(scaled - below - 0.5) > doubt * scaled) {
-    const double units = scaled - below < 0.5 ? below : below + 1.0;
-    return value < 0.0 && units > 0.0 ? -units / unit : units / unit;
-  }
+  const double units = UnitaArrotondate(value, unit);
+  if (units >= 0.0) return value < 0.0 && units > 0.0 ? -units / unit : units / unit;
   const std::string mask = "0." + std::string(static_cast<std::size_t>(places), '0');
   return Val(FormattaNumero(value, mask.c_str()));
 }

@@ -157,6 +157,19 @@ TEST(Writer, GivenUpLeavesTheOlderFileAndNothingElse) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
 }
 
+TEST(Writer, KeepsTheOrderOfSmallAndLargePieces) {
+  const TempFolder folder;
+  FileWriter out(folder / "x");
+  std::string all;
+  for (const std::size_t size : {3U, 100'000U, 1U, 65'535U, 65'536U, 2'000'000U, 7U}) {
+    const std::string piece(size, static_cast<char>('a' + size % 26));
+    out.write(piece);
+    all += piece;
+  }
+  out.close();
+  EXPECT_EQ(Slurp(folder / "x"), all);
+}
+
 TEST(Writer, OnAFullDiskLeavesTheOlderFileAndNothingElse) {
   const TempFolder folder;
   folder.write("old", "older");
@@ -170,8 +183,7 @@ TEST(Writer, OnAFullDiskLeavesTheOlderFileAndNothingElse) {
   const auto left = Hidden(folder.path());
   const std::string atClose = Reason([&] { out.close(); });
   FileWriter late(folder / "old");
-  late.write(std::string(1'040'000, 'n'));  // in the buffer
-  late.write(std::string(1'040'000, 'n'));
+  for (int k = 0; k < 52; ++k) late.write(std::string(40'000, 'n'));  // the last million waits in the buffer
   const std::string onlyAtClose = Reason([&] { late.close(); });
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);

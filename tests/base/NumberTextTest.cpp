@@ -3,11 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <random>
+#include <string>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/NumberCheck.h"
@@ -48,8 +51,79 @@ INSTANTIATE_TEST_SUITE_P(
         MaskCase{"00", 7, "07"}, MaskCase{"##0.00000000000000", 12.3, "12.30000000000000"},
         MaskCase{"#######0.00", 1e17, "100000000000000000.00"},
         MaskCase{"#######0.00", 999999999999999.0, "999999999999999.00"},
-        MaskCase{"#######0.00", 9.999999999999999e-10, "0.00"},
+        MaskCase{"#######0.00", 9.999999999999999e-10, "0.00"}, MaskCase{"#####0.##", -0.005, "-0.01"},
+        MaskCase{"#####0.##", -0.00499, "0."}, MaskCase{"##0.00000", -0.0, "0.00000"},
+        MaskCase{"##0.00000", 99.999995, "100.00000"}, MaskCase{"##0.00000", -999.9999951, "-1000.00000"},
+        MaskCase{"##0.00000", 1.00002, "1.00002"}, MaskCase{"0.0##", 10.01, "10.01"}, MaskCase{"0.0##", 10.1, "10.1"},
+        MaskCase{"#######0.00", 49999999999999.004, "49999999999999.00"},
+        MaskCase{"#0.###", 99999999999.9995, "100000000000."}, MaskCase{"#0.##", 0.285, "0.29"},
         MaskCase{"##0.0", std::numeric_limits<double>::quiet_NaN(), ""}));
+
+/// The same text by arithmetic on the whole number of 15 digits: the rule, put down a second time.
+std::string ByWholeNumbers(double value, const Mask& mask) {
+  std::array<char, 40> text{};
+  std::to_chars(text.data(), text.data() + text.size(), std::abs(value), std::chars_format::scientific, 14);
+  std::uint64_t number = 0;  // d.dddddddddddddd without its point
+  int exponent = 0;
+  std::swap(text[0], text[1]);
+  std::from_chars(text.data() + 1, text.data() + 16, number);
+  std::from_chars(text.data() + (text[17] == '+' ? 18 : 17), text.data() + text.size(), exponent);
+  const int shift = exponent - 14 + mask.places;
+  std::uint64_t divisor = 1;
+  for (int k = shift; k < 0 && divisor < 1'000'000'000'000'000'000U; ++k) divisor *= 10;
+  std::string units = std::to_string(number / divisor + (2 * (number % divisor) >= divisor ? 1 : 0));
+  if (shift > 0) units += std::string(static_cast<std::size_t>(shift), '0');
+  const bool zero = units.find_first_not_of('0') == std::string::npos;
+  units.erase(0, zero ? units.size() : 0);
+  const auto least = static_cast<std::size_t>(mask.places + mask.forcedDigits);
+  if (units.size() < least) units.insert(0, least - units.size(), '0');
+  if (mask.point) units.insert(units.size() - static_cast<std::size_t>(mask.places), 1, '.');
+  for (int k = mask.places; k > mask.forcedPlaces && units.back() == '0'; --k) units.pop_back();
+  return (value < 0.0 && !zero ? "-" : "") + units;
+}
+
+/// Numbers of every size, and most of all those at which rounding turns.
+double Awkward(std::mt19937_64& random) {
+  const auto below = [&random](std::uint64_t limit) { return static_cast<double>(random() % limit); };
+  const double power = std::pow(10.0, below(12));
+  const double sign = random() % 2 == 0 ? 1.0 : -1.0;
+  double value = 0.0;
+  switch (random() % 6) {
+    case 0:
+      value = static_cast<double>(static_cast<float>(below(100'000'000) / power));
+      break;
+    case 1:
+      value = (below(10'000'000) + 0.5) / power;  // a decimal half
+      break;
+    case 2:
+      value = std::round(below(1000) * power) / power - 1.0 / power;  // nines
+      break;
+    case 3:
+      value = below(1'000'000'000'000'000'000U) / power;
+      break;
+    case 4:
+      value = std::ldexp(below(1U << 20U), static_cast<int>(random() % 120) - 80);
+      break;
+    default:
+      value = below(40'000'000'000'000U) / 1e10;
+  }
+  for (std::uint64_t k = random() % 5; k > 0; --k) value = std::nextafter(value, random() % 2 == 0 ? 0.0 : 1e300);
+  return sign * value;
+}
+
+TEST(NumbersOfEverySize, AreTheSameByWhicheverWayTheyAreRounded) {
+  const std::array masks{Mask("#####0.##"), Mask("##0.00000"),          Mask("#########.0#"), Mask("###0.0##"),
+                         Mask("####0.0"),   Mask("##0.00000000000000"), Mask("#0"),           Mask("000.0###")};
+  std::mt19937_64 random(11);
+  for (int k = 0; k < 2'000'000; ++k) {
+    const double value = Awkward(random);
+    const Mask& mask = masks.at(random() % masks.size());
+    const std::string text = FormattaNumero(value, mask);
+    ASSERT_EQ(text, ByWholeNumbers(value, mask)) << TestoNumero(value) << " to " << mask.places << " places";
+    if (mask.places > 0) continue;
+    ASSERT_EQ(ArrotondaDecimale(value, 0), Val(text)) << TestoNumero(value);
+  }
+}
 
 struct ValCase {
   const char* text;
