@@ -1,8 +1,15 @@
-// Analysis, extraction and writers at 10,000 and 100,000 measurements, and the binary writer against a bare write.
+// Analysis, extraction and writers at 10,000 and 100,000 measurements, the binary writer against a bare write, and all
+// outputs of 200,000 against bare writes of as many bytes.
 #include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "BigSurvey.h"
 #include "export/BinWriter.h"
@@ -112,6 +119,85 @@ void WriteBinBytes(benchmark::State& state) {
   }
 }
 
+constexpr const char* OutputNames[] = {"all.bin", "all.txt", "all.ecs", "all.ecst", "all.kml", "all.csv"};
+
+/// Every output of the survey in the run's folder.
+void SaveAll(Prepared& p) {
+  const Section& s = p.section;
+  std::size_t next = 0;
+  const auto save = [&next](auto&& write) {
+    FileWriter out(Folder() / OutputNames[next++]);
+    write(out);
+    out.close();
+  };
+  save([&](FileWriter& out) { corvan::SalvaBinPro(out, s.RecordOut, s.NqpBin(), {}); });
+  save([&](FileWriter& out) { corvan::SalvaAscii(out, s.RecordOut, s.NqpBin()); });
+  save([&](FileWriter& out) { corvan::SalvaTraccia(out, s.Profilo, s.E1, s.E2); });
+  save([&](FileWriter& out) { corvan::SalvaTraccia(out, s.ProfiloVero, s.E1, s.E2); });
+  KmlGoogle kml;
+  kml.FileName((Folder() / OutputNames[next++]).string());
+  corvan::SalvaKML(kml, s, {{0, 1}, 0}, p.findings);
+  save([&](FileWriter& out) { corvan::SalvaTabella(out, p.survey); });
+}
+
+/// A disk at rest without the outputs, so that each timing begins alike.
+void ClearOutputs() {
+  for (const char* name : OutputNames) std::filesystem::remove(Folder() / name);
+  ::sync();
+}
+
+void WriteAll(benchmark::State& state) {
+  Prepared& p = At(state);
+  for (auto _ : state) {
+    state.PauseTiming();
+    ClearOutputs();
+    state.ResumeTiming();
+    SaveAll(p);
+  }
+  ClearOutputs();
+}
+
+/// Bytes of each output.
+const std::vector<std::uintmax_t>& OutputSizes(Prepared& p) {
+  static const std::vector<std::uintmax_t> sizes = [&p] {
+    std::vector<std::uintmax_t> bytes;
+    SaveAll(p);
+    for (const char* name : OutputNames) bytes.push_back(std::filesystem::file_size(Folder() / name));
+    return bytes;
+  }();
+  return sizes;
+}
+
+/// One file of so many bytes by the system's calls alone. @return all was written
+bool BareFile(const std::filesystem::path& path, std::uintmax_t bytes, bool flushed) {
+  static const std::string chunk(std::size_t{1} << 20, 'x');
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  bool good = file >= 0;
+  while (good && bytes > 0) {
+    const ssize_t count = ::write(file, chunk.data(), std::min<std::uintmax_t>(chunk.size(), bytes));
+    good = count > 0;
+    bytes -= good ? static_cast<std::uintmax_t>(count) : 0;
+  }
+  good = good && (!flushed || ::fdatasync(file) == 0);
+  return ::close(file) == 0 && good;
+}
+
+void WriteBare(benchmark::State& state, bool flushed) {
+  const std::vector<std::uintmax_t>& sizes = OutputSizes(At(state));
+  for (auto _ : state) {
+    state.PauseTiming();
+    ClearOutputs();
+    state.ResumeTiming();
+    for (std::size_t k = 0; k < sizes.size(); ++k) {
+      if (!BareFile(Folder() / OutputNames[k], sizes[k], flushed)) state.SkipWithError("not all was written");
+    }
+  }
+  ClearOutputs();
+}
+
+void WriteAllBytes(benchmark::State& state) { WriteBare(state, true); }
+void WriteAllBytesUnflushed(benchmark::State& state) { WriteBare(state, false); }
+
 void TwoSizes(benchmark::internal::Benchmark* b) { b->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond); }
 
 BENCHMARK(Analysis)->Apply(TwoSizes);
@@ -123,6 +209,9 @@ BENCHMARK(SalvaKML)->Apply(TwoSizes);
 BENCHMARK(SalvaTabella)->Apply(TwoSizes);
 BENCHMARK(WriteBin)->Arg(20'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(WriteBinBytes)->Arg(20'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteAll)->Arg(200'000)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteAllBytes)->Arg(200'000)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteAllBytesUnflushed)->Arg(200'000)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace corvan::bench

@@ -19,6 +19,8 @@ constexpr std::array Promises{
             2.5},
     Promise{"text export / from_chars over the same numbers", "ReadText", "ReadTextNumbers", 2.0},
     Promise{".bin / bare write of the same bytes", "WriteBin/20000", "WriteBinBytes/20000", 3.0},
+    Promise{"all formats of 200,000 firings / bare 1 MB writes of the same bytes, both to the disk", "WriteAll/200000",
+            "WriteAllBytes/200000", 3.0},
     Promise{"analysis, 100,000 / 10,000 measurements", "Analysis/100000", "Analysis/10000", 12.0},
     Promise{"extraction", "Extraction/100000", "Extraction/10000", 12.0},
     Promise{".bin", "SalvaBinPro/100000", "SalvaBinPro/10000", 12.0},
