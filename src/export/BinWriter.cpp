@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <span>
 #include <string_view>
+
+#include "export/BlockComposer.h"
 
 namespace corvan {
 namespace {
@@ -23,6 +24,8 @@ constexpr char LastByte = '\x01';  // overwritten by the first record
 constexpr std::string_view Sequence = "\0myseq      "sv;
 static_assert(Name.size() == DatePlace);
 static_assert(Sequence.size() == SequenzaLength);
+
+constexpr std::size_t RecordsPerBlock = 1000;  // 280 kB
 
 /// The fields that make every record look like a reading of one standard sequence.
 RecordSyscalPro Costanti() {
@@ -76,10 +79,14 @@ void SalvaBinPro(FileWriter& out, const SectionRecords& RecordOut, const std::in
   std::string header;
   CreaHeaderBin(header, now);
   out.write(NqpBin > 0 ? std::string_view(header).substr(0, FirstRecord) : std::string_view(header));
-  for (std::size_t k = 1; k <= static_cast<std::size_t>(std::max(NqpBin, 0)); ++k) {
-    const RecordSyscalPro record = CreaRecordBin(RecordOut(k), k);
-    out.write(std::span<const std::byte>(record.byte).first(RecordLengthWritten));
-  }
+  const auto compose = [&RecordOut](std::string& text, std::size_t first, std::size_t end) {
+    for (std::size_t k = first + 1; k <= end; ++k) {
+      const RecordSyscalPro record = CreaRecordBin(RecordOut(k), k);
+      text.append(reinterpret_cast<const char*>(record.byte.data()), RecordLengthWritten);
+    }
+  };
+  ComponiBlocchi({static_cast<std::size_t>(std::max(NqpBin, 0)), RecordsPerBlock}, compose,
+                 [&out](std::string_view text) { out.write(text); });
 }
 
 }  // namespace corvan

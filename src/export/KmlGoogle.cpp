@@ -9,6 +9,7 @@
 #include "base/Fields.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "export/KmlText.h"
 
 namespace corvan {
 namespace {
@@ -16,37 +17,10 @@ namespace {
 constexpr const char* Viewer = "googleearth.exe";
 constexpr Mask OverlayMask = "##0.00000000000000";
 
-std::string Escape(std::string_view text) {
-  std::string out;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        out += "&amp;";
-        break;
-      case '<':
-        out += "&lt;";
-        break;
-      case '>':
-        out += "&gt;";
-        break;
-      default:
-        out += c;
-    }
-  }
-  return out;
-}
-
-/// The last `digits` hexadecimal digits of a value, in capitals.
-std::string Esadecimale(std::int32_t value, int digits) {
-  std::string text;
-  for (int k = digits - 1; k >= 0; --k)
-    text += "0123456789ABCDEF"[(static_cast<std::uint32_t>(value) >> (4 * k)) & 0xFU];
-  return text;
-}
-
-/// Alpha, blue, green, red: red in the low byte of the value gives that order.
 std::string Colore(std::int16_t opacity, std::int32_t colour) {
-  return Esadecimale(opacity, 2) + Esadecimale(colour, 6);
+  std::string text;
+  AggiungiColoreKml(text, opacity, colour);
+  return text;
 }
 
 std::string NumeroConSegno(std::int16_t value) { return TestoConSegno(static_cast<double>(value)); }
@@ -129,7 +103,7 @@ void KmlGoogle::PointsToKml() {
 }
 
 void KmlGoogle::LinesToKml() {
-  line("<name>" + Escape(lineName_) + "</name>");  // before the placemark, so that it names the document
+  line("<name>" + TestoXml(lineName_) + "</name>");  // before the placemark, so that it names the document
   line("<Placemark>");
   line("  <visibility>1</visibility>");
   line("  <Style>");
@@ -151,29 +125,17 @@ void KmlGoogle::LinesToKml() {
 }
 
 void KmlGoogle::PolygonToKml() {
-  line("<Placemark>");
-  line("<name>" + Escape(polygonName_) + "</name>");
-  line("<description>" + Escape(polygonDescription_) + "</description>");
-  line("<Style>");
-  line("  <PolyStyle>");
-  line("    <outline>0</outline>");
-  line("    <color>" + Colore(opacity_, polygonColour_) + "</color>");
-  line("    <fill>1</fill>");
-  line("  </PolyStyle>");
-  line("</Style>");
-  line("  <Polygon>");
-  line("    <altitudeMode>" + altitudeMode_ + "</altitudeMode>");
-  line("    <outerBoundaryIs>");
-  line("       <LinearRing>");
-  line("          <coordinates>");
-  for (const KmlPoint& p : polygon_) line(Terna(p, "##0.00000000000000", "##0.00000"));
-  line("          </coordinates>");
-  line("       </LinearRing>");
-  line("    </outerBoundaryIs>");
-  line("  </Polygon>");
-  line("</Placemark>");
+  std::string ring;
+  for (const KmlPoint& p : polygon_) {
+    AggiungiPosto(ring, p.x, p.y);
+    AggiungiQuota(ring, p.z);
+  }
+  AggiungiPoligono(
+      block_, {TestoXml(polygonName_), TestoXml(polygonDescription_), altitudeMode_, ring, polygonColour_, opacity_});
   flush();
 }
+
+void KmlGoogle::PolygonsToKml(std::string_view composed) { fileOpen().write(composed); }
 
 void KmlGoogle::SetOverlay() {
   const auto side = [](double degrees) { return FormattaNumero(degrees, OverlayMask); };
@@ -184,7 +146,7 @@ void KmlGoogle::SetOverlay() {
   line("     <name> overlay on terrain </name>");
   line("     <description> Overlay </description>");
   line("     <Icon>");
-  line("        <href>" + Escape(image_) + "</href>");
+  line("        <href>" + TestoXml(image_) + "</href>");
   line("     </Icon>");
   line("     <LatLonBox>");
   line("        <north>" + side(north_) + "</north>");
@@ -205,12 +167,13 @@ void KmlGoogle::line(std::string_view text) {
 
 /// Hands the composed block to the file.
 void KmlGoogle::flush() {
-  if (file_ == nullptr) {
-    block_.clear();
-    throw FileError(fileName_, "is not open");
-  }
-  file_->write(block_);
-  block_.clear();
+  const std::string block = std::exchange(block_, {});
+  fileOpen().write(block);
+}
+
+FileWriter& KmlGoogle::fileOpen() const {
+  if (file_ == nullptr) throw FileError(fileName_, "is not open");
+  return *file_;
 }
 
 }  // namespace corvan

@@ -50,6 +50,8 @@ class KmlGoogle {
   void Extrude(std::int16_t extrude) { extrude_ = extrude; }
   void Tessellate(std::int16_t tessellate) { tessellate_ = tessellate; }
   void AltitudeMode(std::string mode) { altitudeMode_ = std::move(mode); }
+  const std::string& AltitudeMode() const { return altitudeMode_; }
+  std::int16_t Opacity() const { return opacity_; }
 
   /// Stores one point of a buffer, which grows to hold it and never shrinks. @param Pindex from 1
   /// @throws RunTimeError for an index below 1
@@ -61,6 +63,8 @@ class KmlGoogle {
   void PointsToKml();  ///< one placemark per buffered point
   void LinesToKml();   ///< the buffered points as one line
   void PolygonToKml();
+  /// Any number of polygons at once. @param composed by AggiungiPoligono, with this document's opacity and mode
+  void PolygonsToKml(std::string_view composed);
   void SetOverlay();  ///< the ground-overlay folder
 
   /// "googleearth.exe" when it stood in the current folder at construction, else empty.
@@ -69,6 +73,7 @@ class KmlGoogle {
  private:
   void line(std::string_view text);
   void flush();
+  FileWriter& fileOpen() const;
 
   std::string fileName_;
   std::unique_ptr<FileWriter> file_;

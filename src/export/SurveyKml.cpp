@@ -1,18 +1,25 @@
 #include "export/SurveyKml.h"
 
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/NumberText.h"
+#include "export/BlockComposer.h"
+#include "export/KmlText.h"
 #include "export/TruePositions.h"
 #include "geo/Utm.h"
 
 namespace corvan {
 namespace {
+
+constexpr std::size_t PointsPerBlock = 50;  // about 330 kB
 
 PlanPoint Mezzo(const PlanPoint& a, const PlanPoint& b) { return {(a.est + b.est) * 0.5, (a.nord + b.nord) * 0.5}; }
 
@@ -22,18 +29,44 @@ struct Edges {
   PlanPoint behind;
 };
 
-/// One export: what all its cells share.
+/// The cells of one channel: what all of them share.
+struct Level {
+  std::string name;         ///< end of the name
+  std::string description;  ///< end of the description
+  std::string top, bottom;  ///< altitudes of the corners
+};
+
+std::array<Level, MaxChannels + 1> Livelli(double height, double offset) {
+  std::array<Level, MaxChannels + 1> levels;
+  for (std::size_t c = 1; c <= MaxChannels; ++c) {
+    const auto number = static_cast<double>(c);
+    Level& level = levels.at(c);
+    level.name = " - " + TestoConSegno(number);
+    level.description = " Level: " + FormattaNumero(number, "#0");
+    AggiungiQuota(level.top, (11.0 - number) * height + offset);
+    AggiungiQuota(level.bottom, (10.0 - number) * height + offset);
+  }
+  return levels;
+}
+
+/// One export: what all its cells share. A point's ten cells and neighbouring points share most of their numbers, so
+/// each is turned into text once: 16 million instead of 80 for 200,000 points.
 class Curtain {
  public:
-  Curtain(KmlGoogle& kml, const Section& section, const CurtainRequest& request)
-      : kml_(kml), section_(section), request_(request) {
+  Curtain(const KmlGoogle& kml, const Section& section, const CurtainRequest& request)
+      : kml_(kml), section_(section), range_(request.range), levels_(Livelli(section.altezza, request.offset)) {
     for (const SectionPoint& point : section.RecordOut.points()) {
       if (point.posta) points_.push_back(&point);
     }
   }
 
-  void write() {
-    for (std::size_t i = 0; i < points_.size(); ++i) writePoint(i);
+  std::size_t points() const { return points_.size(); }
+
+  /// Appends the cells of points first to end - 1 of those that have a position, from 0. For several threads at once.
+  void compose(std::string& out, std::size_t first, std::size_t end) {
+    Scratch work;
+    for (std::size_t i = first; i < end; ++i) addPoint(out, work, i);
+    skipped_ += work.skipped;
   }
   std::size_t skipped() const { return skipped_; }
 
@@ -59,57 +92,75 @@ class Curtain {
     return {before != nullptr ? Mezzo(vero(*before), own) : own, behind != nullptr ? Mezzo(own, vero(*behind)) : own};
   }
 
-  /// Longitude and latitude of a place in the plane, to the digits that documents have always held; nothing when it has
-  /// none.
-  std::optional<KmlPoint> geographic(const PlanPoint& p) const {
+  /// A place of the plane and its text; empty where it has none.
+  struct Place {
+    PlanPoint plan;
+    std::string text;
+  };
+
+  /// The texts under construction, with memory that lasts for a block.
+  struct Scratch {
+    Place before, behind;
+    std::string name, description, ring, cellName, cellDescription;
+    std::size_t skipped = 0;
+  };
+
+  /// To the digits that documents have always held.
+  void convert(Place& place, const PlanPoint& p) const {
     constexpr int places = 10;
+    place.plan = p;
+    place.text.clear();
     const std::optional<Geographic> g = DaUTM({p.est, p.nord, section_.griglia.zone, section_.griglia.hemisphere});
-    if (!g) return std::nullopt;
-    return KmlPoint{ArrotondaDecimale(g->longitude, places), ArrotondaDecimale(g->latitude, places), 0.0};
+    if (g) AggiungiPosto(place.text, ArrotondaDecimale(g->longitude, places), ArrotondaDecimale(g->latitude, places));
   }
 
-  void writePoint(std::size_t i) {
+  void addPoint(std::string& out, Scratch& work, std::size_t i) const {
     const Edges utm = edges(i);
-    const auto before = geographic(utm.before);
-    const auto behind = geographic(utm.behind);
+    const bool joined = !work.behind.text.empty() && work.behind.plan.est == utm.before.est &&
+                        work.behind.plan.nord == utm.before.nord;  // where the point before it ends
+    if (joined) {
+      std::swap(work.before, work.behind);
+    } else {
+      convert(work.before, utm.before);
+    }
+    convert(work.behind, utm.behind);
     const SectionPoint& point = *points_[i];
+    work.name = "n. " + TestoConSegno(static_cast<double>(point.misura));
+    work.description = "UTMx: " + FormattaNumero(point.estVero, "######0.0#") +
+                       " UTMy: " + FormattaNumero(point.nordVero, "######0.0#") + " Rho: ";
+    const bool placed = !work.before.text.empty() && !work.behind.text.empty();
     for (std::size_t c = 1; c <= MaxChannels; ++c) {
       if ((point.letture & BitDi(c)) == 0) continue;
-      if (!before || !behind || !std::isfinite(point.resistivity.at(c))) {
-        ++skipped_;
+      if (!placed || !std::isfinite(point.resistivity.at(c))) {
+        ++work.skipped;
       } else {
-        writeCell(point, c, *before, *behind);
+        addCell(out, work, point.resistivity.at(c), levels_.at(c));
       }
     }
   }
 
-  void writeCell(const SectionPoint& point, std::size_t c, const KmlPoint& before, const KmlPoint& behind) {
-    const float rho = point.resistivity.at(c);
-    const double top = (11.0 - static_cast<double>(c)) * section_.altezza + request_.offset;
-    const double bottom = (10.0 - static_cast<double>(c)) * section_.altezza + request_.offset;
-    const std::array<KmlPoint, 5> ring{{{before.x, before.y, top},
-                                        {behind.x, behind.y, top},
-                                        {behind.x, behind.y, bottom},
-                                        {before.x, before.y, bottom},
-                                        {before.x, before.y, top}}};
+  void addCell(std::string& out, Scratch& work, float rho, const Level& level) const {
+    (work.cellName = work.name) += level.name;
+    work.cellDescription = work.description;
+    AggiungiNumero(work.cellDescription, static_cast<double>(rho), "###0.0##");
+    work.cellDescription += level.description;
+    (work.ring = work.before.text) += level.top;
+    (work.ring += work.behind.text) += level.top;
+    (work.ring += work.behind.text) += level.bottom;
+    (work.ring += work.before.text) += level.bottom;
+    (work.ring += work.before.text) += level.top;
     float colour = 0.0F;
-    CreaColore(request_.range.ScalaMax, request_.range.ScalaMin, rho, colour);
-    kml_.SetPolygon(
-        "n. " + TestoConSegno(static_cast<double>(point.misura)) + " - " + TestoConSegno(static_cast<double>(c)),
-        "UTMx: " + FormattaNumero(point.estVero, "######0.0#") +
-            " UTMy: " + FormattaNumero(point.nordVero, "######0.0#") +
-            " Rho: " + FormattaNumero(static_cast<double>(rho), "###0.0##") +
-            " Level: " + FormattaNumero(static_cast<double>(c), "#0"),
-        ring);
-    kml_.PolygonColour(static_cast<std::int32_t>(colour));
-    kml_.PolygonToKml();
+    CreaColore(range_.ScalaMax, range_.ScalaMin, rho, colour);
+    AggiungiPoligono(out, {work.cellName, work.cellDescription, kml_.AltitudeMode(), work.ring,
+                           static_cast<std::int32_t>(colour), kml_.Opacity()});
   }
 
-  KmlGoogle& kml_;
+  const KmlGoogle& kml_;
   const Section& section_;
-  const CurtainRequest& request_;
+  const ColourRange range_;
+  const std::array<Level, MaxChannels + 1> levels_;
   std::vector<const SectionPoint*> points_;
-  std::size_t skipped_ = 0;
+  std::atomic<std::size_t> skipped_{0};
 };
 
 }  // namespace
@@ -119,7 +170,10 @@ void SalvaKML(KmlGoogle& kml, const Section& section, const CurtainRequest& requ
   kml.LineColour(0);
   kml.AltitudeMode("relativeToGround");
   Curtain curtain(kml, section, request);
-  curtain.write();
+  ComponiBlocchi(
+      {curtain.points(), PointsPerBlock},
+      [&curtain](std::string& out, std::size_t first, std::size_t end) { curtain.compose(out, first, end); },
+      [&kml](std::string_view text) { kml.PolygonsToKml(text); });
   kml.CloseKml();
   if (curtain.skipped() > 0) {
     findings.fault("SalvaKML",

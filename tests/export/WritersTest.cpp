@@ -77,6 +77,36 @@ TEST(TextTables, PutCurrentBeforePotentialAndEastingBeforeNorthing) {
             " 2 \t1.\t2.5\t0.13\t7.\t0.\t0.\t0.\t0.\t9.\t10.\t12.\t8.\t14.\t23.\t25.\t0.\t0.\t288685.53\t5030000.5");
 }
 
+TEST(TextTables, NumberTheLinesThroughAllBlocksAndEndInAPoint) {
+  SectionRecords records;
+  for (int k = 1; k <= 1003; ++k) {
+    SectionPoint point;
+    point.current = static_cast<float>(k);
+    for (std::size_t c = 1; c <= MaxChannels; ++c) point.potential.at(c) = static_cast<float>(c);
+    records.append(point);
+  }
+  const auto lines = test::CrLfLines(Written([&](FileWriter& out) { SalvaAscii(out, records, 10025); }));
+  ASSERT_EQ(lines.size(), 10026U);
+  for (std::size_t k = 1; k < lines.size(); ++k) {
+    const std::string point = std::to_string((k + 9) / 10), channel = std::to_string((k - 1) % 10 + 1);
+    ASSERT_EQ(lines[k].substr(0, lines[k].find('\t')), " " + std::to_string(k) + " ");
+    ASSERT_NE(lines[k].find("\t" + point + ".\t" + channel + ".\t0.\t0.\t0.\t.0\t.0"), std::string::npos) << lines[k];
+  }
+  EXPECT_THROW(Written([&](FileWriter& out) { SalvaAscii(out, records, 10031); }), RunTimeError);
+}
+
+TEST(Profiles, GoOnThroughAllBlocks) {
+  Profile profile(-3, 12'000);
+  for (std::int32_t p = -3; p <= 12'000; ++p) profile(p) = {p + 0.5, 1, 2, 3};
+  const auto lines = test::CrLfLines(Written([&](FileWriter& out) { SalvaTraccia(out, profile, -3, 12'000); }));
+  ASSERT_EQ(lines.size(), 12'004U);
+  for (std::int32_t p = 1; p <= 12'000; ++p) {
+    const std::string number = std::to_string(p);
+    const std::string line = " " + number + std::string(13 - number.size(), ' ') + number + ".5";
+    ASSERT_EQ(lines[static_cast<std::size_t>(p + 3)].substr(0, line.size()), line);
+  }
+}
+
 TEST(Profiles, StandInPrintZones) {
   Profile profile(9, 10);
   profile(9) = {288685.504, 5030933.4458, 0, 0};
@@ -184,6 +214,38 @@ TEST(Curtains, TileTheSectionToTheMidpointsOfKeptNeighbours) {
   EXPECT_NE(text.find("<color>C80009FF</color>"), std::string::npos) << "highest: red";
 }
 
+TEST(Curtains, GoOnThroughAllBlocksEachCellBeginningWhereTheOneBeforeItEnds) {
+  std::vector<std::pair<double, std::int16_t>> eastings;
+  for (int k = 1; k <= 230; ++k) eastings.emplace_back(k % 37 == 0 ? 0 : 500000 + 3 * k + k % 5, k <= 120 ? 1 : 2);
+  CurtainFixture f(eastings);
+  for (std::size_t k = 0; k < f.points.size(); ++k) f.points[k].nordVero = 5e6 + 4.0 * static_cast<double>(k);
+  const std::string text = f.write();
+  std::size_t at = 0;
+  std::string end;
+  for (int k = 1; k <= 230; ++k) {
+    if (k % 37 == 0) continue;
+    for (int c = 1; c <= 10; ++c) {
+      const std::string name = "<name>n.  " + std::to_string(k) + " -  " + std::to_string(c) + "</name>";
+      at = text.find("<name>", at);
+      ASSERT_EQ(text.substr(at, name.size()), name);
+      at += name.size();
+    }
+    const std::size_t ring = text.find("<coordinates>\r\n", at) + 15;
+    const std::size_t second = text.find("\r\n", ring) + 2;
+    const auto place = [&text](std::size_t from) {
+      return text.substr(from, text.find(',', text.find(',', from) + 1) - from);
+    };
+    if (k != 1 && k != 121) {
+      ASSERT_EQ(place(ring), end) << k;
+    } else {
+      ASSERT_NE(place(ring), end) << "a file's first cell begins at its own place";
+    }
+    ASSERT_NE(place(ring), place(second)) << k;
+    end = place(second);
+  }
+  EXPECT_EQ(text.find("<name>", at), std::string::npos);
+}
+
 TEST(Curtains, LeaveOutCellsThatAreNotFiniteOrNotThere) {
   CurtainFixture f({{500000, 1}});
   f.points[0].resistivity[4] = std::numeric_limits<float>::infinity();
@@ -219,7 +281,13 @@ TEST(Tables, HoldEveryNumberAtFullPrecision) {
   m.Tempo = 46188.25;
   m.Lat = 4524.123046875;
   m.Rho[10] = 0.1F;
-  m.CanaleB[1] = -1.5e-7F;
+  m.CanaleA = {0, 10, 0.1F, 3, -2, 0, 0, 0, 0, 0, 1e-5F};
+  m.CanaleB = {0, -10, -0.1F, -4, 2, 0, 0, 0, 0, -1.5e-7F, -1e-5F};
+  m.Val12 = 100000;  // shorter with an exponent
+  m.Val60 = -99999;
+  m.Val64 = 0.5F;
+  m.Elettrodi[1] = -0.0F;
+  m.Elettrodi[2] = -55;
   m.Scartata = true;
   survey.Misure.append(m);
   const std::string text = Written([&](FileWriter& out) { SalvaTabella(out, survey); });
@@ -228,8 +296,26 @@ TEST(Tables, HoldEveryNumberAtFullPrecision) {
   EXPECT_EQ(fields(text.substr(0, lineEnd)), 59);
   EXPECT_EQ(fields(text.substr(lineEnd + 1)), 59);
   EXPECT_EQ(text.substr(lineEnd + 1, 35), "1,2,46188.25,4524.123046875,0,0,0,0");
-  EXPECT_NE(text.find(",-1.5e-07,"), std::string::npos);
+  EXPECT_NE(text.find(",0,1e+05,-99999,0.5,-0,-55,0,"), std::string::npos);
+  EXPECT_NE(text.find(",10,0.1,3,-2,0,0,0,0,0,1e-05,-10,-0.1,-4,2,0,0,0,0,-1.5e-07,-1e-05,0,"), std::string::npos);
   EXPECT_EQ(text.substr(text.size() - 9), ",0.1,1,0\n");
+}
+
+TEST(Tables, NumberTheRowsThroughAllBlocks) {
+  Survey survey;
+  for (int k = 1; k <= 2000; ++k) {
+    Misura m;
+    m.NumFile = static_cast<std::int16_t>(k);
+    survey.Misure.append(m);
+  }
+  const std::string text = Written([&](FileWriter& out) { SalvaTabella(out, survey); });
+  std::size_t at = 0;
+  for (int k = 1; k <= 2000; ++k) {
+    at = text.find('\n', at) + 1;
+    const std::string begin = std::to_string(k) + "," + std::to_string(k) + ",0,";
+    ASSERT_EQ(text.substr(at, begin.size()), begin);
+  }
+  EXPECT_EQ(text.find('\n', at), text.size() - 1);
 }
 
 TEST(Outputs, NeverReplaceWhatWasReadOrIsAnOriginal) {
