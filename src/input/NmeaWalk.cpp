@@ -27,8 +27,14 @@ class Walk {
     out_.depths.reserve(log.size() / perFix);
   }
 
+  /// A logger that lost power leaves NUL bytes anywhere, within a field or a checksum too: what is left is read.
   void line(std::string_view text) {
     ++out_.counts.lines;
+    if (dirty_ && Cerca(text, '\0') != nullptr) {
+      clean_.assign(text);
+      std::erase(clean_, '\0');
+      text = clean_;
+    }
     scan(text);
   }
 
@@ -39,14 +45,7 @@ class Walk {
     while (const char* dollar = Cerca(text, '$')) {
       text.remove_prefix(Posto(text, dollar) + 1);
       const bool shaped = text.size() > AddressLength + 1 && text[AddressLength] == ',';
-      const std::size_t used = shaped ? sentence(text) : 0;
-      if (used == 0 && dirty_ && Cerca(text, '\0') != nullptr) {
-        clean_.assign(1, '$').append(text);
-        std::erase(clean_, '\0');
-        scan(clean_);
-        return;
-      }
-      text.remove_prefix(used);
+      text.remove_prefix(shaped ? sentence(text) : 0);
     }
   }
 
@@ -66,7 +65,6 @@ class Walk {
       ++out_.counts.good[k];
       return length;
     }
-    if (!wrong && dirty_ && Cerca(body, '\0') != nullptr) return 0;  // NUL bytes leave the sum as it is
     (wrong ? out_.counts.wrongChecksum : out_.counts.malformed)[k].add(out_.counts.lines);
     return std::min(body.find('$'), length);  // a sentence cut short: the next begins within
   }

@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
                 Rmc("110000", "150626") + Gga("133000.2") + Dpt("4") + Rmc("133000.2", "170626") + Gga("133000.6"),
                 {"2026-06-15 11:00:00 -", "2026-06-17 13:30:00 4", "2026-06-17 13:30:01 4"},
                 {"note: the date changes other than at midnight 1 time (line 2)",
-                 "note: 1 of 3 fixes have no depth near enough in time"}},
+                 "note: 1 of 3 fixes has no depth near enough in time"}},
         LogCase{"midnight without a new date",
                 Rmc("235958", "311226") + Gga("000003") + Gga("120004"),
                 {"2026-12-31 23:59:58 -", "2027-01-01 00:00:03 -", "2027-01-01 12:00:04 -"},
@@ -111,7 +111,8 @@ INSTANTIATE_TEST_SUITE_P(
         LogCase{"another talker's RMC never",
                 Gga("080000") + Gga("080001") + Rmc("080001", "150626", "GN"),
                 {"1899-12-30 08:00:00 -", "1899-12-30 08:00:01 -"},
-                With({"fault: no sentence tells the date: times have none",
+                With({"fault: no sentence tells the date: the fixes have times but no day, and nothing can be linked "
+                      "by time",
                       "note: 1 fix of other talkers (GN 1) left out: GP, with 2, is read"},
                      NoDepths(2))},
         LogCase{"the day of the first fix given, void sentences and a midnight around it",
@@ -179,11 +180,11 @@ INSTANTIATE_TEST_SUITE_P(
         LogCase{"half the median spacing of 20 s",
                 Rmc("080000", "150626") + Dpt("1") + Gga("080020") + Gga("080040"),
                 {"2026-06-15 08:00:00 1", "2026-06-15 08:00:20 1", "2026-06-15 08:00:40 -"},
-                {"note: 1 of 3 fixes have no depth near enough in time"}},
+                {"note: 1 of 3 fixes has no depth near enough in time"}},
         LogCase{"half the median of 12 s and 20 s is 8 s",
                 Rmc("080000", "150626") + Dpt("1") + Gga("080012") + Dpt("2") + Gga("080032"),
                 {"2026-06-15 08:00:00 1", "2026-06-15 08:00:12 1", "2026-06-15 08:00:32 -"},
-                {"note: 1 of 3 fixes have no depth near enough in time"}},
+                {"note: 1 of 3 fixes has no depth near enough in time"}},
         LogCase{"over midnight",
                 Rmc("235959", "150626") + Dpt("1") + Gga("000001") + Dpt("2"),
                 {"2026-06-15 23:59:59 1", "2026-06-16 00:00:01 2"},
@@ -310,6 +311,19 @@ TEST(Nmea, PassesOverTheDirtOfRealLogs) {
                               "note: 1 position sentence without a fix (line 9)"},
                              NoDepths(4)));
   EXPECT_EQ(read.lines, 12U);
+}
+
+TEST(Nmea, ReadsASentenceWhereverNulBytesStandInIt) {
+  const auto dirty = [](std::string sentence, const char* behind) {
+    return sentence.insert(sentence.find(behind) + std::string(behind).size(), 2, '\0');
+  };
+  const std::string rmc = Rmc("080000", "150626"), gga = Gga("080001");
+  const TrackRead read = LeggiFileNav(dirty(rmc, ",A") + dirty(gga, "*") + dirty(Gga("080002"), ",452") +
+                                          dirty(Gga("080003"), "$G") + dirty(Gga("080004"), "E,1"),
+                                      {});
+  EXPECT_EQ(TimesAndDepths(read), (Texts{"2026-06-15 08:00:00 -", "2026-06-15 08:00:01 -", "2026-06-15 08:00:02 -",
+                                         "2026-06-15 08:00:03 -", "2026-06-15 08:00:04 -"}));
+  EXPECT_EQ(Said(read), NoDepths(5));
 }
 
 TEST(Nmea, TakesAKindWhoseChecksumsAreAllWrong) {
