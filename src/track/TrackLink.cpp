@@ -168,6 +168,11 @@ TimeLink LinkDataGPST(Survey& survey, double clockOffset) {
     ScartaSenzaTraccia(survey);
     return link;
   }
+  if (std::none_of(fixes.begin(), fixes.end(), [](const PuntoGPSEst& fix) { return TempoValido(fix.DataOra); })) {
+    link.done = false;
+    link.undated = true;
+    return link;
+  }
   TimeIndex index(fixes);
   Linker linker(survey.tracciaEst, link.notes);
   for (Misura& m : survey.Misure) {
@@ -227,7 +232,8 @@ PlaceLink LinkDataGPSP(Survey& survey, const Collegamenti& connections, LinkNote
   std::int32_t j = g1;
   for (std::int32_t i = i1; i <= i2; ++i) {
     Misura& m = measurement(i);
-    const double r = std::min(std::abs(m.Distanza - start) / s, Dg);
+    const double d = std::abs(m.Distanza - start);
+    const double r = d < Dd ? std::min(d / s, Dg) : Dg;  // the far end lies on its fix: Dd / s may fall short of Dg
     while (j != g2 && along(j + step) < r) j += step;
     if (r == along(j) || j == g2) {
       linker.prendi(m, fix(j), fix(j), 0.0);

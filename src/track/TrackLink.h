@@ -18,7 +18,8 @@ struct LinkNotes {
 
 /// What a link by time did.
 struct TimeLink {
-  bool done = false;             ///< false when no track was ever loaded
+  bool done = false;             ///< false when no track was ever loaded or none of its fixes has a date
+  bool undated = false;          ///< the track has fixes but no date: nothing was linked
   std::size_t exact = 0;         ///< measurements recorded at a fix's second
   std::size_t between = 0;       ///< interpolated between two fixes
   std::size_t outside = 0;       ///< before or after all fixes: they took the first or last one

@@ -157,6 +157,19 @@ TEST(PlaceLinks, WalkDownwardsAndPutPairsInOrder) {
   EXPECT_EQ(s.Misure(3).UTMx, 0);
 }
 
+// 4.3 / (4.3 / 30) is 29.999999999999996 in doubles: 4.3 m of measurements on 30 m of track.
+TEST(PlaceLinks, PutTheFarEndOnItsFix) {
+  Survey s = Along({0, 4.3, 4.3});
+  s.tracciaEst.PuntiGPSEst(3).haProf = false;
+  LinkNotes notes;
+  EXPECT_EQ(LinkDataGPSP(s, {{1, 3}, {1, 4}}, notes), PlaceLink::Linked);
+  for (const std::size_t k : {2U, 3U}) {
+    EXPECT_EQ(s.Misure(k).UTMx, 30) << k;
+    EXPECT_EQ(s.Misure(k).Val12, 4) << "the depth of the fix it lies on, whatever the one before it has";
+  }
+  EXPECT_EQ(notes.keptDepth, 0U);
+}
+
 TEST(PlaceLinks, ThatCannotBeAreTold) {
   Survey s = Along({0, 10, 10});
   EXPECT_EQ(Link(s, {{1, 2}, {4, 4}}), PlaceLink::SomethingWrong);
