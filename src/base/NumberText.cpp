@@ -208,6 +208,8 @@ std::string TestoNumero(double value) { return Semplice(value); }
 
 std::string TestoNumero(float value) { return Semplice(value); }
 
+std::string TestoDecimi(double value) { return TestoNumero(std::round(value * 10.0) / 10.0); }
+
 std::string FormattaNumero(double value, Mask mask) {
   std::string out;
   AggiungiNumero(out, value, mask);

@@ -50,6 +50,9 @@ bool SoloNumero(std::string_view text);
 std::string TestoNumero(double value);
 std::string TestoNumero(float value);
 
+/// For messages: rounded to tenths and without a point behind a whole number ("24", "5.2").
+std::string TestoDecimi(double value);
+
 /// The same behind a blank in the place of the sign when the number is not negative (" 4", "-4").
 template <class Number>
 std::string TestoConSegno(Number value) {

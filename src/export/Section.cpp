@@ -171,9 +171,9 @@ void PonePosizioniVere(Survey& survey, const std::vector<std::int32_t>& kept, co
     Punto(survey, kept[i]).Deriv[4] = moved.places[i].nord;
   }
   if (moved.bend > std::abs(lag)) {
-    findings.note(Procedure, "the section bends: a point lies " + FormattaNumero(moved.bend, "0.#") +
+    findings.note(Procedure, "the section bends: a point lies " + TestoDecimi(moved.bend) +
                                  " m from the straight line along which true positions were moved back by " +
-                                 FormattaNumero(lag, "0.#") + " m");
+                                 TestoDecimi(lag) + " m");
   }
 }
 
@@ -194,7 +194,8 @@ void RilevaCoincidenti(const Section& section, Findings& findings) {
   if (first == nullptr) return;
   findings.fault(Procedure, std::to_string(count) + " of " + std::to_string(section.NqpBin()) +
                                 " records have both potential electrodes at one place, since places are multiples of " +
-                                "the distance of C1 and C2 (" + FormattaNumero(section.Passo, "0.###") +
+                                "the distance of C1 and C2 (" +
+                                TestoNumero(std::round(section.Passo * 1000.0) / 1000.0) +
                                 " m): the first is channel " + std::to_string(channel) + " of measurement " +
                                 std::to_string(first->misura));
 }

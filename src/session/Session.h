@@ -80,6 +80,8 @@ class Session {
   const ViewState& view() const { return view_; }
   const Scene& scene() const { return scene_; }
   const Findings& findings() const { return findings_; }
+  /// Takes what a front end has to say about a command of its own user.
+  void annota(const char* procedure, std::string reason) { findings_.note(procedure, std::move(reason)); }
   const std::vector<std::filesystem::path>& outputs() const { return outputs_.written(); }
   const std::optional<SectionSummary>& section() const { return section_; }
   /// 0 no extreme chosen, 1 the first, 2 both.
@@ -200,6 +202,7 @@ class Session {
   void leggiFile(const ReadOptions& options);
   void rilevaLettura();
   void rilevaGettoni(const std::string& cable);
+  std::string motivoNulla() const;
   void rifiuta(const char* procedure, const std::string& message);
   void rilevaCollegamento(const char* procedure, const LinkNotes& notes);
   void rilevaDistanza(const char* procedure);

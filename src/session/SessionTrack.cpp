@@ -11,6 +11,7 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "geo/Plane.h"
+#include "input/TrackFields.h"
 #include "input/TrackFile.h"
 #include "session/BoxNumbers.h"
 #include "session/Session.h"
@@ -25,9 +26,14 @@ constexpr double FarAway = 50'000.0;
 
 std::string Secondi(double seconds) {
   if (seconds < 120.0) return TestoNumero(seconds) + " s";
-  if (seconds < 7200.0) return FormattaNumero(seconds / 60.0, "0.#") + " min";
-  if (seconds < 172800.0) return FormattaNumero(seconds / 3600.0, "0.#") + " h";
-  return FormattaNumero(seconds / 86400.0, "0.#") + " days";
+  if (seconds < 7200.0) return TestoDecimi(seconds / 60.0) + " min";
+  if (seconds < 172800.0) return TestoDecimi(seconds / 3600.0) + " h";
+  return TestoDecimi(seconds / 86400.0) + " days";
+}
+
+/// "1 measurement lies", "3 measurements lie".
+std::string Misurazioni(std::size_t count, const char* one, const char* many) {
+  return Quanti(count, "measurement ", "measurements ") + (count == 1 ? one : many);
 }
 
 }  // namespace
@@ -120,7 +126,7 @@ bool Session::GrigliaIgnota() const {
 /// Brings the track onto the grid of the survey.
 void Session::allineaTraccia(const char* procedure) {
   if (const std::size_t left = CollocaTraccia(survey_); left > 0) {
-    findings_.fault(procedure, std::to_string(left) + " fixes that cannot be converted left out", nomeTraccia_);
+    findings_.fault(procedure, Quanti(left, "fix", "fixes") + " that cannot be converted left out", nomeTraccia_);
   }
 }
 
@@ -129,7 +135,11 @@ void Session::LinkDataGPST(double clockOffset) {
     allineaTraccia("LinkDataGPST");
     rilevaDistanza("LinkDataGPST");
     const TimeLink link = corvan::LinkDataGPST(survey_, clockOffset);
-    if (!link.done) return;
+    if (!link.done) {
+      findings_.fault("LinkDataGPST", link.undated ? "no fix of the track has a date: nothing is linked by time"
+                                                   : "no external track is loaded: nothing is linked");
+      return;
+    }
     timeLink_ = link;
     rilevaTempi(link);
     rilevaCollegamento("LinkDataGPST", link.notes);
@@ -147,25 +157,28 @@ void Session::LinkDataGPST(double clockOffset) {
 /// What the measurements took from between the fixes, and what they did not.
 void Session::rilevaCollegamento(const char* procedure, const LinkNotes& notes) {
   if (notes.keptDepth > 0) {
-    findings_.note(procedure,
-                   std::to_string(notes.keptDepth) + " measurements lie at fixes without a depth and kept their own");
+    findings_.note(procedure, Misurazioni(notes.keptDepth, "lies at a fix without a depth and kept its own",
+                                          "lie at fixes without a depth and kept their own"));
   }
   if (notes.holes > 0) {
-    findings_.note(procedure, std::to_string(notes.holes) +
-                                  " measurements lie in holes of the track of over 60 s, the longest of " +
-                                  Secondi(notes.longestHole) + ": they were placed on the straight line across");
+    findings_.note(procedure,
+                   Misurazioni(notes.holes, "lies in a hole of the track of ", "lie in holes of the track of ") +
+                       (notes.holes == 1 ? "" : "over 60 s, the longest of ") + Secondi(notes.longestHole) +
+                       (notes.holes == 1 ? ": it was placed" : ": they were placed") + " on the straight line across");
   }
 }
 
 void Session::rilevaTempi(const TimeLink& link) {
-  const std::string all = " of " + std::to_string(survey_.NumMisure()) + " measurements ";
+  const std::string all = " of " + Quanti(survey_.Misure.size(), "measurement", "measurements");
   if (link.outside > 0) {
-    findings_.fault("LinkDataGPST", std::to_string(link.outside) + all +
-                                        "lie outside the time of the track, by up to " + Secondi(link.farthest) +
-                                        ": they took its first or last fix");
+    findings_.fault("LinkDataGPST", std::to_string(link.outside) + all + (link.outside == 1 ? " lies" : " lie") +
+                                        " outside the time of the track, by up to " + Secondi(link.farthest) +
+                                        (link.outside == 1 ? ": it took" : ": they took") + " its first or last fix");
   }
   if (link.withoutTime > 0) {
-    findings_.fault("LinkDataGPST", std::to_string(link.withoutTime) + all + "have no time and were not linked");
+    findings_.fault("LinkDataGPST", std::to_string(link.withoutTime) + all +
+                                        (link.withoutTime == 1 ? " has no time and was" : " have no time and were") +
+                                        " not linked");
   }
   if (link.withoutTrack > 0) {
     findings_.fault("LinkDataGPST", "the track holds no fix: all measurements are left out");
@@ -175,7 +188,12 @@ void Session::rilevaTempi(const TimeLink& link) {
 void Session::LinkDataGPSP() {
   constexpr const char* procedure = "LinkDataGPSP";
   Trappola(findings_, procedure, [this] {
-    if (!view_.MostraGPS2) return;
+    if (!view_.MostraGPS2) {
+      const bool hidden = survey_.tracciaEst.loaded;
+      findings_.fault(procedure, hidden ? "a link by time has put the external track away: nothing is linked"
+                                        : "no external track is loaded: nothing is linked");
+      return;
+    }
     if (numCollegamenti_ != 2) {
       rifiuta(procedure, "You must define two connection before link data and gps");
       return;
@@ -188,9 +206,7 @@ void Session::LinkDataGPSP() {
         rifiuta(procedure, "Something wrong");
         return;
       case PlaceLink::Nothing:
-        findings_.fault(procedure,
-                        "the connections name a measurement or fix that does not exist, or two "
-                        "measurements at one place: nothing is linked");
+        findings_.fault(procedure, motivoNulla() + ": nothing is linked");
         return;
       case PlaceLink::Linked:
         rilevaCollegamento(procedure, notes);
@@ -199,6 +215,22 @@ void Session::LinkDataGPSP() {
         return;
     }
   });
+}
+
+/// Why two connections lead nowhere.
+std::string Session::motivoNulla() const {
+  const std::int32_t fixes = survey_.tracciaEst.NumGPSEst(), measurements = survey_.NumMisure();
+  if (fixes == 0) return "the track holds no fix";
+  for (std::size_t k = 0; k < 2; ++k) {
+    const std::int32_t measurement = collegamenti_.measurement.at(k), fix = collegamenti_.fix.at(k);
+    const std::string name = "connection " + std::to_string(k + 1) + " names ";
+    if (measurement < 1 || measurement > measurements) {
+      return name + "measurement " + std::to_string(measurement) + ", the survey has " + std::to_string(measurements);
+    }
+    if (fix < 1 || fix > fixes) return name + "fix " + std::to_string(fix) + ", the track has " + std::to_string(fixes);
+  }
+  return "measurements " + std::to_string(collegamenti_.measurement[0]) + " and " +
+         std::to_string(collegamenti_.measurement[1]) + " lie at one place";
 }
 
 /// Tells the user that a command is not carried out.
@@ -229,7 +261,7 @@ void Session::ptlbl_Collega(std::int32_t Index) {
       return;
     }
     collegamenti_.fix.at(slot) = std::clamp(*typed, 1, last);
-    if (*typed != collegamenti_.fix.at(slot)) {
+    if (*typed != collegamenti_.fix.at(slot) && survey_.tracciaEst.NumGPSEst() > 0) {
       findings_.fault("ptlbl_MouseDown", "fix " + std::to_string(*typed) + " is not 1 to " + std::to_string(last) +
                                              ": " + std::to_string(collegamenti_.fix.at(slot)) + " is taken");
     }

@@ -76,9 +76,8 @@ void RilevaFormato(const Survey& survey, Findings& findings) {
     likely = name;
     break;
   }
-  findings.fault("AnalisiFile", "the measurements lie " + FormattaNumero(step, "0.#") +
-                                    " m apart in the mean, over 20 " + "cable lengths: the coordinates look like " +
-                                    likely);
+  findings.fault("AnalisiFile", "the measurements lie " + TestoDecimi(step) + " m apart in the mean, over 20 " +
+                                    "cable lengths: the coordinates look like " + likely);
 }
 
 }  // namespace corvan

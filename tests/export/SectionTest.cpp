@@ -171,7 +171,7 @@ TEST(TruePosition, OfABendIsNoted) {
   Fixture bent({{300000, 5e6}, {300100, 5000030}, {300200, 5e6}});
   bent.request.position = TruePosition::BehindBoat;
   bent.extract();
-  EXPECT_TRUE(bent.says("20. m from the straight line"));
+  EXPECT_TRUE(bent.says("20 m from the straight line"));
   EXPECT_FALSE(bent.findings.anyFault());
 }
 

@@ -70,13 +70,27 @@ TEST(ExternalTracks, OfAnotherDayAreTold) {
   f.session.LinkDataGPST(3 * 86400.0);
   EXPECT_EQ(f.session.timeLink()->outside, 438U);
   EXPECT_TRUE(f.faulty());
-  EXPECT_NE(f.session.findings().entries().back().reason.find("by up to 3. days"), std::string::npos)
+  EXPECT_NE(f.session.findings().entries().back().reason.find("by up to 3 days"), std::string::npos)
       << f.session.findings().entries().back().reason;
+}
+
+TEST(ExternalTracks, WithoutADayAreNotLinkedByTime) {
+  TrackFixture f;
+  const double before = f.m(5).UTMx;
+  f.session.LeggiGPSEsterno(f.folder.write("today.log", "$GPGGA,080000,4524.5,N,01218.5,E,1,08\r\n"));
+  f.session.LinkDataGPST();
+  EXPECT_EQ(f.m(5).UTMx, before) << "all measurements on the last fix would be worse than none";
+  EXPECT_FALSE(f.session.timeLink());
+  EXPECT_TRUE(f.session.view().MostraGPS2);
+  EXPECT_EQ(f.session.findings().entries().back().reason, "no fix of the track has a date: nothing is linked by time");
 }
 
 TEST(ExternalTracks, ThatHoldNothingDiscardEveryMeasurement) {
   TrackFixture f;
-  f.session.LinkDataGPST();
+  for (const bool byTime : {true, false}) {
+    byTime ? f.session.LinkDataGPST() : f.session.LinkDataGPSP();
+    EXPECT_EQ(f.session.findings().entries().back().reason, "no external track is loaded: nothing is linked");
+  }
   EXPECT_FALSE(f.session.timeLink()) << "nothing was ever loaded";
   f.session.LeggiGPSEsterno(f.folder.write("empty.csv", "header\n"));
   f.session.LinkDataGPST();
