@@ -84,7 +84,14 @@ bool Traccia(const std::string& name, std::string_view text) {
 }
 
 void EsaminaTraccia(std::string_view text, FileInfo& info) {
-  const TrackRead read = LeggiTraccia(GenereTraccia(info.name, text), text, {});
+  const TrackKind kind = GenereTraccia(info.name, text);
+  TrackOptions options;
+  TrackRead read = LeggiTraccia(kind, text, options);
+  if (read.likely && *read.likely != options.layout) {  // nobody has said how they are written
+    options.layout = *read.likely;
+    read = LeggiTraccia(kind, text, options);
+    read.findings.note(Procedure, std::string("positions taken as ") + NomeFormato(options.layout) + " by their size");
+  }
   info.format = NomeGenere(read.kind);
   info.records = read.lines;
   info.firings = info.positioned = read.fixes.size();
@@ -151,7 +158,7 @@ Json InJson(const FileInfo& info) {
 std::string InTesto(const FileInfo& info) {
   std::ostringstream out;
   out << Visibile(info.name) << '\n';
-  if (info.format.empty()) return out.str() + "  not readable as a survey\n";
+  if (info.format.empty()) return out.str() + "  not readable as a survey or a track\n";
   const bool text = info.format == "text" || info.track;
   out << "  format     "
       << (info.track ? info.format

@@ -22,6 +22,8 @@
 namespace corvan::cli {
 namespace {
 
+constexpr double MostSeconds = 4e9;  // over the 120 years that a measurement's time may lie in
+
 /// The options as typed; texts that answer a question are handed on unread.
 struct ProcessOptions {
   std::vector<std::string> files;
@@ -47,7 +49,7 @@ struct ProcessOptions {
   PictureOptions picture;
   std::string gps;
   std::string link;
-  std::string clockOffset = "0";
+  std::string clockOffset;
   std::string trackDate;
   std::vector<std::string> connections;  ///< "M:G"
   bool json = false;
@@ -123,6 +125,9 @@ std::pair<std::int32_t, std::string> Estremi(const std::string& connection) {
 void CollegaTraccia(Session& session, ScriptedDialogs& dialogs, const ProcessOptions& options) {
   if (options.gps.empty()) return;
   session.LeggiGPSEsterno(options.gps);
+  if (!options.trackDate.empty() && !dialogs.asked(DomandaData)) {
+    session.annota("LeggiGPSEsterno", "--track-date is not used: the track tells its own dates");
+  }
   if (options.link == "time") session.LinkDataGPST(Val(options.clockOffset));
   if (options.link != "position") return;
   int number = 0;
@@ -140,6 +145,9 @@ int Esegui(const ProcessOptions& options) {
   Session session(dialogs, Adesso);
   PreparaPannelli(session, options);
   session.ConvertAsciiCmd_Click();
+  if (options.south && options.coords != CoordinateEntry::UTM) {
+    session.annota("ConvertAsciiCmd_Click", "--south is not used: latitudes tell their own hemisphere");
+  }
   if (!options.cable.empty()) session.CableConf_Click();
   if (!options.zone.empty()) session.SetUtmZone_Click();
   CollegaTraccia(session, dialogs, options);
@@ -217,6 +225,12 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
       ->type_name("MIN;MAX");
 }
 
+/// Options of one link are a mistake beside another: they would do nothing, and nobody would hear of it.
+void Verifica(const ProcessOptions& o) {
+  if (!o.clockOffset.empty() && o.link != "time") throw CLI::RequiresError("--clock-offset", "--link time");
+  if (!o.connections.empty() && o.link != "position") throw CLI::RequiresError("--connect", "--link position");
+}
+
 void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
   CLI::Option* gps =
       command
@@ -228,10 +242,11 @@ void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
       ->needs(gps)
       ->type_name("time|position");
   command.add_option("--clock-offset", o.clockOffset, "Seconds added to the measurements' times before a link by time")
-      ->check(Numero())
+      ->check(NumeroEntro(MostSeconds))
       ->type_name("S");
   command.add_option("--track-date", o.trackDate, "Day of the first fix of an NMEA log that holds no date")
       ->check(Giorno())
+      ->needs(gps)
       ->type_name("YYYY-MM-DD");
   command
       .add_option("--connect", o.connections, "A measurement and the fix at its place; twice for a link by position")
@@ -261,7 +276,10 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   AggiungiUscita(*command, *options);
   AggiungiImmagine(*command, options->picture);
   AggiungiTraccia(*command, *options);
-  command->callback([options, &work] { work = [options] { return Esegui(*options); }; });
+  command->callback([options, &work] {
+    Verifica(*options);
+    work = [options] { return Esegui(*options); };
+  });
 }
 
 }  // namespace corvan::cli

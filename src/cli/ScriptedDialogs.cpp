@@ -32,6 +32,7 @@ Answer ScriptedDialogs::MsgBox(const MessageRequest& request) {
 }
 
 std::optional<std::string> ScriptedDialogs::InputBox(const InputRequest& request) {
+  asked_.insert(request.prompt);
   const auto found = answers_.find(request.prompt);
   return found == answers_.end() ? std::nullopt : std::optional(found->second);
 }

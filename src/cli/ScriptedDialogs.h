@@ -3,6 +3,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ class ScriptedDialogs : public Dialogs {
 
   /// @param prompt the input box's text; a prompt without an answer is left with Cancel
   void answer(std::string prompt, std::string text) { answers_[std::move(prompt)] = std::move(text); }
+  bool asked(const std::string& prompt) const { return asked_.contains(prompt); }
   const std::vector<std::string>& messages() const { return messages_; }
 
   Answer MsgBox(const MessageRequest& request) override;
@@ -27,6 +29,7 @@ class ScriptedDialogs : public Dialogs {
  private:
   bool terminal_;
   std::map<std::string, std::string> answers_;
+  std::set<std::string> asked_;
   std::vector<std::string> messages_;
 };
 

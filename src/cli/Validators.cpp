@@ -1,6 +1,7 @@
 #include "cli/Validators.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "base/DateText.h"
@@ -25,6 +26,15 @@ CLI::Validator DueNumeri(char separator, const char* form) {
 
 CLI::Validator Numero() {
   return {[](std::string& text) -> std::string { return SoloNumero(text) ? "" : "\"" + text + "\" is not a number"; },
+          "NUMBER"};
+}
+
+CLI::Validator NumeroEntro(double most) {
+  return {[most](std::string& text) -> std::string {
+            if (!SoloNumero(text)) return "\"" + text + "\" is not a number";
+            const std::string bound = TestoNumero(most);
+            return std::abs(Val(text)) <= most ? "" : "\"" + text + "\" is not -" + bound + " to " + bound;
+          },
           "NUMBER"};
 }
 

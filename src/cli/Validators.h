@@ -9,6 +9,8 @@ namespace corvan::cli {
 
 /// One plain finite number.
 CLI::Validator Numero();
+/// One plain number of at most that size.
+CLI::Validator NumeroEntro(double most);
 /// Two numbers joined by a comma, e.g. "2.5,-1".
 CLI::Validator Coppia();
 /// Two numbers joined by a semicolon, e.g. "0.5;12".

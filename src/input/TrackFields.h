@@ -39,6 +39,11 @@ inline std::string Quanti(std::size_t count, const char* one, const char* many) 
   return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
+/// "1 of 3 fixes has", "2 of 3 fixes have".
+inline std::string QuantiDi(std::size_t count, std::size_t all, const char* one, const char* many) {
+  return std::to_string(count) + " of " + Quanti(all, one, many) + (count == 1 ? " has" : " have");
+}
+
 /// " (line 4)", " (the first in line 4)".
 inline std::string Dove(std::size_t count, std::size_t line) {
   return (count == 1 ? " (line " : " (the first in line ") + std::to_string(line) + ")";

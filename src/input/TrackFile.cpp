@@ -82,7 +82,9 @@ void RilieviAltri(const NmeaLog& log, Findings& findings) {
 void RilieviDate(const NmeaLog& log, const TrackOptions& options, TrackRead& read) {
   if (log.fixes.empty()) return;
   read.undated = !log.dated && !options.firstDay;
-  if (read.undated) read.findings.fault(Procedure, "no sentence tells the date: times have none");
+  if (read.undated)
+    read.findings.fault(
+        Procedure, "no sentence tells the date: the fixes have times but no day, and nothing can be linked by time");
   if (log.dated && options.firstDay) {
     read.findings.note(Procedure, "the log tells its dates: the day given for its first fix is not used");
   }
@@ -100,7 +102,7 @@ void RilieviProfondita(const NmeaLog& log, Findings& findings) {
   }
   const auto without = std::count_if(log.fixes.begin(), log.fixes.end(), [](const NmeaFix& f) { return !f.depth; });
   if (without == 0) return;
-  findings.note(Procedure, std::to_string(without) + " of " + Quanti(log.fixes.size(), "fix has", "fixes have") +
+  findings.note(Procedure, QuantiDi(static_cast<std::size_t>(without), log.fixes.size(), "fix", "fixes") +
                                (log.sounder ? " no depth near enough in time" : " no depth: no sentence tells one"));
 }
 
@@ -132,6 +134,18 @@ TrackKind GenereTraccia(std::string_view name, std::string_view content) {
   const auto ends = [name](std::string_view ending) { return name.ends_with(ending); };
   if (ends(".sav")) return TrackKind::Sav;
   return GenereDaContenuto(content).value_or(ends(".csv") ? TrackKind::Csv : TrackKind::SixColumns);
+}
+
+const char* NomeFormato(AngleFormat layout) {
+  switch (layout) {
+    case AngleFormat::DMMSS:
+      return "degrees, minutes and seconds (ddmmss)";
+    case AngleFormat::DMM_MMM:
+      return "degrees and minutes (ddmm)";
+    case AngleFormat::D_DDDD:
+      return "decimal degrees (dd)";
+  }
+  return "";
 }
 
 const char* NomeGenere(TrackKind kind) {

@@ -24,9 +24,10 @@ struct TrackOptions {
 struct TrackRead {
   TrackKind kind = TrackKind::SixColumns;
   Array1<PuntoGPSEst> fixes;
-  std::size_t lines = 0;  ///< of the file, however they end
-  bool undated = false;   ///< an NMEA log whose date nobody told: its first fix stands on day 0
-  Findings findings;      ///< what was passed over and why, without the file's name
+  std::size_t lines = 0;              ///< of the file, however they end
+  std::optional<AngleFormat> likely;  ///< the layout that the numbers of six columns look like; nothing when no angle's
+  bool undated = false;               ///< an NMEA log whose date nobody told: its first fix stands on day 0
+  Findings findings;                  ///< what was passed over and why, without the file's name
 };
 
 /// The kind that a file's lines tell: an NMEA log when any line holds a known sentence, else six columns or a table by
@@ -36,6 +37,9 @@ std::optional<TrackKind> GenereDaContenuto(std::string_view content);
 /// The kind of a track: ".sav" by the name's ending, everything else by content. Where the content tells nothing, a
 /// name that ends in ".csv" is a table and any other six columns.
 TrackKind GenereTraccia(std::string_view name, std::string_view content);
+
+/// For people: "decimal degrees (dd)" and so on, with the word of the option.
+const char* NomeFormato(AngleFormat layout);
 
 /// For people: "table of positions (.csv)" and so on.
 const char* NomeGenere(TrackKind kind);

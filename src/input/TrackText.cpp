@@ -30,7 +30,7 @@ class TextTrack {
   virtual ~TextTrack() = default;
 
   TrackRead leggi(std::string_view content) {
-    std::size_t left = 0;
+    std::size_t left = 0, stop = 0;
     for (LineCursor lines(content); lines.more();) {
       const std::string_view line = lines.next();
       read_.lines = line_ = lines.number();
@@ -43,13 +43,16 @@ class TextTrack {
         prendi(TrackFields(line));
       } catch (const RunTimeError& error) {
         left = 1;
+        stop = line_;
         read_.findings.fault(Procedure, "line " + std::to_string(line_) + ": " + error.what());
       }
     }
     if (left > 0) {
-      read_.findings.fault(Procedure, Quanti(left, "line", "lines") + " from there on left out");
+      read_.findings.fault(Procedure,
+                           Quanti(left, "line", "lines") + " from line " + std::to_string(stop) + " on left out");
     }
     rileva();
+    read_.likely = likely();
     return std::move(read_);
   }
 
@@ -58,6 +61,7 @@ class TextTrack {
   virtual bool posizione(const TrackFields& fields, PuntoGPSEst& fix) = 0;
   /// What is amiss with the positions.
   virtual void rilevaPosizioni(Findings& findings) const = 0;
+  virtual std::optional<AngleFormat> likely() const { return std::nullopt; }
 
   /// A number of a position or depth.
   double numero(const TrackFields& fields, std::size_t k) { return numbers_.leggi(fields(k), line_, k); }
@@ -104,8 +108,9 @@ class TextTrack {
     if (headerDated_) findings.fault(Procedure, "line 1, left out as the header, holds a date and time");
     if (numbers_.count() > 0) findings.fault(Procedure, numbers_.detto());
     if (noDepth_.count > 0) {
-      findings.fault(Procedure, Quanti(noDepth_.count, "depth is", "depths are") + " no number" +
-                                    Dove(noDepth_.count, noDepth_.line) + ": those fixes have none");
+      findings.fault(Procedure, Quanti(noDepth_.count, "depth is no number", "depths are no numbers") +
+                                    Dove(noDepth_.count, noDepth_.line) +
+                                    (noDepth_.count == 1 ? ": its fix has none" : ": their fixes have none"));
     }
     rilevaPosizioni(findings);
     if (const std::string fast = PassiVeloci(read_.fixes, lines_); !fast.empty()) findings.fault(Procedure, fast);
@@ -114,8 +119,7 @@ class TextTrack {
                                    Dove(withoutPosition_.count, withoutPosition_.line));
     }
     if (depthless_ > 0) {
-      findings.note(Procedure, std::to_string(depthless_) + " of " +
-                                   Quanti(read_.fixes.size(), "fix has", "fixes have") + " no depth");
+      findings.note(Procedure, QuantiDi(depthless_, read_.fixes.size(), "fix", "fixes") + " no depth");
     }
   }
 
@@ -138,12 +142,17 @@ struct Extent {
     longitude = std::max(longitude, std::abs(second));
   }
   bool within(double first, double second) const { return latitude < first && longitude < second; }
+  std::optional<AngleFormat> layout() const {
+    if (latitude == 0.0) return std::nullopt;
+    if (within(91.0, 181.0)) return AngleFormat::D_DDDD;
+    if (within(9'100.0, 18'100.0)) return AngleFormat::DMM_MMM;
+    if (within(910'000.0, 1'810'000.0)) return AngleFormat::DMMSS;
+    return std::nullopt;
+  }
   /// The format of the list that such numbers are most likely in.
-  const char* format() const {
-    if (within(91.0, 181.0)) return "decimal degrees (dd)";
-    if (within(9'100.0, 18'100.0)) return "degrees and minutes (ddmm)";
-    if (within(910'000.0, 1'810'000.0)) return "degrees, minutes and seconds (ddmmss)";
-    return "UTM metres (utm)";
+  std::string format() const {
+    const std::optional<AngleFormat> angles = layout();
+    return angles ? NomeFormato(*angles) : "UTM metres";
   }
 };
 
@@ -172,8 +181,7 @@ class GridTable : public TextTrack {
                                     Dove(unusable_.count, unusable_.line));
     }
     if (!none() && extent_.within(9'000.0, 18'000.0)) {
-      findings.fault(Procedure, std::string("every northing is below 9000 m and every easting below 18000 m: they look "
-                                            "like ") +
+      findings.fault(Procedure, "every northing is below 9000 m and every easting below 18000 m: they look like " +
                                     extent_.format() + ", a table holds UTM metres");
     }
   }
@@ -227,8 +235,7 @@ class SixColumns : public TextTrack {
                                     " with a latitude over 90 or a longitude over 180 degrees left out" +
                                     Dove(beyond_.count, beyond_.line) + altroFormato());
     } else if (!none() && layout_ != AngleFormat::D_DDDD && extent_.within(91.0, 181.0)) {
-      findings.fault(Procedure, std::string("every latitude is below 91 and every longitude below 181: the numbers "
-                                            "look like ") +
+      findings.fault(Procedure, "every latitude is below 91 and every longitude below 181: the numbers look like " +
                                     extent_.format());
     }
     if (noNumber_.count > 0) {
@@ -237,14 +244,15 @@ class SixColumns : public TextTrack {
     }
   }
 
+  std::optional<AngleFormat> likely() const override { return extent_.layout(); }
+
   /// Which format the numbers beyond the earth look like, if it is another one.
   std::string altroFormato() const {
     const std::string likely = extent_.format();
-    const std::string mark = layout_ == AngleFormat::DMMSS ? "(ddmmss)" : layout_ == Dmm ? "(ddmm)" : "(dd)";
-    return likely.ends_with(mark) ? "" : ": the numbers look like " + likely;
+    if (!extent_.layout()) return ": the numbers look like " + likely + ", six columns hold angles";
+    return *extent_.layout() == layout_ ? "" : ": the numbers look like " + likely;
   }
 
-  static constexpr AngleFormat Dmm = AngleFormat::DMM_MMM;
   AngleFormat layout_;
   Extent extent_;
   Counted beyond_, noNumber_;

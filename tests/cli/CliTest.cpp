@@ -94,6 +94,10 @@ TEST_P(Statuses, TellWhetherAllWasDone) {
   cli.folder.write("gap.bin", SyscalFile(gap));
   cli.folder.write("cut.bin", good.substr(0, good.size() - 10));
   cli.folder.write("picture.bin", "\x89PNG" + std::string(4000, '\x77'));
+  cli.folder.write(
+      "track.log",
+      "$GPRMC,080000,A,4524.0,N,01218.0,E,1,2,150626,,\n$GPRMC,080010,A,4524.1,N,01218.0,E,1,2,150626,,\n");
+  cli.folder.write("none.log", "$GPRMC,080000,V,,,,,,,,,\n");
   const Outcome run = cli(GetParam().arguments);
   EXPECT_EQ(run.status, GetParam().status) << run.err;
   EXPECT_TRUE(Contains(run.err, GetParam().words)) << run.err;
@@ -126,6 +130,19 @@ INSTANTIATE_TEST_SUITE_P(
         StatusCase{"process good.bin --link time", 2, "requires"},
         StatusCase{"process good.bin --gps x.csv --link sideways", 2, "not one of"},
         StatusCase{"process good.bin --gps x.csv --link position --connect 1:0 --connect 2:3", 2, "numbers from 1 on"},
+        StatusCase{"process good.bin --clock-offset 5", 2, "--link time"},
+        StatusCase{"process good.bin --gps x.csv --link time --connect 1:1 --connect 2:2", 2, "--link position"},
+        StatusCase{"process good.bin --gps x.csv --link time --clock-offset 1e300", 2, "is not -4000000000 to"},
+        StatusCase{"process good.bin --track-date 2026-06-15", 2, "--gps"},
+        StatusCase{"process good.bin --south", 0, "--south is not used"},
+        StatusCase{"process good.bin --gps track.log --link time --track-date 2026-06-16", 1,
+                   "--track-date is not used"},
+        StatusCase{"process good.bin --gps track.log --link position --connect 1:1 --connect 9:1", 1,
+                   "connection 2 names measurement 9, the survey has 4: nothing"},
+        StatusCase{"process good.bin --gps track.log --link position --connect 3:1 --connect 3:2", 1,
+                   "measurements 3 and 3 lie at one place: nothing"},
+        StatusCase{"process good.bin --gps none.log --link position --connect 1:1 --connect 2:2", 1,
+                   "the track holds no fix: nothing"},
         StatusCase{"info good.bin", 0, ""}, StatusCase{"info gap.bin", 1, "fix lost"},
         StatusCase{"info missing", 1, "missing"}, StatusCase{"--help", 0, ""}, StatusCase{"process --help", 0, ""},
         StatusCase{"--version", 0, ""}, StatusCase{"convert --to-geo", 2, "--zone"},
@@ -365,6 +382,16 @@ TEST(Tracks, AreToldByInfo) {
   const Outcome renamed = cli("info log.txt");
   EXPECT_EQ(renamed.status, 0) << renamed.err;
   EXPECT_TRUE(Contains(renamed.out, "NMEA 0183 log, ")) << "whatever its name is";
+  // A thousandth of a degree of latitude is 111.1 m long; nobody tells how six columns are written, their size does.
+  const char* const places[][2] = {
+      {"45.4 12.3", "45.401 12.3"}, {"4524 1218", "4524.06 1218"}, {"452400 121800", "452403.6 121800"}};
+  for (const auto& [first, second] : places) {
+    cli.folder.write("six.txt",
+                     std::string("15/06/2026 08:00:00 1 ") + first + " 5\n15/06/2026 08:00:10 2 " + second + " 5\n");
+    const Outcome six = cli("info six.txt");
+    EXPECT_EQ(six.status, 0) << six.err;
+    EXPECT_TRUE(Contains(six.out, "length     111.1")) << six.out;  // 0.001 degrees
+  }
   cli.folder.write("bad.csv", "h\n1;x;soon;8;;;;1;;1;1\n");
   const Outcome bad = cli("info bad.csv");
   EXPECT_EQ(bad.status, 1);

@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"no depth",
                  Row("08:00:00", "") + Row("08:00:01", "--") + Row("08:00:02", "n/a") + Row("08:00:03", "4"),
                  {"2026-06-15 08:00:00 -", "2026-06-15 08:00:01 -", "2026-06-15 08:00:02 -", "2026-06-15 08:00:03 4"},
-                 {"fault: 2 depths are no number (the first in line 3): those fixes have none",
+                 {"fault: 2 depths are no numbers (the first in line 3): their fixes have none",
                   "note: 3 of 4 fixes have no depth"}},
         TextCase{"decimal commas and tails",
                  Row("08:00:00", "4,5") + Row("08:00:01", "4m", "288685,75", "5030933.25"),
@@ -108,11 +108,11 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"a date that is none ends the track before its position is looked at",
                  Row("08:00:00", "4") + "2;x;soon;08:00;;;;4;;0;0\n\n" + Row("08:00:02", "4"),
                  {"2026-06-15 08:00:00 4"},
-                 {"fault: line 3: \"soon 08:00\" is no date and time", "fault: 2 lines from there on left out"}},
+                 {"fault: line 3: \"soon 08:00\" is no date and time", "fault: 2 lines from line 3 on left out"}},
         TextCase{"a number too large ends it",
                  Row("08:00:00", "4") + Row("08:00:01", "1e999") + Row("08:00:02", "4"),
                  {"2026-06-15 08:00:00 4"},
-                 {"fault: line 3: number too large: 1e999", "fault: 2 lines from there on left out"}},
+                 {"fault: line 3: number too large: 1e999", "fault: 2 lines from line 3 on left out"}},
         TextCase{"a position on no grid",
                  Row("08:00:00", "4", "1e300"),
                  {},
@@ -120,7 +120,7 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"commas separate nothing",
                  "1,15/06/2026,08:00,4\n",
                  {},
-                 {"fault: line 2: \" \" is no date and time", "fault: 1 line from there on left out"}},
+                 {"fault: line 2: \" \" is no date and time", "fault: 1 line from line 2 on left out"}},
         TextCase{"50 m/s and a little more, by whole seconds and one at least",
                  Row("08:00:00", "1", "288600") + Row("08:00:01", "1", "288650") + Row("08:00:01.4", "1", "288700") +
                      Row("08:00:04", "1", "288850") + Row("08:00:04", "1", "288900.5") + Row("08:00:03", "1", "289000"),
@@ -166,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "15/06/2026 08:00:00 7 4524.5 1218.5 3.25\r2026-06-15;08:00:05;2;4524.5;1218.5;4\n\r\n"
                  "15.6.26\t08:00:07\t1\t4524.5\t1218.5\t\r",
                  {"2026-06-15 08:00:00 3.25", "2026-06-15 08:00:05 4", "2026-06-15 08:00:07 -"},
-                 {"note: 1 of 3 fixes have no depth"},
+                 {"note: 1 of 3 fixes has no depth"},
                  4},
         TextCase{"no position",
                  "15/06/2026 08:00:00 1 0 1218.5 3\n15/06/2026;08:00:01;1;4524.5;;3\n"
@@ -214,7 +214,7 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"a header is no date",
                  "date time n lat lon depth\n15/06/2026 08:00:00 1 4524.5 1218.5 3\n",
                  {},
-                 {"fault: line 1: \"date time\" is no date and time", "fault: 2 lines from there on left out"}}));
+                 {"fault: line 1: \"date time\" is no date and time", "fault: 2 lines from line 1 on left out"}}));
 
 TEST(Columns, KeepTheirAnglesAsRead) {
   struct Case {
