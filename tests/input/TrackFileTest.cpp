@@ -188,7 +188,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "15/06/2026 08:00:00 1 5030933 288685 3\n",
                  {},
                  {"fault: 1 line with a latitude over 90 or a longitude over 180 degrees left out (line 1): the "
-                  "numbers look like UTM metres (utm)"}},
+                  "numbers look like UTM metres, six columns hold angles"}},
         TextCase{"decimal degrees",
                  "15/06/2026 08:00:00 1 45.408 12.308 3\n",
                  {"2026-06-15 08:00:00 3"},
