@@ -221,6 +221,15 @@ NmeaWalk Percorri(std::string_view log, const std::array<bool, SentenceKinds>& t
   return std::move(walk.result());
 }
 
+bool HaFrase(std::string_view text) {
+  while (const char* dollar = Cerca(text, '$')) {
+    text.remove_prefix(Posto(text, dollar) + 1);
+    const bool shaped = text.size() > AddressLength + 1 && text[AddressLength] == ',';
+    if (shaped && TipoFrase(text.substr(0, AddressLength))) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 NmeaWalk PercorriNmea(std::string_view log) {
@@ -234,12 +243,11 @@ NmeaWalk PercorriNmea(std::string_view log) {
 }
 
 bool SembraNmea(std::string_view text) {
-  while (const char* dollar = Cerca(text, '$')) {
-    text.remove_prefix(Posto(text, dollar) + 1);
-    const bool shaped = text.size() > AddressLength + 1 && text[AddressLength] == ',';
-    if (shaped && TipoFrase(text.substr(0, AddressLength))) return true;
-  }
-  return false;
+  if (HaFrase(text)) return true;
+  if (Cerca(text, '\0') == nullptr || Cerca(text, '$') == nullptr) return false;
+  std::string clean(text);  // as the walk reads it: NUL bytes may stand in every address
+  std::erase(clean, '\0');
+  return HaFrase(clean);
 }
 
 }  // namespace corvan

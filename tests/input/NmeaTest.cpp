@@ -324,6 +324,12 @@ TEST(Nmea, ReadsASentenceWhereverNulBytesStandInIt) {
   EXPECT_EQ(TimesAndDepths(read), (Texts{"2026-06-15 08:00:00 -", "2026-06-15 08:00:01 -", "2026-06-15 08:00:02 -",
                                          "2026-06-15 08:00:03 -", "2026-06-15 08:00:04 -"}));
   EXPECT_EQ(Said(read), NoDepths(5));
+
+  EXPECT_EQ(GenereDaContenuto(dirty(rmc, "$GPR")), TrackKind::Nmea) << "also in the only address";
+  std::string wide = "\xFF\xFE";
+  for (const char c : rmc + gga) wide += {c, '\0'};
+  EXPECT_EQ(GenereDaContenuto(wide), TrackKind::Nmea) << "two bytes a letter";
+  EXPECT_EQ(LeggiFileNav(wide, {}).fixes.size(), 2U);
 }
 
 TEST(Nmea, TakesAKindWhoseChecksumsAreAllWrong) {
