@@ -39,6 +39,15 @@ std::string Maiuscolo(std::string_view text) {
   return upper;
 }
 
+std::string Quanti(std::uintmax_t count, std::string_view one, std::string_view many) {
+  std::string text = std::to_string(count);
+  text += ' ';
+  text += count == 1 ? one : many;
+  return text;
+}
+
+std::string_view IlPrimo(std::uintmax_t count) { return count == 1 ? ", it is " : ", the first is "; }
+
 std::string Senza(std::string_view text, std::string_view part) {
   std::string kept;
   while (!text.empty()) {

@@ -1,6 +1,7 @@
 // Small text operations shared by readers and boxes.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,12 @@ std::string Maiuscolo(std::string_view text);
 
 /// The text with each occurrence of `part` taken out.
 std::string Senza(std::string_view text, std::string_view part);
+
+/// "1 record", "3 records".
+std::string Quanti(std::uintmax_t count, std::string_view one, std::string_view many);
+
+/// How a finding goes on with its place: ", it is " where there is one, else ", the first is ".
+std::string_view IlPrimo(std::uintmax_t count);
 
 /// What happens to the line feeds of a text that is made harmless.
 enum class LineFeeds { Shown, Kept };

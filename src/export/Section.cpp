@@ -9,6 +9,7 @@
 
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "base/Text.h"
 #include "export/TruePositions.h"
 #include "geo/Plane.h"
 #include "geo/Utm.h"
@@ -180,24 +181,30 @@ void PonePosizioniVere(Survey& survey, const std::vector<std::int32_t>& kept, co
 /// Records whose potential electrodes fall on one place of the grid.
 void RilevaCoincidenti(const Section& section, Findings& findings) {
   if (section.Passo == 0.0) return;
-  std::size_t count = 0;
+  std::size_t count = 0, unread = 0;  // and those of channels without a reading
   const SectionPoint* first = nullptr;
   std::size_t channel = 0;
   for (const SectionPoint& point : section.RecordOut.points()) {
     for (std::size_t c = 1; c <= MaxChannels; ++c) {
       if (point.x.at(c) != point.x.at(c + 1)) continue;
+      unread += (point.letture & BitDi(c)) == 0 ? 1U : 0U;
       if (count++ > 0) continue;
       first = &point;
       channel = c;
     }
   }
   if (first == nullptr) return;
-  findings.fault(Procedure, std::to_string(count) + " of " + std::to_string(section.NqpBin()) +
-                                " records have both potential electrodes at one place, since places are multiples of " +
-                                "the distance of C1 and C2 (" +
-                                TestoNumero(std::round(section.Passo * 1000.0) / 1000.0) +
-                                " m): the first is channel " + std::to_string(channel) + " of measurement " +
-                                std::to_string(first->misura));
+  std::string told = std::to_string(count) + " of " + std::to_string(section.NqpBin()) + " records " +
+                     (count == 1 ? "has" : "have") + " both potential electrodes at one place";
+  if (unread == count) {
+    told += ", of channels without a reading";
+  } else {
+    told += ", since places are multiples of the distance of C1 and C2 (" + TestoNumero(std::round(section.Passo * 1000.0) / 1000.0) + " m)";
+    if (unread > 0) told += "; " + std::to_string(unread) + " of them without a reading";
+  }
+  told += IlPrimo(count);
+  findings.fault(Procedure,
+                 told + "channel " + std::to_string(channel) + " of measurement " + std::to_string(first->misura));
 }
 
 /// Measurements that are written although nobody knows where they were.
@@ -205,9 +212,10 @@ void RilevaSenzaPosizione(const Section& section, Findings& findings) {
   const auto& points = section.RecordOut.points();
   const auto lost = std::count_if(points.begin(), points.end(), [](const SectionPoint& p) { return !p.posta; });
   if (lost == 0) return;
-  findings.fault(Procedure, std::to_string(lost) + " of " + std::to_string(section.points) +
-                                " measurements have no position and are written at that of the one before: \"Skip bad "
-                                "GPS\" leaves them out, \"Interpolate bad GPS\" places them");
+  findings.fault(Procedure, std::to_string(lost) + " of " + std::to_string(section.points) + " measurements " +
+                                (lost == 1 ? "has no position and is" : "have no position and are") +
+                                " written at that of the one before: \"Skip bad GPS\" leaves out what has none, "
+                                "\"Interpolate bad GPS\" places it");
 }
 
 }  // namespace

@@ -206,6 +206,11 @@ void FiringBuilder::copia(const Reading& r) {
 }
 
 void FiringBuilder::chiudi() {
+  if (Vuota(m_)) {  // also one whose records are all of channels that are not stored: nothing of them stays
+    m_ = Misura{};
+    m_.letture = 0;
+    north_ = east_ = 0;
+  }
   const double north = north_;
   const double east = east_;
   if (north == 0.0) {

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "base/NumberText.h"
+#include "base/Text.h"
 
 namespace corvan {
 namespace {
@@ -80,30 +81,32 @@ std::string FormatCheck::estremi(const std::string& likely) const {
   return numbers + (likely.empty() ? " fit no coordinate format" : " are " + likely);
 }
 
+std::string FormatCheck::ovunque() const {
+  return positions_ == 1 ? " at the only position" : " at all " + std::to_string(positions_) + " positions";
+}
+
 void FormatCheck::rilievi(const std::string& procedure, const std::string& placeName, Findings& out) const {
   if (positions_ == 0 || !chosen_) return;
   const std::string read = std::string(", read as ") + NomeFormato(layout_);
   if (beyond_ > 0) {
     out.fault(procedure, estremi(probabile()) + read + ": " + std::to_string(beyond_) + " of " +
-                             std::to_string(positions_) + " positions are over 90 or 180 degrees, the first at " +
-                             placeName + " " + std::to_string(firstBeyond_));
+                             Quanti(positions_, "position", "positions") + (beyond_ == 1 ? " is" : " are") +
+                             " over 90 or 180 degrees, " + (beyond_ == 1 ? "" : "the first ") + "at " + placeName +
+                             " " + std::to_string(firstBeyond_));
     return;
   }
   constexpr double margin = 1.0;
   const bool degrees = north_ < LargestLatitude + margin && east_ < LargestLongitude + margin;
   if (layout_ && *layout_ != AngleFormat::D_DDDD && degrees) {
-    out.fault(procedure, estremi(NomeFormato(AngleFormat::D_DDDD)) + read + " at all " + std::to_string(positions_) +
-                             " positions");
+    out.fault(procedure, estremi(NomeFormato(AngleFormat::D_DDDD)) + read + ovunque());
   }
   // As minutes and seconds such numbers would all lie in the sea off Ghana, within a degree and a half of 0 N 0 E.
   const bool minutes = north_ < LargestLatitude * Minutes && east_ < LargestLongitude * Minutes;
   if (layout_ == AngleFormat::DMMSS && !degrees && minutes) {
-    out.fault(procedure, estremi(NomeFormato(AngleFormat::DMM_MMM)) + read + " at all " + std::to_string(positions_) +
-                             " positions");
+    out.fault(procedure, estremi(NomeFormato(AngleFormat::DMM_MMM)) + read + ovunque());
   }
   if (!layout_ && minutes) {
-    out.fault(procedure, estremi(NomeFormato(degrees ? AngleFormat::D_DDDD : AngleFormat::DMM_MMM)) + read +
-                             " at all " + std::to_string(positions_) + " positions");
+    out.fault(procedure, estremi(NomeFormato(degrees ? AngleFormat::D_DDDD : AngleFormat::DMM_MMM)) + read + ovunque());
   }
 }
 

@@ -32,6 +32,7 @@ class FormatCheck {
   void prendiOltre(double north, double east);
   std::string probabile() const;
   std::string estremi(const std::string& likely) const;
+  std::string ovunque() const;
 
   std::optional<AngleFormat> layout_;  // of latitudes and longitudes; none: eastings and northings
   bool chosen_;

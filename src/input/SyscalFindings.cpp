@@ -2,20 +2,20 @@
 
 #include <string>
 
+#include "base/Text.h"
+
 namespace corvan {
 namespace {
 
 constexpr const char* Procedure = SyscalProcedure;
 
-std::string Quanti(std::uintmax_t count, const char* one, const char* many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
-}
-
 std::string Record(std::size_t count) { return Quanti(count, "record", "records"); }
 
-/// "3 records with ..., the first is record 12"
+/// "3 records with ..., the first is record 12"; "1 record with ..., it is record 12"
 std::string Contati(const Tally& tally, const std::string& what) {
-  return Record(tally.count) + " " + what + ", the first is record " + std::to_string(tally.first);
+  std::string told = Record(tally.count) + " " + what;
+  told += IlPrimo(tally.count);
+  return told + "record " + std::to_string(tally.first);
 }
 
 /// Records left out before and behind those that are read.
@@ -23,8 +23,8 @@ void RilieviEstremi(const SyscalOutcome& of, Findings& out) {
   const std::size_t records = of.file.size();
   if (!of.extent.anyFix()) {
     const bool kept = of.options.span == ReadSpan::PastLostFixes;
-    out.fault(Procedure, "none of the " + Record(records) +
-                             " has a position: " + (kept ? "their readings have no place" : "no reading is taken"));
+    const std::string none = records == 1 ? "the only record has no" : "none of the " + Record(records) + " has a";
+    out.fault(Procedure, none + " position: " + (kept ? "its readings have no place" : "no reading is taken"));
     return;
   }
   if (of.grouping.first > 1) {
@@ -71,14 +71,17 @@ void RilieviCanali(const SyscalOutcome& of, Findings& out) {
                             (of.usual && of.grouping.grid ? ", whatever the borders between firings" : ""));
   }
   if (number > MaxChannels) {
-    out.fault(Procedure, "channels 11 to " + std::to_string(number) + " of each firing are not stored");
+    out.fault(Procedure, number == MaxChannels + 1
+                             ? "channel 11 of each firing is not stored"
+                             : "channels 11 to " + std::to_string(number) + " of each firing are not stored");
   } else if (of.tally.unstored.count > 0) {
     out.fault(Procedure, Contati(of.tally.unstored, "of a channel above 10 not stored"));
   }
 }
 
-std::string Corto(const ShortFirings& of) {
-  return "firing " + std::to_string(of.firing) + " (from record " + std::to_string(of.record) + " on) has " +
+/// "firing 9 (from record 17 on) has 1 of 2 records"
+std::string Corto(const ShortFirings& of, const char* has) {
+  return "firing " + std::to_string(of.firing) + " (from record " + std::to_string(of.record) + " on) " + has + " " +
          std::to_string(of.held) + " of " + Record(of.expected);
 }
 
@@ -101,11 +104,12 @@ void RilieviCorti(const SyscalOutcome& of, Findings& out) {
   }
   if (tally.leading.count > 0) {
     out.note(Procedure,
-             Corto(tally.leading) + ", the others being among those without position" + Posti(tally.leading));
+             Corto(tally.leading, "has") + ", the others being among those without position" + Posti(tally.leading));
   }
   if (tally.shorter.count > 0) {
-    out.fault(Procedure, Quanti(tally.shorter.count, "firing", "firings") + " lost records, the first is " +
-                             Corto(tally.shorter) + Posti(tally.shorter));
+    std::string told = Quanti(tally.shorter.count, "firing", "firings") + " lost records";
+    told += IlPrimo(tally.shorter.count);
+    out.fault(Procedure, told + Corto(tally.shorter, "with") + Posti(tally.shorter));
   }
   if (tally.unplaced.count > 0) {
     out.fault(Procedure, Contati(tally.unplaced, "of such firings left out for want of a channel number of their own"));
@@ -143,7 +147,8 @@ void RilieviScatti(const SyscalOutcome& outcome, Findings& out) {
   RilieviCorti(outcome, out);
   RilieviPosizioni(outcome, out);
   if (const Tally& bad = outcome.tally.badReading; bad.count > 0) {
-    out.fault(Procedure, Contati(bad, "with a reading or electrode that is not a finite number"));
+    out.fault(Procedure, Contati(bad, "with a reading, electrode or depth that is not a finite number") +
+                             ": kept as read, without part in extremes and colours");
   }
   outcome.format.rilievi(Procedure, "record", out);
 }

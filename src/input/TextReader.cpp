@@ -56,12 +56,15 @@ void RilieviFine(const TextScan& scan, Findings& out) {
 
 /// Lines before and between those taken.
 void RilieviEstensione(const TextScan& scan, Findings& out) {
-  if (!scan.anyFix) out.fault(Procedure, "none of the " + Righe(scan.firings) + " has a position");
+  if (!scan.anyFix) {
+    out.fault(Procedure, scan.firings == 1 ? "the only line has no position"
+                                           : "none of the " + Righe(scan.firings) + " has a position");
+  }
   if (scan.anyFix && scan.leading > 0) {
     out.note(Procedure, Righe(scan.leading) + " between the header and the first position left out");
   }
   if (scan.passedOver > 0) {
-    out.note(Procedure, Righe(scan.passedOver) + " that are blank or a repeated header passed over");
+    out.note(Procedure, Righe(scan.passedOver) + ", blank or a repeated header, passed over");
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "base/DateText.h"
 #include "base/Fields.h"
+#include "base/Text.h"
 
 namespace corvan {
 
@@ -33,11 +34,6 @@ class TrackFields {
   std::array<std::string_view, 16> fields_;
   std::size_t count_ = 0;
 };
-
-/// "1 line", "3 lines".
-inline std::string Quanti(std::size_t count, const char* one, const char* many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
-}
 
 /// "1 of 3 fixes has", "2 of 3 fixes have".
 inline std::string QuantiDi(std::size_t count, std::size_t all, const char* one, const char* many) {

@@ -167,9 +167,11 @@ void Session::AnalisiFile() {
     InfoLbl.Caption = BadPositions;
     InfoLbl.Visible = true;
   }
-  findings_.note("AnalisiFile", std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " +
-                                    std::to_string(survey_.NumMisure()) + ", " + std::to_string(fixes_.discarded) +
-                                    " discarded, " + std::to_string(fixes_.interpolated) + " interpolated");
+  findings_.note("AnalisiFile",
+                 std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " +
+                     std::to_string(survey_.NumMisure()) + ", " + std::to_string(fixes_.discarded) + " discarded, " +
+                     std::to_string(fixes_.interpolated) + " interpolated" +
+                     (fixes_.empty > 0 ? ", " + std::to_string(fixes_.empty) + " without any reading" : ""));
 }
 
 /// Window and layers around the cells.

@@ -100,6 +100,7 @@ TrackResult TrattaFixPersi(Survey& survey) {
   }
   for (Misura& m : survey.Misure) {
     m.Scartata = m.Scartata || Vuota(m);
+    result.empty += Vuota(m) ? 1U : 0U;
     result.discarded += m.Scartata ? 1U : 0U;
   }
   return result;

@@ -9,6 +9,7 @@
 #include "base/Fields.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "base/Text.h"
 #include "survey/MeasurementText.h"
 
 namespace corvan {
@@ -109,10 +110,12 @@ void RilevaCavo(const Survey& survey, Findings& findings) {
     ++others.try_emplace(m.NumFile, k, 0).first->second.second;
   }
   for (const auto& [file, place] : others) {
+    std::string told = Quanti(place.second, "measurement was", "measurements were") +
+                       " read with another cable than the one in use (" + survey.cavo.StringaCavo + ")";
+    told += IlPrimo(place.second);
     findings.fault("CreaCavoDaMisure",
-                   std::to_string(place.second) + " measurement(s) were read with another cable than the one in use (" +
-                       survey.cavo.StringaCavo + "), the first is measurement " + std::to_string(place.first) +
-                       ": their resistivities are wrong by the ratio of the geometric factors",
+                   told + "measurement " + std::to_string(place.first) +
+                       ": resistivities there are wrong by the ratio of the geometric factors",
                    FileDi(survey, survey.Misure(place.first)));
   }
 }

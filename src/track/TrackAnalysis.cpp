@@ -9,6 +9,7 @@
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
+#include "base/Text.h"
 #include "geo/AngleText.h"
 #include "geo/Place.h"
 #include "geo/Plane.h"
@@ -95,12 +96,12 @@ void RilevaCorrentiNulle(const Survey& survey, Findings& findings) {
   const auto idle = [](const Misura& m) { return !m.SenzaFix && !Vuota(m) && (m.Val180 == 0.0F || m.Val184 == 0.0F); };
   const auto first = std::find_if(survey.Misure.begin(), survey.Misure.end(), idle);
   if (first == survey.Misure.end()) return;
-  findings.note(
-      Procedure,
-      std::to_string(std::count_if(first, survey.Misure.end(), idle)) +
-          " measurement(s) with a current of 0 keep the resistivities that were read, the first is measurement " +
-          std::to_string(first - survey.Misure.begin() + 1),
-      FileDi(survey, *first));
+  const auto count = static_cast<std::uintmax_t>(std::count_if(first, survey.Misure.end(), idle));
+  std::string told = Quanti(count, "measurement with a current of 0 keeps", "measurements with a current of 0 keep") +
+                     " the resistivities that were read";
+  told += IlPrimo(count);
+  findings.note(Procedure, told + "measurement " + std::to_string(first - survey.Misure.begin() + 1),
+                FileDi(survey, *first));
 }
 
 /// The scene holds positions and distances as singles: a place whose distance from another may exceed them has none.

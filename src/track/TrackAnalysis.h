@@ -14,6 +14,7 @@ namespace corvan {
 struct TrackResult {
   std::size_t bad = 0;           ///< measurements without a position as read
   std::size_t discarded = 0;     ///< measurements left out
+  std::size_t empty = 0;         ///< measurements of which no reading was stored, all of them left out
   std::size_t interpolated = 0;  ///< measurements given a position between their neighbours
 };
 

@@ -64,7 +64,11 @@ TEST(Process, AnswersEveryQuestionFromItsOption) {
           "--cable-offset 3 --echo-offset=-2 --kml-offset 50 --true-position --out sub --format txt,kml,csv --json "
           "--data-shift 1,2 --depth-shift=-1,2.5");
   EXPECT_EQ(run.status, 1) << "ten electrodes of that cable stand at one place";
-  EXPECT_TRUE(Contains(run.err, "50 of 50 records have both potential electrodes at one place")) << run.err;
+  EXPECT_TRUE(Contains(run.err,
+                       "50 of 50 records have both potential electrodes at one place, since places are multiples of "
+                       "the distance of C1 and C2 (10 m); 40 of them without a reading, the first is channel 1 of "
+                       "measurement 3"))
+      << run.err;
   EXPECT_TRUE(Contains(run.out, "\"measurements\": 16"));
   EXPECT_TRUE(Contains(run.out, "\"zone\": 32"));
   EXPECT_TRUE(Contains(run.out, "\"from\": 3"));
@@ -93,6 +97,7 @@ TEST_P(Statuses, TellWhetherAllWasDone) {
   cli.folder.write("good.bin", good);
   cli.folder.write("gap.bin", SyscalFile(gap));
   cli.folder.write("cut.bin", good.substr(0, good.size() - 10));
+  cli.folder.write("five.bin", SyscalFile(Firings(4, 5)));
   cli.folder.write("picture.bin", "\x89PNG" + std::string(4000, '\x77'));
   cli.folder.write(
       "track.log",
@@ -109,8 +114,10 @@ INSTANTIATE_TEST_SUITE_P(
         StatusCase{"process good.bin", 0, ""},
         StatusCase{"process good.bin missing.bin", 1, "missing.bin: No such file"},
         StatusCase{"process .", 1, "is a folder"}, StatusCase{"process gap.bin", 1, "gap.bin: fix lost at record 21"},
-        StatusCase{"process gap.bin --past-gaps", 1, "1 of 4 measurements have no position"},
+        StatusCase{"process gap.bin --past-gaps", 1, "1 of 4 measurements has no position and is written"},
         StatusCase{"process gap.bin --past-gaps --bad-gps skip", 0, "Some Data have incorrect GPS position"},
+        StatusCase{"process five.bin", 1, "at one place, of channels without a reading, the first is channel 7 of"},
+        StatusCase{"process gap.bin --past-gaps --bad-gps skip", 0, "1 of 4, 1 discarded, 0 interpolated\n"},
         StatusCase{"process cut.bin", 1, "294 of 304 bytes"},
         StatusCase{"process picture.bin", 1, "picture.bin: is neither"},
         StatusCase{"process good.bin --from 0", 1, "No points selected"},

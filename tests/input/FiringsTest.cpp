@@ -111,6 +111,8 @@ TEST_P(FiringTable, FindTheirReadings) {
   EXPECT_TRUE(said) << all;
   EXPECT_TRUE(row.severity == Severity::Fault || !read.findings.anyFault()) << all;
   for (const Misura& m : read.measurements) {
+    const bool nothing = m.SenzaFix && m.Lat == 0 && m.Val180 == 0 && m.NumFile == 0;
+    EXPECT_TRUE(nothing || !Vuota(m)) << "an empty firing keeps something of its records";
     for (std::size_t c = 1; row.channelsKept && c <= MaxChannels; ++c) {
       const float hundredths = std::round((m.Rho[c] - std::floor(m.Rho[c])) * 100.0F);
       EXPECT_EQ(static_cast<std::size_t>(hundredths), HaLettura(m, c) ? c : 0) << m.Rho[c];
@@ -164,11 +166,10 @@ INSTANTIATE_TEST_SUITE_P(
     Borders, FiringTable,
     ::testing::Values(
         FiringCase{"whole", Injections(3), "12345 12345 12345"},
-        FiringCase{
-            "lost record", Lost(Injections(4), {8}), "12345 1245 12345 12345",
-            "1 firing lost records, the first is firing 2 (from record 6 on) has 4 of 5 records: 1 read by channel"},
+        FiringCase{"lost record", Lost(Injections(4), {8}), "12345 1245 12345 12345",
+                   "1 firing lost records, it is firing 2 (from record 6 on) with 4 of 5 records: 1 read by channel"},
         FiringCase{"lost across a border", Lost(Injections(4), {5, 6}), "1234 2345 12345 12345",
-                   "2 firings lost records"},
+                   "2 firings lost records, the first is firing 1 (from record 1 on) with 4 of 5 records: 2 read"},
         FiringCase{"current saturates", Lost(SetCurrent(Injections(4)), {8}), "12345 1245 12345 12345", "lost records"},
         FiringCase{"position does not change", Lost(Moored(Injections(4)), {8}), "12345 1245 12345 12345",
                    "lost records"},
@@ -199,11 +200,11 @@ INSTANTIATE_TEST_SUITE_P(
         FiringCase{"own number in the high bits, larger", LandFirings({5, 5, 7, 5, 5}, {}),
                    "12345 12345 1234567 12345 12345"},
         FiringCase{"own number and a record lost", LandFirings({5, 5, 7, 5, 5}, {12}), "12345 12345 134567 12345 12345",
-                   "firing 3 (from record 11 on) has 6 of 7 records"},
+                   "firing 3 (from record 11 on) with 6 of 7 records"},
         FiringCase{"high bits that tell no number", Lost(Land(Injections(4), 1), {8}), "12345 1245 12345 12345",
                    "4 of 5"},
         FiringCase{"high bits below the number", Lost(Land(Injections(4, 2), 1), {3}), "12 2 12 12",
-                   "has 1 of 2 records: 1 read by channel"},
+                   "with 1 of 2 records: 1 read by channel"},
         FiringCase{"two firings without border between",
                    Each(NoChannels(Injections(6)),
                         [](RecordValues& v, std::size_t k) {
@@ -218,8 +219,11 @@ INSTANTIATE_TEST_SUITE_P(
                    "1 record of such firings left out for want of a channel number of their own"},
         FiringCase{"lost without channel numbers", Lost(NoChannels(Injections(4)), {8}), "12345 - 12345 12345",
                    "1 left without reading", Severity::Fault, "", false},
+        FiringCase{"nothing left but channels above ten",
+                   Lost(Injections(4, 12), {13, 14, 15, 16, 17, 18, 19, 20, 21, 22}),
+                   "123456789X - 123456789X 123456789X", "firing 2 (from record 13 on) with 2 of 12 records"},
         FiringCase{"cut at the end of the file", Lost(NoChannels(Injections(4)), {19, 20}), "12345 12345 12345 123",
-                   "has 3 of 5 records: 1 read in order", Severity::Fault, "", false},
+                   "with 3 of 5 records: 1 read in order", Severity::Fault, "", false},
         FiringCase{"begins before the first position", NoFix(Injections(11), 1, 7),
                    "345 12345 12345 12345 12345 12345 12345 12345 12345 12345",
                    "firing 1 (from record 8 on) has 3 of 5 records, the others being among those", Severity::Note},

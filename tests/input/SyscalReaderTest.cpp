@@ -112,7 +112,10 @@ TEST(Grouping, GroupsChannelsAboveTenWithoutStoringThem) {
   same.file(SyscalFile(Firings(1, 12)));
   EXPECT_EQ(same.read.summary.channels, 12);
   EXPECT_EQ(same.firing(1).Rho[10], 1.1F);
-  EXPECT_TRUE(same.says("channels 11 to 12"));
+  EXPECT_TRUE(same.says("channels 11 to 12 of each firing are not stored"));
+  Reading one;
+  one.file(SyscalFile(Firings(1, 11)));
+  EXPECT_TRUE(one.says("channel 11 of each firing is not stored"));
 }
 
 TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
@@ -170,7 +173,8 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
   ASSERT_EQ(r.firings(), 2U);
   EXPECT_TRUE(std::isnan(r.firing(1).Rho[1]));
   EXPECT_TRUE(std::isinf(r.firing(2).Val12));
-  EXPECT_TRUE(r.says("3 records with a reading or electrode that is not a finite number, the first is record 1"));
+  EXPECT_TRUE(
+      r.says("3 records with a reading, electrode or depth that is not a finite number, the first is record 1: kept"));
   EXPECT_TRUE(r.read.findings.anyFault());
 
   Reading past;

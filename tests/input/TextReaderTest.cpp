@@ -226,7 +226,7 @@ INSTANTIATE_TEST_SUITE_P(
                  {2, 3, 4, 5},
                  "-1 line between the header and the first position left out\n"
                  "!the last position stands in line 6: 1 line behind it left out\n"},
-        SpanCase{"+.H0.+.H", Past, {1, 4, 6}, "-3 lines that are blank or a repeated header passed over\n"},
+        SpanCase{"+.H0.+.H", Past, {1, 4, 6}, "-3 lines, blank or a repeated header, passed over\n"},
         SpanCase{"+.0.<", Past, {1}, "!the last position stands in line 2: 2 lines behind it left out\n"},
         SpanCase{"+0!+",
                  Past,
@@ -237,8 +237,9 @@ INSTANTIATE_TEST_SUITE_P(
                  Stop,
                  {1, 4},
                  "!none of the 3 lines has a position\n"
-                 "-2 lines that are blank or a repeated header passed over\n"
+                 "-2 lines, blank or a repeated header, passed over\n"
                  "-the last line, 6, is left out\n"},
+        SpanCase{"0.", Past, {1}, "!the only line has no position\n"},
         SpanCase{"00.", Past, {1, 2}, "!none of the 2 lines has a position\n"},
         SpanCase{"", Stop, {}, "!none of the 0 lines has a position\n"}));
 

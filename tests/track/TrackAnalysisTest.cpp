@@ -58,7 +58,7 @@ TEST(Resistivity, IsRecomputedWhereThereIsACurrent) {
   EXPECT_EQ(f.survey.traccia.RhoMax, 7000) << "one that was kept takes part in the extremes";
   EXPECT_EQ(f.survey.traccia.RhoMin, -5);
   EXPECT_EQ(f.reason(0),
-            "1 measurement(s) with a current of 0 keep the resistivities that were read, the first is measurement 2");
+            "1 measurement with a current of 0 keeps the resistivities that were read, it is measurement 2");
   EXPECT_EQ(f.findings.entries()[0].file, "a.bin");
 }
 
