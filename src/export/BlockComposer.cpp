@@ -25,7 +25,7 @@ class Window {
  public:
   Window(const Blocks& blocks, const BlockText& compose) : blocks_(blocks), compose_(compose) {}
 
-  /// What a helper does: composes while blocks are left and there is room for them.
+  /// What a worker does: composes while blocks are left and there is room for them.
   void help(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
     while (changed_.wait(lock, stop, [this] { return room() || allTaken(); })) {
@@ -92,12 +92,12 @@ class Window {
 std::size_t AiutantiDisponibili() { return std::thread::hardware_concurrency() > 1 ? 1 : 0; }
 
 void ComponiBlocchi(const Blocks& blocks, const BlockText& compose, const std::function<void(std::string_view)>& write,
-                    std::size_t helpers) {
+                    std::size_t workers) {
   const std::size_t count = blocks.count();
   Window window(blocks, compose);
   std::vector<std::jthread> threads;
   try {
-    while (threads.size() < helpers && threads.size() + 1 < count) {
+    while (threads.size() < workers && threads.size() + 1 < count) {
       threads.emplace_back([&window](const std::stop_token& stop) { window.help(stop); });
     }
   } catch (const std::system_error&) {

@@ -24,10 +24,10 @@ using BlockText = std::function<void(std::string& out, std::size_t first, std::s
 std::size_t AiutantiDisponibili();
 
 /// Calls `write` in the caller's thread with the text of every block, in order, so that what is written is the same
-/// for any number of helpers. At most eight blocks are in memory, whatever the output's length.
+/// for any number of workers. At most eight blocks are in memory, whatever the output's length.
 /// Errors: what `compose` throws for a block is thrown to the caller in the block's place, behind the blocks before
 /// it; what `write` throws ends the composing. No thread is left in either case.
 void ComponiBlocchi(const Blocks& blocks, const BlockText& compose, const std::function<void(std::string_view)>& write,
-                    std::size_t helpers = AiutantiDisponibili());
+                    std::size_t workers = AiutantiDisponibili());
 
 }  // namespace corvan

@@ -22,7 +22,7 @@ TEST(ComposedBlocks, AreWrittenInOrderToTheLastWhateverTheThreads) {
     std::string expected;
     AppendItems(expected, 0, items);
     for (const std::size_t perBlock : {1U, 3U, 8U, 2000U}) {
-      for (const std::size_t helpers : {0U, 1U, 3U}) {
+      for (const std::size_t workers : {0U, 1U, 3U}) {
         std::string written;
         std::size_t blocks = 0;
         const auto compose = [](std::string& out, std::size_t first, std::size_t end) {
@@ -36,8 +36,8 @@ TEST(ComposedBlocks, AreWrittenInOrderToTheLastWhateverTheThreads) {
               written += text;
               ++blocks;
             },
-            helpers);
-        EXPECT_EQ(written, expected) << items << " items, " << perBlock << " a block, " << helpers << " helpers";
+            workers);
+        EXPECT_EQ(written, expected) << items << " items, " << perBlock << " a block, " << workers << " workers";
         EXPECT_EQ(blocks, (items + perBlock - 1) / perBlock);
       }
     }
@@ -73,7 +73,7 @@ TEST(ComposedBlocks, ThrowWhatAHelperThrewBehindTheBlocksBeforeIt) {
         failed = first;
         throw RunTimeError("block " + std::to_string(first));
       }
-    } else {  // the caller leaves one block to the helper
+    } else {  // the caller leaves one block to the worker
       for (; waits < 5000 && !helped; ++waits) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     AppendItems(out, first, end);
@@ -91,14 +91,14 @@ TEST(ComposedBlocks, ThrowWhatAHelperThrewBehindTheBlocksBeforeIt) {
 }
 
 TEST(ComposedBlocks, StopAtAFailedWritingAndLeaveNoThread) {
-  for (const std::size_t helpers : {0U, 1U, 3U}) {
+  for (const std::size_t workers : {0U, 1U, 3U}) {
     std::atomic<std::size_t> composed{0};
     std::size_t blocks = 0;
     const auto write = [&](std::string_view) {
       if (++blocks == 3) throw FileError("disk", "is full");
     };
     EXPECT_THROW(ComponiBlocchi(
-                     {100'000, 1}, [&](std::string&, std::size_t, std::size_t) { ++composed; }, write, helpers),
+                     {100'000, 1}, [&](std::string&, std::size_t, std::size_t) { ++composed; }, write, workers),
                  FileError);
     const std::size_t then = composed;
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
