@@ -196,15 +196,16 @@ void RilevaCoincidenti(const Section& section, Findings& findings) {
   if (first == nullptr) return;
   std::string told = std::to_string(count) + " of " + std::to_string(section.NqpBin()) + " records " +
                      (count == 1 ? "has" : "have") + " both potential electrodes at one place";
-  if (unread == count) {
-    told += ", of channels without a reading";
-  } else {
-    told += ", since places are multiples of the distance of C1 and C2 (" + TestoNumero(std::round(section.Passo * 1000.0) / 1000.0) + " m)";
-    if (unread > 0) told += "; " + std::to_string(unread) + " of them without a reading";
+  const std::string place = std::string(IlPrimo(count)) + "channel " + std::to_string(channel) + " of measurement " +
+                            std::to_string(first->misura);
+  if (unread == count) {  // a survey of few channels is none the worse for it
+    findings.note(Procedure, told + ", of channels without a reading" + place);
+    return;
   }
-  told += IlPrimo(count);
-  findings.fault(Procedure,
-                 told + "channel " + std::to_string(channel) + " of measurement " + std::to_string(first->misura));
+  told += ", since places are multiples of the distance of C1 and C2 (" +
+          TestoNumero(std::round(section.Passo * 1000.0) / 1000.0) + " m)";
+  if (unread > 0) told += "; " + std::to_string(unread) + " of them without a reading";
+  findings.fault(Procedure, told + place);
 }
 
 /// Measurements that are written although nobody knows where they were.

@@ -41,11 +41,10 @@ struct Kind {
 };
 
 // Every further format that is read (GPX tracks, column texts, projects) adds its row here.
-constexpr std::array Kinds{Kind{FileDelloStrumento, "an instrument's file"},
-                           Kind{EsportazioneDiTesto, "an instrument's text export"},
-                           Kind{Traccia<TrackKind::Nmea>, "an NMEA 0183 log"},
-                           Kind{Traccia<TrackKind::SixColumns>, "a track of six columns"},
-                           Kind{Traccia<TrackKind::Csv>, "a track's table of positions"}};
+constexpr std::array Kinds{
+    Kind{FileDelloStrumento, "an instrument's file"}, Kind{EsportazioneDiTesto, "an instrument's text export"},
+    Kind{Traccia<TrackKind::Nmea>, "an NMEA 0183 log"}, Kind{Traccia<TrackKind::SixColumns>, "a track of six columns"},
+    Kind{Traccia<TrackKind::Csv>, "a track's table of positions"}};
 
 }  // namespace
 

@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
         StatusCase{"process .", 1, "is a folder"}, StatusCase{"process gap.bin", 1, "gap.bin: fix lost at record 21"},
         StatusCase{"process gap.bin --past-gaps", 1, "1 of 4 measurements has no position and is written"},
         StatusCase{"process gap.bin --past-gaps --bad-gps skip", 0, "Some Data have incorrect GPS position"},
-        StatusCase{"process five.bin", 1, "at one place, of channels without a reading, the first is channel 7 of"},
+        StatusCase{"process five.bin", 0, "at one place, of channels without a reading, the first is channel 7 of"},
         StatusCase{"process gap.bin --past-gaps --bad-gps skip", 0, "1 of 4, 1 discarded, 0 interpolated\n"},
         StatusCase{"process cut.bin", 1, "294 of 304 bytes"},
         StatusCase{"process picture.bin", 1, "picture.bin: is neither"},
