@@ -36,32 +36,34 @@ struct Around {
 /// the smallest so far does. Both run in one direction, whatever the order of the fixes.
 class TimeIndex {
  public:
-  /// @param fixes at least one; must outlive the index
-  explicit TimeIndex(const Array1<PuntoGPSEst>& fixes) : fixes_(fixes), count_(fixes.size()) {
-    const PuntoGPSEst* before = &fixes(1);
+  /// @param fixes at least one
+  explicit TimeIndex(const Array1<PuntoGPSEst>& fixes) {
+    // A list of their own: looked up among the fixes themselves, each probe would fetch a fix of a hundred bytes.
+    seconds_.reserve(fixes.size());
     bool ordered = true;
+    std::int64_t before = SecondoDi(fixes(1));
     for (const PuntoGPSEst& fix : fixes) {
-      ordered = ordered && SecondoDi(fix) >= SecondoDi(*before);
-      before = &fix;
+      const std::int64_t now = SecondoDi(fix);
+      ordered = ordered && now >= before;
+      before = now;
+      seconds_.push_back(now);
     }
     if (ordered) return;
-    highest_.reserve(count_);
-    for (const PuntoGPSEst& fix : fixes) highest_.push_back(SecondoDi(fix));
-    lowest_ = highest_;
-    for (std::size_t k = 1; k < count_; ++k) {
+    highest_ = lowest_ = seconds_;
+    for (std::size_t k = 1; k < seconds_.size(); ++k) {
       highest_[k] = std::max(highest_[k], highest_[k - 1]);
       lowest_[k] = std::min(lowest_[k], lowest_[k - 1]);
     }
   }
 
-  std::int64_t second(std::size_t fix) const { return SecondoDi(fixes_(fix)); }
+  std::int64_t second(std::size_t fix) const { return seconds_[fix - 1]; }
 
   Around around(std::int64_t moment) {
     const std::int64_t first = second(1);
     if (first == moment) return {0, 0, 1};
     if (first < moment) {
       const std::size_t k = primo(moment);
-      if (k == count_) return {count_, 0, 0};
+      if (k == seconds_.size()) return {k, 0, 0};
       return rising(k) == moment ? Around{0, 0, k + 1} : Around{k, k + 1, 0};
     }
     if (lowest_.empty()) return {0, 1, 0};
@@ -72,21 +74,22 @@ class TimeIndex {
   }
 
  private:
-  /// The largest second up to place k, from 0. Tracks in order need no list of their own: it would cost as much again.
-  std::int64_t rising(std::size_t k) const { return highest_.empty() ? second(k + 1) : highest_[k]; }
+  /// The largest second up to place k, from 0.
+  std::int64_t rising(std::size_t k) const { return highest_.empty() ? seconds_[k] : highest_[k]; }
 
   /// First place that is not before the moment, from where the last search ended: measurements come in order, too, as a
   /// rule.
   std::size_t primo(std::int64_t moment) {
+    const std::size_t count = seconds_.size();
     std::size_t low = hint_, step = 1;
-    if (low >= count_ || rising(low) >= moment) low = 0;
+    if (low >= count || rising(low) >= moment) low = 0;
     std::size_t high = low;
-    while (high < count_ && rising(high) < moment) {
+    while (high < count && rising(high) < moment) {
       low = high;
       high += step;
       step *= 2;
     }
-    high = std::min(high, count_);
+    high = std::min(high, count);
     while (low < high) {
       const std::size_t middle = low + (high - low) / 2;
       if (rising(middle) < moment) {
@@ -99,8 +102,7 @@ class TimeIndex {
     return low;
   }
 
-  const Array1<PuntoGPSEst>& fixes_;
-  std::size_t count_;
+  std::vector<std::int64_t> seconds_;
   std::vector<std::int64_t> highest_, lowest_;  // up to each fix; empty when the fixes are in order
   std::size_t hint_ = 0;
 };
