@@ -59,7 +59,9 @@ bool Session::leggiTraccia(const std::filesystem::path& fileName) {
   TrackOptions options{survey_.settings.layout, std::nullopt};
   TrackRead read = LeggiTraccia(kind, bytes.text(), options);
   if (kind == TrackKind::Csv && !chiediZonaTraccia()) return false;
-  const bool few = kind == TrackKind::SixColumns && read.lines < survey_.Misure.size();
+  // A line end at the very end counts as one more line here: the question has always been asked so.
+  const bool ended = bytes.text().ends_with('\n') || bytes.text().ends_with('\r');
+  const bool few = kind == TrackKind::SixColumns && read.lines + (ended ? 1 : 0) < survey_.Misure.size();
   if (few && dialogs_.MsgBox({"not enough GPS points", "", Buttons::OkCancel}) != Answer::Ok) return false;
   if (read.undated) {
     const std::string day = chiedi({DomandaData, "The log holds no date", ""});

@@ -183,6 +183,20 @@ TEST(EmptyTracks, DiscardAllAndSaySo) {
   EXPECT_TRUE(f.faulty());
 }
 
+// Ten measurements: nine lines and what stands behind the last line end are enough, whatever ends the lines.
+TEST(ShortTracks, AreAskedAboutByTheirLines) {
+  for (const std::string end : {"\r\n", "\n", "\r"}) {
+    for (const std::size_t lines : {8U, 9U}) {
+      Fixture f;
+      f.read({f.line(Line())});
+      std::string text;
+      for (std::size_t k = 0; k < lines; ++k) text += "15/06/2026 06:00:0" + std::to_string(k) + " 1 4524 1218 3" + end;
+      f.session.LeggiGPSEsterno(f.folder.write("track.gps", text));
+      EXPECT_EQ(f.dialogs.messages.size(), lines == 8 ? 1U : 0U) << lines;
+    }
+  }
+}
+
 TEST(FarTracks, AreToldOnLoadingAndBeforeALink) {
   Fixture f;
   f.track(Table(10, 288652.25, 5130933.5));
