@@ -16,6 +16,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/Report.h"
+#include "geo/AngleText.h"
 #include "input/InputDriver.h"
 #include "input/TrackFile.h"
 #include "input/TrackSteps.h"
@@ -90,7 +91,9 @@ void EsaminaTraccia(std::string_view text, FileInfo& info) {
   if (read.likely && *read.likely != options.layout) {  // nobody has said how they are written
     options.layout = *read.likely;
     read = LeggiTraccia(kind, text, options);
-    read.findings.note(Procedure, std::string("positions taken as ") + NomeFormato(options.layout) + " by their size");
+    const AngleFormatName format = NomeFormato(options.layout);
+    read.findings.note(Procedure,
+                       std::string("positions taken as ") + format.name + " (" + format.word + ") by their size");
   }
   info.format = NomeGenere(read.kind);
   info.records = read.lines;

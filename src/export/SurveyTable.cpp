@@ -1,6 +1,5 @@
 #include "export/SurveyTable.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -79,9 +78,8 @@ class Row {
 
 /// Binary records shorter than those that hold a time have none; text exports keep the 0 that they have always had.
 bool HaTempo(const Survey& survey, const Misura& m) {
-  const auto file = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
-  if (file < 1 || file > survey.files.size()) return true;
-  return survey.files[file - 1].recordLength == 0 || survey.files[file - 1].timed();
+  const FileSummary* file = survey.fileDi(m);
+  return file == nullptr || file->recordLength == 0 || file->timed();
 }
 
 std::string Intestazione() {

@@ -83,6 +83,18 @@ std::optional<double> GradiDaDecimale(double magnitude, AngleFormat format) {
 
 }  // namespace
 
+AngleFormatName NomeFormato(AngleFormat format) {
+  switch (format) {
+    case AngleFormat::D_DDDD:
+      return {"decimal degrees", "dd"};
+    case AngleFormat::DMM_MMM:
+      return {"degrees and minutes", "ddmm"};
+    case AngleFormat::DMMSS:
+      break;
+  }
+  return {"degrees, minutes and seconds", "ddmmss"};
+}
+
 double GradiDaTesto(std::string_view text, AngleFormat format) {
   std::string clean = Ripulisci(text);
   const bool negative = !clean.empty() && clean.front() == '-';

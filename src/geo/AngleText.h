@@ -8,6 +8,13 @@
 
 namespace corvan {
 
+/// How people and the command line call a layout: "decimal degrees" and "dd".
+struct AngleFormatName {
+  const char* name;
+  const char* word;
+};
+AngleFormatName NomeFormato(AngleFormat format);
+
 /// Reads an angle. Blanks, "°" and "'" are ignored, "," counts as the decimal point. The sign belongs to the whole
 /// angle; a text without a point has it at its end (4530 is 45°30'); pieces before the text's start are empty or
 /// shorter (5.25 is 0°05.25'); an empty text is 0.

@@ -6,6 +6,7 @@
 
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "geo/AngleText.h"
 
 namespace corvan {
 namespace {
@@ -25,17 +26,9 @@ bool SecondiValidi(double number) {
   return std::fmod(std::abs(number), Seconds) < Sixty * Minutes && MinutiValidi(number);
 }
 
-const char* NomeFormato(const std::optional<AngleFormat>& layout) {
-  if (!layout) return "UTM metres (--coords utm)";
-  switch (*layout) {
-    case AngleFormat::D_DDDD:
-      return "decimal degrees (--coords dd)";
-    case AngleFormat::DMM_MMM:
-      return "degrees and minutes (--coords ddmm)";
-    case AngleFormat::DMMSS:
-      break;
-  }
-  return "degrees, minutes and seconds (--coords ddmmss)";
+std::string NomeOpzione(const std::optional<AngleFormat>& layout) {
+  const AngleFormatName format = layout ? NomeFormato(*layout) : AngleFormatName{"UTM metres", "utm"};
+  return std::string(format.name) + " (--coords " + format.word + ")";
 }
 
 std::string Numero(double value) { return FormattaNumero(value, "0.0###"); }
@@ -68,10 +61,10 @@ std::string FormatCheck::probabile() const {
   const auto within = [this](double degree) {
     return north_ <= LargestLatitude * degree && east_ <= LargestLongitude * degree;
   };
-  if (within(1.0)) return NomeFormato(AngleFormat::D_DDDD);
-  if (within(Minutes) && minutes_) return NomeFormato(AngleFormat::DMM_MMM);
-  if (within(Seconds) && seconds_) return NomeFormato(AngleFormat::DMMSS);
-  if (metres_) return NomeFormato(std::nullopt);
+  if (within(1.0)) return NomeOpzione(AngleFormat::D_DDDD);
+  if (within(Minutes) && minutes_) return NomeOpzione(AngleFormat::DMM_MMM);
+  if (within(Seconds) && seconds_) return NomeOpzione(AngleFormat::DMMSS);
+  if (metres_) return NomeOpzione(std::nullopt);
   return {};
 }
 
@@ -87,7 +80,7 @@ std::string FormatCheck::ovunque() const {
 
 void FormatCheck::rilievi(const std::string& procedure, const std::string& placeName, Findings& out) const {
   if (positions_ == 0 || !chosen_) return;
-  const std::string read = std::string(", read as ") + NomeFormato(layout_);
+  const std::string read = ", read as " + NomeOpzione(layout_);
   if (beyond_ > 0) {
     out.fault(procedure, estremi(probabile()) + read + ": " + std::to_string(beyond_) + " of " +
                              Quanti(positions_, "position", "positions") + (beyond_ == 1 ? " is" : " are") +
@@ -98,15 +91,15 @@ void FormatCheck::rilievi(const std::string& procedure, const std::string& place
   constexpr double margin = 1.0;
   const bool degrees = north_ < LargestLatitude + margin && east_ < LargestLongitude + margin;
   if (layout_ && *layout_ != AngleFormat::D_DDDD && degrees) {
-    out.fault(procedure, estremi(NomeFormato(AngleFormat::D_DDDD)) + read + ovunque());
+    out.fault(procedure, estremi(NomeOpzione(AngleFormat::D_DDDD)) + read + ovunque());
   }
   // As minutes and seconds such numbers would all lie in the sea off Ghana, within a degree and a half of 0 N 0 E.
   const bool minutes = north_ < LargestLatitude * Minutes && east_ < LargestLongitude * Minutes;
   if (layout_ == AngleFormat::DMMSS && !degrees && minutes) {
-    out.fault(procedure, estremi(NomeFormato(AngleFormat::DMM_MMM)) + read + ovunque());
+    out.fault(procedure, estremi(NomeOpzione(AngleFormat::DMM_MMM)) + read + ovunque());
   }
   if (!layout_ && minutes) {
-    out.fault(procedure, estremi(NomeFormato(degrees ? AngleFormat::D_DDDD : AngleFormat::DMM_MMM)) + read + ovunque());
+    out.fault(procedure, estremi(NomeOpzione(degrees ? AngleFormat::D_DDDD : AngleFormat::DMM_MMM)) + read + ovunque());
   }
 }
 

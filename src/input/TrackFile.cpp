@@ -136,18 +136,6 @@ TrackKind GenereTraccia(std::string_view name, std::string_view content) {
   return GenereDaContenuto(content).value_or(ends(".csv") ? TrackKind::Csv : TrackKind::SixColumns);
 }
 
-const char* NomeFormato(AngleFormat layout) {
-  switch (layout) {
-    case AngleFormat::DMMSS:
-      return "degrees, minutes and seconds (ddmmss)";
-    case AngleFormat::DMM_MMM:
-      return "degrees and minutes (ddmm)";
-    case AngleFormat::D_DDDD:
-      return "decimal degrees (dd)";
-  }
-  return "";
-}
-
 const char* NomeGenere(TrackKind kind) {
   switch (kind) {
     case TrackKind::Csv:

@@ -38,9 +38,6 @@ std::optional<TrackKind> GenereDaContenuto(std::string_view content);
 /// name that ends in ".csv" is a table and any other six columns.
 TrackKind GenereTraccia(std::string_view name, std::string_view content);
 
-/// For people: "decimal degrees (dd)" and so on, with the word of the option.
-const char* NomeFormato(AngleFormat layout);
-
 /// For people: "table of positions (.csv)" and so on.
 const char* NomeGenere(TrackKind kind);
 

@@ -152,7 +152,9 @@ struct Extent {
   /// The format of the list that such numbers are most likely in.
   std::string format() const {
     const std::optional<AngleFormat> angles = layout();
-    return angles ? NomeFormato(*angles) : "UTM metres";
+    if (!angles) return "UTM metres";
+    const AngleFormatName format = NomeFormato(*angles);
+    return std::string(format.name) + " (" + format.word + ")";
   }
 };
 

@@ -1,7 +1,5 @@
 #include "survey/MeasurementText.h"
 
-#include <algorithm>
-
 #include "base/NumberText.h"
 #include "base/OleDate.h"
 
@@ -27,8 +25,8 @@ std::string Inizio(const Survey& survey, const Misura& m) {
 }  // namespace
 
 std::string FileDi(const Survey& survey, const Misura& m) {
-  const auto ordinal = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
-  return ordinal >= 1 && ordinal <= survey.files.size() ? survey.files[ordinal - 1].path.string() : std::string();
+  const FileSummary* file = survey.fileDi(m);
+  return file == nullptr ? std::string() : file->path.string();
 }
 
 std::string DescriviMisura(const Survey& survey, std::size_t k) {

@@ -85,6 +85,11 @@ struct Survey {
   ExternalTrack tracciaEst;  ///< kept from one reading to the next
 
   std::int32_t NumMisure() const { return static_cast<std::int32_t>(Misure.size()); }
+  /// The file that a measurement came from; none where it names none.
+  const FileSummary* fileDi(const Misura& m) const {
+    const bool named = m.NumFile >= 1 && static_cast<std::size_t>(m.NumFile) <= files.size();
+    return named ? &files[static_cast<std::size_t>(m.NumFile) - 1] : nullptr;
+  }
 };
 
 }  // namespace corvan

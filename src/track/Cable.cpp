@@ -25,9 +25,9 @@ bool HaCavo(const Misura& m) {
 
 /// Readings that a whole firing of a file has.
 ReadingSet LettureIntere(const Survey& survey, const Misura& m) {
-  const auto file = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
-  if (file < 1 || file > survey.files.size()) return AllReadings;
-  const auto channels = static_cast<std::size_t>(std::clamp(survey.files[file - 1].channels, 0, 10));
+  const FileSummary* file = survey.fileDi(m);
+  if (file == nullptr) return AllReadings;
+  const auto channels = static_cast<std::size_t>(std::clamp(file->channels, 0, 10));
   return static_cast<ReadingSet>((2U << channels) - 2U);
 }
 

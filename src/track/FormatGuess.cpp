@@ -22,12 +22,11 @@ struct Layout {
   AngleFormat format;
   double
       least;  // the largest number of a survey is no less, or it would lie within a degree of the equator and Greenwich
-  const char* name;
+  const char* entry;  // of the list in the window
 };
-constexpr std::array Layouts{
-    Layout{AngleFormat::D_DDDD, 1.0, "decimal degrees (DD.DDDDD, --coords dd)"},
-    Layout{AngleFormat::DMM_MMM, 100.0, "degrees and minutes (DDMM:MMM, --coords ddmm)"},
-    Layout{AngleFormat::DMMSS, 10000.0, "degrees, minutes and seconds (DDMMSS, --coords ddmmss)"}};
+constexpr std::array Layouts{Layout{AngleFormat::D_DDDD, 1.0, "DD.DDDDD"},
+                             Layout{AngleFormat::DMM_MMM, 100.0, "DDMM:MMM"},
+                             Layout{AngleFormat::DMMSS, 10000.0, "DDMMSS"}};
 
 /// The largest latitude or longitude as read.
 double NumeroMaggiore(const Survey& survey) {
@@ -71,9 +70,10 @@ void RilevaFormato(const Survey& survey, Findings& findings) {
   if (most == 0.0 || step <= most) return;
   std::string likely = "another coordinate format or zone";
   const double largest = NumeroMaggiore(survey);
-  for (const auto& [format, least, name] : Layouts) {
+  for (const auto& [format, least, entry] : Layouts) {
     if (format == survey.settings.layout || largest < least || PassoCon(survey, format) > most) continue;
-    likely = name;
+    const AngleFormatName called = NomeFormato(format);
+    likely = std::string(called.name) + " (" + entry + ", --coords " + called.word + ")";
     break;
   }
   findings.fault("AnalisiFile", "the measurements lie " + TestoDecimi(step) + " m apart in the mean, over 20 " +

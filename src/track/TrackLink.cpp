@@ -109,9 +109,8 @@ class TimeIndex {
 
 /// The measurement has a time: records shorter than this hold none.
 bool ConTempo(const Survey& survey, const Misura& m) {
-  const auto file = static_cast<std::size_t>(std::max<std::int16_t>(m.NumFile, 0));
-  const bool room = file < 1 || file > survey.files.size() || survey.files[file - 1].timed();
-  return room && TempoValido(m.Tempo);
+  const FileSummary* file = survey.fileDi(m);
+  return (file == nullptr || file->timed()) && TempoValido(m.Tempo);
 }
 
 /// Seconds between two fixes; 0 where one has no time.
