@@ -60,28 +60,34 @@ std::uintmax_t SyscalFile::rest() const {
   return bytes() > end ? bytes() - end : 0;
 }
 
+namespace {
+
+FileReader Dal(const SyscalFile& file, std::size_t record) {
+  FileReader reader(file.path());
+  reader.seek(FirstRecord + std::uintmax_t{record - 1} * file.length());
+  return reader;
+}
+
+}  // namespace
+
+// Carried over before a block: the record before the current one and what the block held of the one that it cut.
 RecordWalk::RecordWalk(const SyscalFile& file, std::size_t from, std::size_t to)
-    : file_(file.path()),
+    : blocks_(Dal(file, from), Block, 2 * file.length() + RecordBlock, RecordBlock),
       length_(file.length()),
       from_(from),
       to_(to),
-      number_(from - 1),
-      buffer_(std::make_unique_for_overwrite<std::byte[]>(Block + RecordBlock)) {
-  file_.seek(FirstRecord + std::uintmax_t{from - 1} * length_);
-}
+      number_(from - 1) {}
 
-/// Moves the record and the one before it to the buffer's beginning and reads on behind them.
+/// Goes to the block behind, with the record and the one before it.
 void RecordWalk::fill() {
-  const std::size_t kept = number_ == from_ ? at_ : at_ - length_;
-  std::memmove(buffer_.get(), buffer_.get() + kept, filled_ - kept);
-  at_ -= kept;
-  filled_ -= kept;
-  const std::size_t wanted = Block - filled_;
-  const std::size_t got = file_.read({buffer_.get() + filled_, wanted});
-  filled_ += got;
-  if (got == wanted) return;
+  const std::size_t kept = filled_ - (number_ == from_ ? at_ : at_ - length_);
+  const std::size_t got = blocks_.next(kept);
+  at_ -= filled_ - kept;
+  filled_ = kept + got;
+  buffer_ = blocks_.data() - kept;
+  if (got == Block) return;
   atEnd_ = true;
-  std::memset(buffer_.get() + filled_, 0, RecordBlock);
+  std::memset(buffer_ + filled_, 0, RecordBlock);
 }
 
 }  // namespace corvan

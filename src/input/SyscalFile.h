@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
-#include <memory>
 #include <span>
 #include <string>
 
 #include "base/File.h"
+#include "base/ReadAhead.h"
 #include "survey/RecordSyscalPro.h"
 
 namespace corvan {
@@ -76,15 +76,15 @@ class RecordWalk {
     ++number_;
     at_ += number_ == from_ ? 0 : length_;
     if (at_ + RecordBlock > filled_ && !atEnd_) fill();
-    if (at_ >= filled_) throw FileError(file_.path(), "lost records while it was read");
+    if (at_ >= filled_) throw FileError(blocks_.file().path(), "lost records while it was read");
     return true;
   }
   std::size_t number() const { return number_; }
-  RecordView record() const { return RecordView(buffer_.get() + at_); }
+  RecordView record() const { return RecordView(buffer_ + at_); }
   /// The record holds the same bytes as the one before it; never so at the walk's first.
   bool repeats() const {
     if (number_ == from_) return false;
-    const std::byte* now = buffer_.get() + at_;
+    const std::byte* now = buffer_ + at_;
     const std::byte* before = now - length_;
     // Most records differ in their electrodes already.
     if (std::memcmp(now + campo::PosM.offset, before + campo::PosM.offset, sizeof(double)) != 0) return false;
@@ -94,11 +94,11 @@ class RecordWalk {
  private:
   void fill();
 
-  FileReader file_;
+  ReadAhead blocks_;
   std::size_t length_;
   std::size_t from_, to_;
   std::size_t number_;
-  std::unique_ptr<std::byte[]> buffer_;
+  std::byte* buffer_ = nullptr;
   std::size_t at_ = 0;      // of the record in the buffer
   std::size_t filled_ = 0;  // bytes of the file in the buffer
   bool atEnd_ = false;      // zeros follow

@@ -1,0 +1,54 @@
+#include "base/ReadAhead.h"
+
+#include <cstring>
+#include <utility>
+
+namespace corvan {
+
+ReadAhead::ReadAhead(FileReader file, std::size_t block, std::size_t front, std::size_t back)
+    : file_(std::move(file)), block_(block), front_(front), back_(back) {}
+
+ReadAhead::~ReadAhead() {
+  worker_.request_stop();
+  wanted_.release();
+}
+
+std::size_t ReadAhead::next(std::size_t kept) {
+  const std::size_t before = current_;
+  current_ = 1 - current_;
+  if (worker_.joinable()) {
+    ready_.acquire();
+  } else {
+    readInto(current_);
+  }
+  if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+  if (kept > 0) std::memcpy(data() - kept, buffers_[before].get() + front_ + block_ - kept, kept);
+  const std::size_t got = got_;
+  // Who asks for a second block will want the others too.
+  if (++calls_ >= 2 && got == block_) {
+    if (!worker_.joinable())
+      worker_ = std::jthread([this, other = before](const std::stop_token& stop) { work(stop, other); });
+    wanted_.release();
+  }
+  return got;
+}
+
+void ReadAhead::readInto(std::size_t buffer) {
+  try {
+    if (!buffers_[buffer]) buffers_[buffer] = std::make_unique_for_overwrite<std::byte[]>(front_ + block_ + back_);
+    got_ = file_.read({buffers_[buffer].get() + front_, block_});
+  } catch (...) {
+    failure_ = std::current_exception();
+  }
+}
+
+void ReadAhead::work(const std::stop_token& stop, std::size_t first) {
+  for (std::size_t buffer = first;; buffer = 1 - buffer) {
+    wanted_.acquire();
+    if (stop.stop_requested()) return;
+    readInto(buffer);
+    ready_.release();
+  }
+}
+
+}  // namespace corvan
