@@ -65,7 +65,7 @@ struct Prepared {
     view.AreaPixel = canvas.area();
     view.AngoloVista = InRadianti(125);
     view.AngoloPhi = InRadianti(15);
-    view.MostraElettrodi = false;
+    view.layers.MostraElettrodi = false;
     ImpostaFinestra(view, survey.traccia);
   }
   void zoom(double factor) {
@@ -154,7 +154,7 @@ void Markers(benchmark::State& state) {
     track.tracciaEst.PuntiGPSEst.append(fix);
   }
   GeneraGPS(p.scene, track);
-  p.view.MostraGPS2 = true;
+  p.view.layers.MostraGPS2 = true;
   p.zoom(Whole);
   for (auto _ : state) {
     p.repaint();
@@ -166,7 +166,7 @@ void Markers(benchmark::State& state) {
 void HitTest(benchmark::State& state) {
   Prepared& p = At(state);
   p.zoom(Whole);
-  p.view.MostraElettrodi = true;
+  p.view.layers.MostraElettrodi = true;
   p.repaint();
   const std::vector<PointLabel>& labels = p.renderer.ptlbl().labels();
   std::size_t k = 0;
@@ -174,7 +174,7 @@ void HitTest(benchmark::State& state) {
     k = (k + 7919) % labels.size();
     benchmark::DoNotOptimize(p.renderer.ptlbl().at(labels[k].at));
   }
-  p.view.MostraElettrodi = false;
+  p.view.layers.MostraElettrodi = false;
 }
 
 void Sizes(benchmark::internal::Benchmark* b) {

@@ -1,5 +1,6 @@
 #include "app/CoordPic.h"
 
+#include <cmath>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -9,6 +10,11 @@
 #include "app/Frame.h"
 
 namespace corvan {
+namespace {
+
+constexpr double Reach = 10.0;  // logical pixels from a label within which it is hit
+
+}  // namespace
 
 CoordPic::CoordPic(Session& session, std::function<void()> changed, std::function<void(const PuntoPixel&)> pointed)
     : session_(session), changed_(std::move(changed)), pointed_(std::move(pointed)) {
@@ -32,20 +38,22 @@ MouseEvent CoordPic::evento(const QMouseEvent& event, Qt::MouseButton button) co
 }
 
 void CoordPic::resizeEvent(QResizeEvent*) {
-  session_.Form_Resize(nullptr);
+  session_.view.picture().tela(nullptr);
   const PuntoPixel size = pixel(QPointF(width(), height()));
   image_ = CreaImmagine(std::max(size.X, 1), std::max(size.Y, 1));
   canvas_ = std::make_unique<ImageCanvas>(image_);
-  session_.Form_Resize(canvas_.get());
+  session_.view.picture().tela(canvas_.get());
+  session_.mouse.portata(static_cast<std::int32_t>(std::lround(Reach * devicePixelRatioF())));
 }
 
 void CoordPic::paintEvent(QPaintEvent*) {
+  session_.view.picture().dipingi();
   QPainter painter(this);
   painter.drawImage(rect(), image_);
-  const Survey& survey = session_.survey();
+  const Survey& survey = session_.survey.dati();
   if (survey.Misure.empty() && !survey.tracciaEst.loaded) disegnaSuggerimento(painter);
   disegnaLetture(painter);
-  if (session_.dragging() == Dragging::Marker) disegnaMarcatore(painter);
+  if (session_.mouse.dragging() == Dragging::Marker) disegnaMarcatore(painter);
   painter.setPen(QColor(0xB0B0B0));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
@@ -62,7 +70,7 @@ void CoordPic::disegnaSuggerimento(QPainter& painter) const {
 
 /// The angles or the zoom during a drag, in the upper right corner.
 void CoordPic::disegnaLetture(QPainter& painter) const {
-  const ViewPanel& view = session_.FrameView;
+  const ViewPanel& view = session_.view.FrameView;
   QStringList lines;
   if (view.angleLabelsVisible) {
     for (const std::string& text : {view.thetalbl, view.philbl, view.gammalbl}) lines << QString::fromStdString(text);
@@ -83,15 +91,21 @@ void CoordPic::mousePressEvent(QMouseEvent* event) {
   if (held_ != Qt::NoButton || (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)) return;
   held_ = event->button();
   pointer_ = event->position().toPoint();
-  session_.CoordPic_MouseDown(evento(*event, held_));
-  if (session_.dragging() == Dragging::Move) setCursor(Qt::SizeAllCursor);
+  const PictureRequest asked = session_.mouse.premi(evento(*event, held_));
+  if (session_.mouse.dragging() == Dragging::Nothing) {
+    // A box that opens now takes the release away: the press ends here.
+    held_ = Qt::NoButton;
+    esegui(asked);
+    return;
+  }
+  if (session_.mouse.dragging() == Dragging::Move) setCursor(Qt::SizeAllCursor);
   update();
 }
 
 void CoordPic::mouseMoveEvent(QMouseEvent* event) {
   pointer_ = event->position().toPoint();
   if (held_ != Qt::NoButton) {
-    session_.CoordPic_MouseMove(evento(*event, held_));
+    session_.mouse.muovi(evento(*event, held_));
     update();
   }
   pointed_(pixel(event->position()));
@@ -99,15 +113,20 @@ void CoordPic::mouseMoveEvent(QMouseEvent* event) {
 
 void CoordPic::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != held_) return;
-  session_.CoordPic_MouseUp(evento(*event, held_));
+  const MouseEvent released = evento(*event, held_);
   held_ = Qt::NoButton;
   setCursor(Qt::CrossCursor);
-  changed_();
+  esegui(session_.mouse.rilascia(released));
 }
 
 void CoordPic::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  session_.CoordPic_DblClick(evento(*event, Qt::LeftButton));
+  esegui(session_.mouse.doppio(evento(*event, Qt::LeftButton)));
+}
+
+/// What the mouse asked for, as a command of its own.
+void CoordPic::esegui(const PictureRequest& asked) {
+  if (asked.act != PictureAct::Nothing) session_.esegui(asked);
   changed_();
 }
 
@@ -115,7 +134,7 @@ bool CoordPic::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const PuntoPixel at = pixel(help->pos());
-    const std::string text = session_.Suggerimento(at.X, at.Y);
+    const std::string text = session_.mouse.suggerimento(at.X, at.Y);
     if (text.empty()) {
       QToolTip::hideText();
     } else {

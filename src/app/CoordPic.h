@@ -17,7 +17,11 @@ class CoordPic : public QWidget {
   /// @param pointed runs when the pointer has moved, with its place in picture pixels
   CoordPic(Session& session, std::function<void()> changed, std::function<void(const PuntoPixel&)> pointed);
 
-  const QImage& picture() const { return image_; }
+  /// What is to be seen, painted if it was not yet.
+  const QImage& picture() {
+    session_.view.picture().dipingi();
+    return image_;
+  }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -31,6 +35,7 @@ class CoordPic : public QWidget {
  private:
   PuntoPixel pixel(const QPointF& place) const;
   MouseEvent evento(const QMouseEvent& event, Qt::MouseButton button) const;
+  void esegui(const PictureRequest& asked);
   void disegnaSuggerimento(QPainter& painter) const;
   void disegnaLetture(QPainter& painter) const;
   void disegnaMarcatore(QPainter& painter) const;

@@ -13,6 +13,7 @@
 #include "app/AboutBox.h"
 #include "base/Clock.h"
 #include "base/NumberText.h"
+#include "session/Controls.h"
 
 namespace corvan {
 namespace {
@@ -63,7 +64,7 @@ Corvan::Corvan(Dialogs& dialogs) : dialogs_(dialogs, *this), session_(dialogs_, 
   aggiorna();
 }
 
-Corvan::~Corvan() { session_.Form_Resize(nullptr); }
+Corvan::~Corvan() { session_.view.picture().tela(nullptr); }
 
 void Corvan::creaPannelli() {
   const auto changed = [this] { aggiorna(); };
@@ -122,74 +123,59 @@ void Corvan::creaStato() {
   noteLbl_->setObjectName("StatusNote");
 }
 
-QAction* Corvan::voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, Command command) {
+QAction* Corvan::voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
+                      const char* control) {
   QAction* action = menu->addAction(caption);
   action->setObjectName(QLatin1String(name));
   action->setShortcut(key);
-  if (command == nullptr) return action;
-  connect(action, &QAction::triggered, this, [this, command] {
-    (session_.*command)();
+  if (control == nullptr) return action;
+  connect(action, &QAction::triggered, this, [this, control] {
+    EseguiControllo(session_, control);
     aggiorna();
   });
-  return action;
-}
-
-QAction* Corvan::interruttore(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
-                              Command command, bool (Corvan::*shown)() const) {
-  QAction* action = voce(menu, name, caption, key, command);
-  action->setCheckable(true);
-  switches_.push_back({action, shown});
   return action;
 }
 
 void Corvan::creaMenu() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("File");
-  voce(file, "LoadFiles", "&Load Floating Electrodes File(s)", QKeySequence::Open, &Session::LoadFiles_Click);
+  voce(file, "LoadFiles", "&Load Floating Electrodes File(s)", QKeySequence::Open, "LoadFiles_Click");
   QAction* LoadGPS = voce(file, "LoadGPS", "Load E&xternal GPS file", QKeySequence("Ctrl+G"), nullptr);
   connect(LoadGPS, &QAction::triggered, this, [this] { leggiTraccia(); });
   file->addSeparator();
-  voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, &Session::SaveFileOut_Click);
-  voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"), &Session::SaveFileOutTxt_Click);
-  voce(file, "SaveEcho", "Save &EchoSounder Profile", QKeySequence("Ctrl+E"), &Session::SaveEcho_Click);
+  voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, "SaveFileOut_Click");
+  voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"), "SaveFileOutTxt_Click");
+  voce(file, "SaveEcho", "Save &EchoSounder Profile", QKeySequence("Ctrl+E"), "SaveEcho_Click");
   file->addSeparator();
   QAction* exit = voce(file, "Exit", "E&xit", QKeySequence("Ctrl+Q"), nullptr);
   connect(exit, &QAction::triggered, this, &QWidget::close);
 
   QMenu* operation = menuBar()->addMenu("Operation");
   operation->setObjectName("Operation");
-  QAction* byTime = voce(operation, "LinkToGPST", "Link Data to External GPS by Time", QKeySequence("Ctrl+L"), nullptr);
-  connect(byTime, &QAction::triggered, this, [this] {
-    session_.LinkDataGPST();
-    aggiorna();
-  });
-  voce(operation, "LinkToGPSP", "Link Data to External GPS by Pos.", {}, &Session::LinkDataGPSP);
+  voce(operation, "LinkToGPST", "Link Data to External GPS by Time", QKeySequence("Ctrl+L"), "LinkToGPST_Click");
+  voce(operation, "LinkToGPSP", "Link Data to External GPS by Pos.", {}, "LinkToGPSP_Click");
   operation->addSeparator();
-  voce(operation, "SetUtmZone", "Set UTM Zone", QKeySequence("Ctrl+U"), &Session::SetUtmZone_Click);
-  voce(operation, "CableConf", "Set Cable Configuration", QKeySequence("Ctrl+K"), &Session::CableConf_Click);
+  voce(operation, "SetUtmZone", "Set UTM Zone", QKeySequence("Ctrl+U"), "SetUtmZone_Click");
+  voce(operation, "CableConf", "Set Cable Configuration", QKeySequence("Ctrl+K"), "CableConf_Click");
   operation->addSeparator();
-  QAction* first = voce(operation, "SelFirst", "Select First Data", QKeySequence("Ctrl+1"), &Session::SelFirst_Click);
+  QAction* first = voce(operation, "SelFirst", "Select First Data", QKeySequence("Ctrl+1"), "SelFirst_Click");
   connect(first, &QAction::triggered, this, [this] { extrema_->primo(); });
-  voce(operation, "SelectLast", "Select Last Data", QKeySequence("Ctrl+2"), &Session::SelectLast_Click);
+  voce(operation, "SelectLast", "Select Last Data", QKeySequence("Ctrl+2"), "SelectLast_Click");
 
   QMenu* image = menuBar()->addMenu("Image");
   image->setObjectName("Image");
-  interruttore(image, "SHelectrodes", "Show/Hide Floating Electrodes", QKeySequence("F2"), &Session::SHelectrodes_Click,
-               &Corvan::mostraElettrodi);
-  interruttore(image, "SH2ndGps", "Show/Hide 2nd GPS", QKeySequence("F3"), &Session::SH2ndGps_Click,
-               &Corvan::mostraGPS2);
-  interruttore(image, "SHdepth", "Show/Hide Depth Profile", QKeySequence("F4"), &Session::SHdepth_Click,
-               &Corvan::mostraProfondita);
-  interruttore(image, "SHcolour", "Show/Hide Colour Scale", QKeySequence("F5"), &Session::SHcolour_Click,
-               &Corvan::mostraScala);
-  interruttore(image, "SHNord", "Show/Hide Nord Arrow", QKeySequence("F6"), &Session::SHNord_Click,
-               &Corvan::mostraNord);
-  interruttore(image, "SHInfoLabel", "Show/Hide Info Label", QKeySequence("F7"), &Session::SHInfoLabel_Click,
-               &Corvan::mostraInfo);
-  interruttore(image, "SHtranslation", "Show/Hide Translation Panel", QKeySequence("F8"), &Session::SHtranslation_Click,
-               &Corvan::mostraTraslazione);
+  for (const LayerEntry& layer : LayerTable) {
+    const std::string control = std::string(layer.name) + "_Click";
+    QAction* action = voce(image, layer.name, layer.caption, QKeySequence(layer.key), nullptr);
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, this, [this, control] {
+      EseguiControllo(session_, control);
+      aggiorna();
+    });
+    switches_.push_back({action, layer.flag});
+  }
   image->addSeparator();
-  voce(image, "SetRange", "Set Colour Scale Range", QKeySequence("Ctrl+R"), &Session::SetRange_Click);
+  voce(image, "SetRange", "Set Colour Scale Range", QKeySequence("Ctrl+R"), "SetRange_Click");
 
   QAction* info = menuBar()->addAction("Info");
   info->setObjectName("Info");
@@ -206,7 +192,7 @@ void Corvan::leggiTraccia() {
 }
 
 void Corvan::leggiTraccia(const QString& file) {
-  session_.LeggiGPSEsterno(std::filesystem::path(file.toStdU16String()));
+  session_.leggiTraccia(std::filesystem::path(file.toStdU16String()));
   aggiorna();
 }
 
@@ -215,16 +201,17 @@ void Corvan::aggiorna() {
                        static_cast<Frame*>(view_), static_cast<Frame*>(dataMove_), static_cast<Frame*>(depthMove_)}) {
     frame->mostra();
   }
-  const bool anyLeft = session_.FrameFileIn.visible || session_.FrameFileOut.visible || session_.FrameExtrema.visible;
+  const bool anyLeft = session_.survey.FrameFileIn.visible || session_.exporter.FrameFileOut.visible ||
+                       session_.selection.FrameExtrema.visible;
   left_->setVisible(anyLeft);
   mostraVista(!view_->isHidden());
-  for (const Switch& s : switches_) s.action->setChecked((this->*s.shown)());
+  for (const Switch& s : switches_) s.action->setChecked(session_.view.state().layers.*s.layer);
   picture_->update();
   mostraStato();
 }
 
 void Corvan::mostraStato() {
-  const Survey& survey = session_.survey();
+  const Survey& survey = session_.survey.dati();
   const auto files = static_cast<int>(survey.files.size());
   filesLbl_->setText(files == 0 ? QStringLiteral("No survey")
                                 : QStringLiteral("%1 %2, %3 measurements")
@@ -236,7 +223,7 @@ void Corvan::mostraStato() {
                                            : QString()));
   const auto& entries = session_.findings().entries();
   QString note = entries.empty() ? QString() : QString::fromStdString(entries.back().detto());
-  const auto& outputs = session_.outputs();
+  const auto& outputs = session_.exporter.outputs();
   if (outputs.size() > outputsShown_) {
     QStringList names;
     for (std::size_t i = outputsShown_; i < outputs.size(); ++i) {
@@ -251,22 +238,23 @@ void Corvan::mostraStato() {
 }
 
 void Corvan::mostraPunto(const PuntoPixel& place) {
-  if (session_.dragging() != Dragging::Nothing) view_->mostra();
+  if (session_.mouse.dragging() != Dragging::Nothing) view_->mostra();
   QString text;
-  if (const auto at = session_.PostoSotto(place.X, place.Y)) {
+  if (const auto at = session_.mouse.posto(place.X, place.Y)) {
     text = QStringLiteral("E %1  N %2")
                .arg(QString::fromStdString(FormattaNumero(at->first, "0.0")),
                     QString::fromStdString(FormattaNumero(at->second, "0.0")));
   }
   placeLbl_->setText(text);
-  const auto measurement = session_.MisuraSotto(place.X, place.Y);
-  pointLbl_->setText(measurement ? QStringLiteral("measurement %1").arg(*measurement) : QString());
+  const Target target = session_.mouse.bersaglio(place.X, place.Y);
+  pointLbl_->setText(target.kind == TargetKind::Measurement ? QStringLiteral("measurement %1").arg(target.index)
+                                                            : QString());
   disponiVista(picture_->mapTo(this, QPoint(place.X, place.Y) / devicePixelRatioF()));
 }
 
 /// The unpinned panel of the view shows while the pointer is near the window's right edge or over it.
 void Corvan::disponiVista(const QPoint& pointer) {
-  if (view_->fissato() || session_.dragging() != Dragging::Nothing) return;
+  if (view_->fissato() || session_.mouse.dragging() != Dragging::Nothing) return;
   constexpr int near = 24;
   const bool over = view_->isVisible() && pointer.x() >= right_->x();
   mostraVista(over || pointer.x() >= width() - near);
@@ -274,7 +262,7 @@ void Corvan::disponiVista(const QPoint& pointer) {
 
 void Corvan::mostraVista(bool shown) {
   if (shown == view_->isHidden()) view_->setVisible(shown);
-  right_->setVisible(shown || session_.view().MostraTraslazione);
+  right_->setVisible(shown || session_.view.state().layers.MostraTraslazione);
 }
 
 void Corvan::resizeEvent(QResizeEvent* event) {

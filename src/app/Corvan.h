@@ -48,15 +48,11 @@ class Corvan : public QMainWindow {
     Corvan& window_;
   };
 
-  using Command = void (Session::*)();
-
   void creaMenu();
   void leggiTraccia();
   void creaPannelli();
   void creaStato();
-  QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, Command command);
-  QAction* interruttore(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, Command command,
-                        bool (Corvan::*shown)() const);
+  QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, const char* control);
   void aggiorna();
   void mostraStato();
   void mostraPunto(const PuntoPixel& place);
@@ -79,19 +75,11 @@ class Corvan : public QMainWindow {
 
   struct Switch {
     QAction* action;
-    bool (Corvan::*shown)() const;
+    bool Layers::*layer;
   };
   std::vector<Switch> switches_;
   QLabel *filesLbl_ = nullptr, *placeLbl_ = nullptr, *pointLbl_ = nullptr, *noteLbl_ = nullptr;
   std::size_t outputsShown_ = 0;
-
-  bool mostraElettrodi() const { return session_.view().MostraElettrodi; }
-  bool mostraGPS2() const { return session_.view().MostraGPS2; }
-  bool mostraProfondita() const { return session_.view().MostraProfondita; }
-  bool mostraScala() const { return session_.view().MostraScalaColori; }
-  bool mostraNord() const { return session_.view().MostraNord; }
-  bool mostraInfo() const { return session_.InfoLbl.Visible; }
-  bool mostraTraslazione() const { return session_.view().MostraTraslazione; }
 };
 
 }  // namespace corvan

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "session/Controls.h"
+
 namespace corvan {
 
 Frame::Frame(Session& session, const char* name, const QString& caption, std::function<void()> changed)
@@ -9,12 +11,20 @@ Frame::Frame(Session& session, const char* name, const QString& caption, std::fu
   setObjectName(QLatin1String(name));
 }
 
-std::function<void()> Frame::esegui(void (Session::*command)()) const {
-  // The session by itself: a call through a member of the captured frame is miscompiled by g++ 12 under its sanitizer.
-  return [frame = this, &session = session_, command] {
-    (session.*command)();
-    frame->changed();
+std::function<void()> Frame::esegui(const char* control) const {
+  return [this, control] {
+    EseguiControllo(session_, control);
+    changed();
   };
+}
+
+void Frame::invio(const char* control, const QLineEdit* box) const {
+  EseguiControllo(session_, control, box->text().toStdString());
+  changed();
+}
+
+void Frame::collega(QLineEdit* box, const char* control) {
+  connect(box, &QLineEdit::returnPressed, this, [this, box, control] { invio(control, box); });
 }
 
 QLineEdit* NumberBox(const char* name, const QString& toolTip) {

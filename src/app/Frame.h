@@ -26,8 +26,12 @@ class Frame : public QGroupBox {
  protected:
   Session& session() const { return session_; }
   void changed() const { changed_(); }
-  /// A command without arguments, followed by changed(): for the signal of a control.
-  std::function<void()> esegui(void (Session::*command)()) const;
+  /// A control's command, followed by changed(): for its signal.
+  std::function<void()> esegui(const char* control) const;
+  /// Runs the command of a box with the text that stands in it.
+  void invio(const char* control, const QLineEdit* box) const;
+  /// The same when Enter is pressed in the box.
+  void collega(QLineEdit* box, const char* control);
 
  private:
   Session& session_;

@@ -33,23 +33,21 @@ FrameExtrema::FrameExtrema(Session& session, std::function<void()> changed)
     grid->addWidget(label, row++, 1);
   }
   grid->setColumnStretch(1, 1);
-  connect(E1Txt_, &QLineEdit::returnPressed, this, [this] {
-    this->session().FrameExtrema.E1Txt = E1Txt_->text().toStdString();
-    this->session().E1Txt_KeyPress(EnterKey);
-    this->changed();
-  });
-  connect(E2txt_, &QLineEdit::returnPressed, this, [this] {
-    this->session().FrameExtrema.E2txt = E2txt_->text().toStdString();
-    this->session().E2txt_KeyPress(EnterKey);
-    this->changed();
-  });
+  // Enter and leaving the box both end the editing; what nobody typed chooses nothing.
+  for (const auto& [box, control] : {std::pair(E1Txt_, "E1Txt_KeyPress"), std::pair(E2txt_, "E2txt_KeyPress")}) {
+    connect(box, &QLineEdit::editingFinished, this, [this, box = box, control = control] {
+      if (!box->isModified()) return;
+      box->setModified(false);
+      invio(control, box);
+    });
+  }
 }
 
 void FrameExtrema::mostra() {
-  const ExtremaPanel& panel = session().FrameExtrema;
+  const ExtremaPanel& panel = session().selection.FrameExtrema;
   setVisible(panel.visible);
-  PrimoLbl_->setText(QString::fromStdString(panel.PrimoLbl.Caption));
-  SecondoLbl_->setText(QString::fromStdString(panel.SecondoLbl.Caption));
+  PrimoLbl_->setText(QString::fromStdString(panel.PrimoLbl));
+  SecondoLbl_->setText(QString::fromStdString(panel.SecondoLbl));
   SetText(E1Txt_, panel.E1Txt);
   SetText(E2txt_, panel.E2txt);
 }

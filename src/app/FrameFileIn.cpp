@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QStorageInfo>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace corvan {
 namespace {
@@ -56,7 +57,7 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
                       "Go on behind a lost fix to the last record with a position; else the file ends there")),
       Donelbl_(Named(new QLabel, "Donelbl")) {
   LatLonCmbx_->addItems({"DDMMSS", "DDMM:MMM", "DD.DDDDD", "UTM"});
-  LatLonCmbx_->setCurrentIndex(static_cast<int>(session.FrameFileIn.LatLonCmbx));
+  LatLonCmbx_->setCurrentIndex(static_cast<int>(session.survey.FrameFileIn.LatLonCmbx));
   File1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   Drive1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   auto* CancCmd = Named(new QPushButton("Cancel"), "CancCmd");
@@ -86,12 +87,15 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   layout->addLayout(grid);
   layout->addWidget(Donelbl_);
 
-  InputPanel& in = session.FrameFileIn;
+  InputPanel& in = session.survey.FrameFileIn;
   connect(LatLonCmbx_, &QComboBox::currentIndexChanged, this,
           [&in](int index) { in.LatLonCmbx = static_cast<CoordinateEntry>(index); });
-  connect(Option1_, &QRadioButton::toggled, this, [&in](bool on) { in.Option1 = on; });
-  connect(Option2_, &QRadioButton::toggled, this, [&in](bool on) { in.Option2 = on; });
-  connect(Option3_, &QRadioButton::toggled, this, [&in](bool on) { in.Option3 = on; });
+  for (const auto& [option, filter] : {std::pair(Option1_, BadGps::NoFilter), std::pair(Option2_, BadGps::Skip),
+                                       std::pair(Option3_, BadGps::Interpolate)}) {
+    connect(option, &QRadioButton::toggled, this, [&in, filter = filter](bool on) {
+      if (on) in.filter = filter;
+    });
+  }
   connect(pastGaps_, &QCheckBox::toggled, this, [&in](bool on) { in.pastGaps = on; });
   connect(Drive1_, &QComboBox::activated, this,
           [this](int index) { apriCartella(Drive1_->itemData(index).toString()); });
@@ -101,19 +105,19 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   auto* enter = new QShortcut(Qt::Key_Return, File1_, nullptr, nullptr, Qt::WidgetShortcut);
   connect(enter, &QShortcut::activated, this, [this] { leggiSelezione(); });
   connect(ConvertAsciiCmd, &QPushButton::clicked, this, [this] { leggiSelezione(); });
-  connect(CancCmd, &QPushButton::clicked, this, esegui(&Session::CancCmd_Click));
+  connect(CancCmd, &QPushButton::clicked, this, esegui("CancCmd_Click"));
 }
 
 void FrameFileIn::apriCartella(const QString& folder) {
   if (!QDir(folder).exists() || !QDir::setCurrent(folder)) return;
-  session().FrameFileIn.Dir1 = Percorso(folder);
-  session().FrameFileIn.DonelblVisible = false;
+  session().survey.FrameFileIn.Dir1 = Percorso(folder);
+  session().survey.FrameFileIn.DonelblVisible = false;
   mostraCartelle();
   mostra();
 }
 
 void FrameFileIn::mostraCartelle() {
-  const QString folder = QDir(QString::fromStdU16String(session().FrameFileIn.Dir1.u16string())).absolutePath();
+  const QString folder = QDir(QString::fromStdU16String(session().survey.FrameFileIn.Dir1.u16string())).absolutePath();
   const QSignalBlocker quiet(Drive1_);
   Drive1_->clear();
   for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
@@ -142,18 +146,17 @@ void FrameFileIn::mostraCartelle() {
 void FrameFileIn::leggi(const QStringList& files) {
   if (files.isEmpty()) return;
   apriCartella(QFileInfo(files.front()).absolutePath());
-  InputPanel& in = session().FrameFileIn;
+  InputPanel& in = session().survey.FrameFileIn;
   in.File1.clear();
   for (const QString& file : files) in.File1.push_back(Percorso(file));
   setCursor(Qt::WaitCursor);
-  session().ConvertAsciiCmd_Click();
+  esegui("ConvertAsciiCmd_Click")();
   unsetCursor();
-  changed();
 }
 
 void FrameFileIn::leggiSelezione() {
   QStringList files;
-  const QDir folder(QString::fromStdU16String(session().FrameFileIn.Dir1.u16string()));
+  const QDir folder(QString::fromStdU16String(session().survey.FrameFileIn.Dir1.u16string()));
   for (int row = 0; row < File1_->count(); ++row) {
     if (File1_->item(row)->isSelected()) files << folder.absoluteFilePath(File1_->item(row)->text());
   }
@@ -161,16 +164,16 @@ void FrameFileIn::leggiSelezione() {
     leggi(files);
     return;
   }
-  session().FrameFileIn.File1.clear();
-  session().ConvertAsciiCmd_Click();
-  changed();
+  session().survey.FrameFileIn.File1.clear();
+  esegui("ConvertAsciiCmd_Click")();
 }
 
 void FrameFileIn::mostra() {
-  const InputPanel& in = session().FrameFileIn;
+  const InputPanel& in = session().survey.FrameFileIn;
   setVisible(in.visible);
   LatLonCmbx_->setCurrentIndex(static_cast<int>(in.LatLonCmbx));
-  (in.Option3 ? Option3_ : in.Option2 ? Option2_ : Option1_)->setChecked(true);
+  QRadioButton* const options[] = {Option1_, Option2_, Option3_};
+  options[static_cast<int>(in.filter)]->setChecked(true);
   pastGaps_->setChecked(in.pastGaps);
   Donelbl_->setText(in.DonelblVisible ? QString::fromStdString(in.Donelbl) : QString());
 }

@@ -33,20 +33,20 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
 
-  connect(SaveOutCmd, &QPushButton::clicked, this, esegui(&Session::SaveOutCmd_Click));
+  connect(SaveOutCmd, &QPushButton::clicked, this, esegui("SaveOutCmd_Click"));
   connect(FileOutTxt_, &QLineEdit::textChanged, this,
-          [this](const QString& text) { this->session().FrameFileOut.FileOutTxt = text.toStdString(); });
+          [this](const QString& text) { this->session().exporter.FrameFileOut.FileOutTxt = text.toStdString(); });
 }
 
 FrameFileOut::Choice FrameFileOut::aggiungi(const char* name, const QString& caption, bool OutputPanel::*value,
                                             const QString& toolTip) {
   auto* box = Named(new QCheckBox(caption), name, toolTip);
-  connect(box, &QCheckBox::toggled, this, [this, value](bool on) { session().FrameFileOut.*value = on; });
+  connect(box, &QCheckBox::toggled, this, [this, value](bool on) { session().exporter.FrameFileOut.*value = on; });
   return {box, value};
 }
 
 void FrameFileOut::mostra() {
-  const OutputPanel& out = session().FrameFileOut;
+  const OutputPanel& out = session().exporter.FrameFileOut;
   setVisible(out.visible);
   for (const Choice& choice : choices_) choice.box->setChecked(out.*choice.value);
   SetText(FileOutTxt_, out.FileOutTxt);

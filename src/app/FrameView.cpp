@@ -13,16 +13,13 @@ FrameView::FrameView(Session& session, std::function<void()> changed)
                  "Keep this panel at the edge; else it shows when the pointer is near")) {
   const std::array rows{
       Row{"ThetaChk", "LeftThetacmd", "Thetatxt", "RightThetacmd", "\u03B8", "Rotation around X axes", "Rotate ",
-          &ViewPanel::ThetaChk, &ViewPanel::Thetatxt, &Session::LeftThetacmd_Click, &Session::RightThetacmd_Click,
-          &Session::Thetatxt_KeyPress},
+          &ViewPanel::ThetaChk, &ViewPanel::Thetatxt, "LeftThetacmd_Click", "RightThetacmd_Click", "Thetatxt_KeyPress"},
       Row{"PhiChk", "LeftPhicmd", "Phitxt", "RightPhicmd", "\u03C6", "Rotation around Z axes", "Rotate ",
-          &ViewPanel::PhiChk, &ViewPanel::Phitxt, &Session::LeftPhicmd_Click, &Session::RightPhicmd_Click,
-          &Session::Phitxt_KeyPress},
+          &ViewPanel::PhiChk, &ViewPanel::Phitxt, "LeftPhicmd_Click", "RightPhicmd_Click", "Phitxt_KeyPress"},
       Row{"GammaChk", "LeftGammaCmd", "GammaTxt", "RightGammaCmd", "\u03B3", "Rotation Around Y axes", "Rotate ",
-          &ViewPanel::GammaChk, &ViewPanel::GammaTxt, &Session::LeftGammaCmd_Click, &Session::RightGammaCmd_Click,
-          &Session::GammaTxt_KeyPress},
+          &ViewPanel::GammaChk, &ViewPanel::GammaTxt, "LeftGammaCmd_Click", "RightGammaCmd_Click", "GammaTxt_KeyPress"},
       Row{"ZoomChk", "MinZoomcmd", "Zoomtxt", "MaxZoomcmd", "Zoom", "", "", nullptr, &ViewPanel::Zoomtxt,
-          &Session::MinZoomcmd_Click, &Session::MaxZoomcmd_Click, &Session::Zoomtxt_KeyPress}};
+          "MinZoomcmd_Click", "MaxZoomcmd_Click", "Zoomtxt_KeyPress"}};
   auto* grid = new QGridLayout(this);
   grid->setSpacing(Unit);
   int row = 0;
@@ -37,34 +34,29 @@ FrameView::FrameView(Session& session, std::function<void()> changed)
   pin_->setChecked(true);
   grid->addWidget(pin_, row, 0, 1, 4);
 
-  connect(Oopt_, &QRadioButton::clicked, this, esegui(&Session::Oopt_Click));
-  connect(Popt_, &QRadioButton::clicked, this, esegui(&Session::Popt_Click));
-  connect(Mopt_, &QRadioButton::clicked, this, esegui(&Session::Mopt_Click));
+  connect(Oopt_, &QRadioButton::clicked, this, esegui("Oopt_Click"));
+  connect(Popt_, &QRadioButton::clicked, this, esegui("Popt_Click"));
+  connect(Mopt_, &QRadioButton::clicked, this, esegui("Mopt_Click"));
   connect(TopViewCmd, &QPushButton::clicked, this, [this] {
-    this->session().FrameView.Phitxt = boxes_[1].edit->text().toStdString();
-    this->session().TopViewCmd_Click();
-    this->changed();
+    this->session().view.FrameView.Phitxt = boxes_[1].edit->text().toStdString();
+    esegui("TopViewCmd_Click")();
   });
-  connect(ResCmd, &QPushButton::clicked, this, esegui(&Session::ResCmd_Click));
-  connect(SaveCmd, &QPushButton::clicked, this, esegui(&Session::SaveCmd_Click));
+  connect(ResCmd, &QPushButton::clicked, this, esegui("ResCmd_Click"));
+  connect(SaveCmd, &QPushButton::clicked, this, esegui("SaveCmd_Click"));
 }
 
 void FrameView::riga(QGridLayout* grid, int row, const Row& r) {
   auto* check = Named(new QCheckBox(QString::fromUtf8(r.caption)), r.check);
   if (r.free != nullptr) {
     check->setChecked(true);
-    connect(check, &QCheckBox::toggled, this, [this, r](bool on) { session().FrameView.*r.free = on; });
+    connect(check, &QCheckBox::toggled, this, [this, r](bool on) { session().view.FrameView.*r.free = on; });
   }
   QPushButton* minus = StepButton(r.minus, "\u2212", r.buttonTip);
   QPushButton* plus = StepButton(r.plus, "+", r.buttonTip);
   QLineEdit* box = NumberBox(r.box, r.boxTip);
   connect(minus, &QPushButton::clicked, this, esegui(r.less));
   connect(plus, &QPushButton::clicked, this, esegui(r.more));
-  connect(box, &QLineEdit::returnPressed, this, [this, box, r] {
-    session().FrameView.*r.text = box->text().toStdString();
-    (session().*r.enter)(EnterKey);
-    changed();
-  });
+  collega(box, r.enter);
   grid->addWidget(check, row, 0);
   grid->addWidget(minus, row, 1);
   grid->addWidget(box, row, 2);
@@ -73,8 +65,8 @@ void FrameView::riga(QGridLayout* grid, int row, const Row& r) {
 }
 
 void FrameView::mostra() {
-  for (const Box& box : boxes_) SetText(box.edit, session().FrameView.*box.text);
-  const bool straight = session().view().projection == Projection::Orthographic;
+  for (const Box& box : boxes_) SetText(box.edit, session().view.FrameView.*box.text);
+  const bool straight = session().view.state().projection == Projection::Orthographic;
   (straight ? Oopt_ : Popt_)->setChecked(true);  // the map view is a straight one, too
 }
 

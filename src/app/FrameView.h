@@ -18,15 +18,12 @@ class FrameView : public Frame {
   QCheckBox* pin() const { return pin_; }
 
  private:
-  using Command = void (Session::*)();
-  using KeyPress = void (Session::*)(int);
   struct Row {
     const char *check, *minus, *box, *plus;
     const char *caption, *boxTip, *buttonTip;
     bool ViewPanel::*free;  ///< the mouse may change it; none for the zoom
     std::string ViewPanel::*text;
-    Command less, more;
-    KeyPress enter;
+    const char *less, *more, *enter;  ///< the controls
   };
 
   void riga(QGridLayout* grid, int row, const Row& r);

@@ -9,9 +9,10 @@ namespace corvan {
 
 Answer QtDialogs::MsgBox(const MessageRequest& request) {
   QMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(QString::fromStdString(request.title));
-  box.setText(QString::fromStdString(request.text));
-  const bool choice = request.buttons == Buttons::OkCancel;
+  box.setWindowTitle(TestoDi(request.question).title);
+  box.setText(QString::fromStdString(PromptDi(request)));
+  box.setInformativeText(QString::fromStdString(request.details));
+  const bool choice = TestoDi(request.question).buttons == Buttons::OkCancel;
   box.setStandardButtons(choice ? QMessageBox::Ok | QMessageBox::Cancel
                                 : QMessageBox::StandardButtons(QMessageBox::Ok));
   box.setDefaultButton(QMessageBox::Ok);
@@ -21,8 +22,9 @@ Answer QtDialogs::MsgBox(const MessageRequest& request) {
 
 std::optional<std::string> QtDialogs::InputBox(const InputRequest& request) {
   QInputDialog box(QApplication::activeWindow());
-  box.setWindowTitle(QString::fromStdString(request.title));
-  box.setLabelText(QString::fromStdString(request.prompt));
+  box.setWindowTitle(QString::fromStdString(TitoloDi(request)));
+  const std::string below = request.details.empty() ? "" : "\n" + request.details;
+  box.setLabelText(QString::fromStdString(PromptDi(request) + below));
   box.setTextValue(QString::fromStdString(request.defaultAnswer));
   box.resize(420, box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return std::nullopt;

@@ -25,39 +25,33 @@ TranslationFrame::TranslationFrame(Session& session, const char* name, const QSt
     ++row;
     connect(minus, &QPushButton::clicked, this, esegui(axis.less));
     connect(plus, &QPushButton::clicked, this, esegui(axis.more));
-    connect(box, &QLineEdit::returnPressed, this, [this, box, axis] {
-      this->session().FrameDataMove.*axis.text = box->text().toStdString();
-      (this->session().*axis.enter)(EnterKey);
-      this->changed();
-    });
+    collega(box, axis.enter);
     boxes_.push_back({box, axis.text});
   }
   grid->setColumnStretch(2, 1);
 }
 
 TranslationFrame* TranslationFrame::dati(Session& session, std::function<void()> changed) {
-  return new TranslationFrame(
-      session, "FrameDataMove", "Data Translation",
-      {"East [m]", "EmCmd", "TestTxt", "EpCmd", "Data: East Tranlation [m]", &TranslationPanel::TestTxt,
-       &Session::EmCmd_Click, &Session::EpCmd_Click, &Session::TestTxt_KeyPress},
-      {"North [m]", "NmCmd", "TnordTxt", "NpCmd", "Data: Notrh Translation [m]", &TranslationPanel::TnordTxt,
-       &Session::NmCmd_Click, &Session::NpCmd_Click, &Session::TnordTxt_KeyPress},
-      std::move(changed));
+  return new TranslationFrame(session, "FrameDataMove", "Data Translation",
+                              {"East [m]", "EmCmd", "TestTxt", "EpCmd", "Data: East Tranlation [m]",
+                               &TranslationPanel::TestTxt, "EmCmd_Click", "EpCmd_Click", "TestTxt_KeyPress"},
+                              {"North [m]", "NmCmd", "TnordTxt", "NpCmd", "Data: Notrh Translation [m]",
+                               &TranslationPanel::TnordTxt, "NmCmd_Click", "NpCmd_Click", "TnordTxt_KeyPress"},
+                              std::move(changed));
 }
 
 TranslationFrame* TranslationFrame::fondo(Session& session, std::function<void()> changed) {
-  return new TranslationFrame(
-      session, "FrameDepthMove", "Depth Translation",
-      {"East [m]", "DEmCmd", "DTestTxt", "DEpCmd", "Depth: East Translation [m]", &TranslationPanel::DTestTxt,
-       &Session::DEmCmd_Click, &Session::DEpCmd_Click, &Session::DTestTxt_KeyPress},
-      {"North [m]", "DNmCmd", "DTnordTxt", "DNpCmd", "Depth: North Translation [m]", &TranslationPanel::DTnordTxt,
-       &Session::DNmCmd_Click, &Session::DNpCmd_Click, &Session::DTnordTxt_KeyPress},
-      std::move(changed));
+  return new TranslationFrame(session, "FrameDepthMove", "Depth Translation",
+                              {"East [m]", "DEmCmd", "DTestTxt", "DEpCmd", "Depth: East Translation [m]",
+                               &TranslationPanel::DTestTxt, "DEmCmd_Click", "DEpCmd_Click", "DTestTxt_KeyPress"},
+                              {"North [m]", "DNmCmd", "DTnordTxt", "DNpCmd", "Depth: North Translation [m]",
+                               &TranslationPanel::DTnordTxt, "DNmCmd_Click", "DNpCmd_Click", "DTnordTxt_KeyPress"},
+                              std::move(changed));
 }
 
 void TranslationFrame::mostra() {
-  setVisible(session().view().MostraTraslazione);
-  for (const Box& box : boxes_) SetText(box.edit, session().FrameDataMove.*box.text);
+  setVisible(session().view.state().layers.MostraTraslazione);
+  for (const Box& box : boxes_) SetText(box.edit, session().survey.FrameDataMove.*box.text);
 }
 
 }  // namespace corvan

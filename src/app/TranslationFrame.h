@@ -11,9 +11,7 @@ class TranslationFrame : public Frame {
   struct Axis {
     const char *caption, *minus, *box, *plus, *toolTip;
     std::string TranslationPanel::*text;
-    void (Session::*less)();
-    void (Session::*more)();
-    void (Session::*enter)(int);
+    const char *less, *more, *enter;  ///< the controls
   };
   TranslationFrame(Session& session, const char* name, const QString& caption, const Axis& east, const Axis& north,
                    std::function<void()> changed);

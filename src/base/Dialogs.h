@@ -2,27 +2,36 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
+#include "base/Question.h"
+
 namespace corvan {
 
-enum class Buttons { Ok, OkCancel };
 enum class Answer { Ok, Cancel };
 
+/// A question as it is put; its text and title are those of the table.
 struct MessageRequest {
-  std::string text;
-  std::string title;
-  Buttons buttons = Buttons::Ok;
+  Question question;
+  std::string details = {};  ///< what stands below the text: files, measurements, values; may hold several lines
 };
 
 struct InputRequest {
-  std::string prompt;
-  std::string title;
-  std::string defaultAnswer;
+  Question question;
+  std::string defaultAnswer = {};
+  std::string details = {};
+  std::int32_t number = 0;       ///< of the connection that is asked for
+  std::int32_t measurement = 0;  ///< the measurement that it connects
 };
 
-/// One step of a long batch: `done` of `total` files are finished and `subject` is at work.
+/// The text of a box without its details.
+std::string PromptDi(const MessageRequest& request);
+std::string PromptDi(const InputRequest& request);
+std::string TitoloDi(const InputRequest& request);
+
+/// One step of long work: `done` of `total` parts are finished and `subject` is at work. An empty subject: it is over.
 struct ProgressStep {
   std::string subject;
   std::size_t done = 0;

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,9 +26,15 @@ struct Finding {
   friend bool operator==(const Finding&, const Finding&) = default;
 };
 
-/// The findings of one command, in the order in which they were seen.
+/// The findings of a run in the order in which they were seen, those of each command together.
 class Findings {
  public:
+  /// One command of the user and where its findings begin.
+  struct Command {
+    std::string name;
+    std::size_t first = 0;
+  };
+
   void fault(std::string procedure, std::string reason, std::string file = {}) {
     add({Severity::Fault, std::move(procedure), std::move(file), std::move(reason)});
   }
@@ -34,23 +42,26 @@ class Findings {
     add({Severity::Note, std::move(procedure), std::move(file), std::move(reason)});
   }
   /// One that is in the list already (the same step run again) is not repeated.
-  void add(Finding entry) {
-    if (std::find(entries_.begin(), entries_.end(), entry) == entries_.end()) entries_.push_back(std::move(entry));
-  }
+  void add(Finding entry);
   /// Takes over what a reader found in a file.
-  void add(const Findings& of, const std::filesystem::path& file) {
-    for (Finding entry : of.entries_) {
-      if (entry.file.empty()) entry.file = file.string();
-      add(std::move(entry));
-    }
-  }
-  /// Takes back what a procedure found, when what was found no longer holds.
-  void ritira(const std::string& procedure) {
-    std::erase_if(entries_, [&procedure](const Finding& f) { return f.procedure == procedure; });
-  }
-  void clear() { entries_.clear(); }
+  void add(const Findings& of, const std::filesystem::path& file);
+  /// Takes back what a procedure found, when what was found no longer holds. @return what was taken back
+  std::vector<Finding> ritira(const std::string& procedure);
+
+  /// What follows belongs to this command of the user.
+  void comincia(std::string command);
+  /// The same from the first finding on: a command that looks only leaves those of the one before in force.
+  void cominciaSeDetto(std::string command) { pending_ = std::move(command); }
+  /// What follows is about another survey: it is told though it was told of the one before.
+  void dimentica() { scope_ = entries_.size(); }
+
   bool empty() const { return entries_.empty(); }
   const std::vector<Finding>& entries() const { return entries_; }
+  const std::vector<Command>& commands() const { return commands_; }
+  /// Those of the last command.
+  std::span<const Finding> ultimi() const {
+    return std::span(entries_).subspan(commands_.empty() ? 0 : commands_.back().first);
+  }
   bool anyFault() const {
     return std::any_of(entries_.begin(), entries_.end(),
                        [](const Finding& f) { return f.severity == Severity::Fault; });
@@ -58,6 +69,9 @@ class Findings {
 
  private:
   std::vector<Finding> entries_;
+  std::vector<Command> commands_;
+  std::string pending_;
+  std::size_t scope_ = 0;  ///< those before it are of another survey
 };
 
 }  // namespace corvan

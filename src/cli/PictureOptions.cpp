@@ -69,32 +69,23 @@ class Toolkit {
   std::optional<QGuiApplication> application_;
 };
 
-void Mostra(Session& session, bool shown, bool wanted, void (Session::*toggle)()) {
-  if (shown != wanted) (session.*toggle)();
+void Ruota(Session& session, Axis axis, const std::string& text) {
+  const auto degrees = NumeroDaCasella<double>(text, AngleBox, session.findings());
+  if (degrees) session.view.ruota(axis, *degrees);
 }
 
 void ImpostaVista(Session& session, const PictureOptions& options) {
-  ViewPanel& boxes = session.FrameView;
-  boxes.Thetatxt = options.theta;
-  session.Thetatxt_KeyPress(EnterKey);
-  boxes.Phitxt = options.phi;
-  session.Phitxt_KeyPress(EnterKey);
-  boxes.GammaTxt = options.gamma;
-  session.GammaTxt_KeyPress(EnterKey);
-  boxes.Zoomtxt = options.zoom;
-  session.Zoomtxt_KeyPress(EnterKey);
-  if (options.projection == Projection::Perspective) session.Popt_Click();
-
+  Ruota(session, Axis::Theta, options.theta);
+  Ruota(session, Axis::Phi, options.phi);
+  Ruota(session, Axis::Gamma, options.gamma);
+  const auto zoom = NumeroDaCasella<float>(options.zoom, ZoomBox, session.findings());
+  if (zoom) session.view.zoom(*zoom);
+  session.view.proietta(options.projection);
   const std::vector<std::string> layers = Voci(options.layers);
-  const auto wanted = [&layers](const char* layer) {
-    return std::find(layers.begin(), layers.end(), layer) != layers.end();
-  };
-  const ViewState& view = session.view();
-  Mostra(session, view.MostraElettrodi, wanted("electrodes"), &Session::SHelectrodes_Click);
-  Mostra(session, view.MostraGPS2, wanted("gps"), &Session::SH2ndGps_Click);
-  Mostra(session, view.MostraProfondita, wanted("depth"), &Session::SHdepth_Click);
-  Mostra(session, view.MostraScalaColori, wanted("scale"), &Session::SHcolour_Click);
-  Mostra(session, view.MostraNord, wanted("north"), &Session::SHNord_Click);
+  for (const LayerEntry& layer : LayerTable) {
+    if (layer.word == nullptr) continue;
+    session.view.mostra(layer.flag, std::find(layers.begin(), layers.end(), layer.word) != layers.end());
+  }
 }
 
 }  // namespace
@@ -135,9 +126,10 @@ void FaiImmagine(Session& session, const PictureOptions& options) {
   const PuntoPixel size = Dimensioni(options.size);
   QImage image = CreaImmagine(size.X, size.Y);
   ImageCanvas canvas(image);
-  session.Form_Resize(&canvas);
-  session.SalvaImmagine(options.file, [&] { return ComponiImmagine(image, options.file); });
-  session.Form_Resize(nullptr);
+  session.view.picture().tela(&canvas);
+  session.view.picture().dipingi();
+  session.exporter.immagine(options.file, [&] { return ComponiImmagine(image, options.file); });
+  session.view.picture().tela(nullptr);
 }
 
 }  // namespace corvan::cli

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/Clock.h"
+#include "base/Fields.h"
 #include "base/NumberText.h"
 #include "cli/Commands.h"
 #include "cli/PictureOptions.h"
@@ -61,14 +62,13 @@ struct ProcessOptions {
 };
 
 void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
-  if (!options.channels.empty()) dialogs.answer("Set Channel Number", options.channels);
-  dialogs.answer("Set String", options.cable);
-  dialogs.answer("UTM Zone n. ", options.zone);
-  dialogs.answer("Scale (Min; Max)", options.range);
-  if (!options.trackDate.empty()) dialogs.answer(DomandaData, options.trackDate);
-  dialogs.answer("Distance of the first floating Electrode from Syscal", options.cableOffset);
-  dialogs.answer("Distance of EchoSounder from Syscal", options.echoOffset);
-  dialogs.answer("Add vertical offset [m]", options.kmlOffset);
+  if (!options.channels.empty()) dialogs.answer(Question::ChannelNumber, options.channels);
+  dialogs.answer(Question::UtmZone, options.zone);
+  dialogs.answer(Question::ColourRange, options.range);
+  if (!options.trackDate.empty()) dialogs.answer(Question::TrackDate, options.trackDate);
+  dialogs.answer(Question::CableOffset, options.cableOffset);
+  dialogs.answer(Question::EchoOffset, options.echoOffset);
+  dialogs.answer(Question::KmlOffset, options.kmlOffset);
 }
 
 /// The root of the output names; a folder alone is where the files of the default name go.
@@ -78,16 +78,18 @@ std::string Radice(const ProcessOptions& options) {
   return (std::filesystem::path(options.out) / usual).string();
 }
 
-void PreparaPannelli(Session& session, const ProcessOptions& options) {
-  InputPanel& in = session.FrameFileIn;
+InputPanel Lettura(const ProcessOptions& options) {
+  InputPanel in;
   in.LatLonCmbx = options.coords;
-  in.Option1 = options.badGps == BadGps::NoFilter;
-  in.Option2 = options.badGps == BadGps::Skip;
-  in.Option3 = options.badGps == BadGps::Interpolate;
+  in.filter = options.badGps;
   in.pastGaps = options.pastGaps;
   in.south = options.south;
   in.File1.assign(options.files.begin(), options.files.end());
-  OutputPanel& out = session.FrameFileOut;
+  return in;
+}
+
+OutputPanel Uscite(const ProcessOptions& options) {
+  OutputPanel out;
   out.BinChk = options.writes("bin");
   out.TxtChk = options.writes("txt");
   out.EchoZChk = options.writes("ecs");
@@ -95,74 +97,63 @@ void PreparaPannelli(Session& session, const ProcessOptions& options) {
   out.TruePosChk = options.truePosition;
   out.ExtGPSChk = options.externalGps;
   out.FileOutTxt = Radice(options);
+  return out;
 }
 
-/// Types the two halves of "E,N" into their boxes and presses Enter in each.
-template <class PressEast, class PressNorth>
-void Trasla(const std::string& shift, std::string& eastBox, std::string& northBox, PressEast pressEast,
-            PressNorth pressNorth) {
+/// The two halves of "E,N".
+void Trasla(Session& session, const std::string& shift, Translation east, Translation north) {
   if (shift.empty()) return;
   const std::size_t comma = shift.find(',');
-  eastBox = shift.substr(0, comma);
-  pressEast();
-  northBox = shift.substr(comma + 1);
-  pressNorth();
-}
-
-void ScegliEstremi(Session& session, const ProcessOptions& options) {
-  session.FrameExtrema.E1Txt = std::to_string(options.from);
-  session.FrameExtrema.E2txt = std::to_string(options.to.value_or(session.survey().NumMisure()));
-  session.E1Txt_KeyPress(EnterKey);
-  session.E2txt_KeyPress(EnterKey);
-}
-
-/// The measurement and the fix of "M:G".
-std::pair<std::int32_t, std::string> Estremi(const std::string& connection) {
-  const std::size_t colon = connection.find(':');
-  return {static_cast<std::int32_t>(Val(connection.substr(0, colon))), connection.substr(colon + 1)};
-}
-
-void CollegaTraccia(Session& session, ScriptedDialogs& dialogs, const ProcessOptions& options) {
-  if (options.gps.empty()) return;
-  session.LeggiGPSEsterno(options.gps);
-  if (!options.trackDate.empty() && !dialogs.asked(DomandaData)) {
-    session.annota("LeggiGPSEsterno", "--track-date is not used: the track tells its own dates");
+  for (const auto& [what, text] :
+       {std::pair(east, shift.substr(0, comma)), std::pair(north, shift.substr(comma + 1))}) {
+    const auto metres = NumeroDaCasella<double>(text, CasellaDi(what), session.findings());
+    if (metres) session.survey.trasla(what, *metres);
   }
-  if (options.link == "time") session.LinkDataGPST(Val(options.clockOffset));
-  if (options.link != "position") return;
-  int number = 0;
+}
+
+void Connetti(Session& session, const ProcessOptions& options) {
+  if (!session.view.state().layers.MostraGPS2) return;  // no track: the link tells
   for (const std::string& connection : options.connections) {
-    const auto [measurement, fix] = Estremi(connection);
-    dialogs.answer("Connection " + std::to_string(++number) + " (Data <--> GPS", fix);
-    session.ptlbl_Collega(measurement);
+    const std::size_t colon = connection.find(':');
+    const auto fix = NumeroDaCasella<std::int32_t>(connection.substr(colon + 1), FixBox, session.findings());
+    if (fix) session.track.connetti(static_cast<std::int32_t>(Val(connection.substr(0, colon))), *fix);
   }
-  session.LinkDataGPSP();
+}
+
+void CollegaTraccia(Session& session, const ScriptedDialogs& dialogs, const ProcessOptions& options) {
+  if (options.gps.empty()) return;
+  session.leggiTraccia(options.gps);
+  if (!options.trackDate.empty() && !dialogs.asked(Question::TrackDate)) {
+    session.findings().note("LeggiGPSEsterno", "--track-date is not used: the track tells its own dates");
+  }
+  if (options.link == "time") session.collegaPerTempo(Val(options.clockOffset));
+  if (options.link != "position") return;
+  Connetti(session, options);
+  session.collegaPerPosizione();
 }
 
 int Esegui(const ProcessOptions& options) {
   ScriptedDialogs dialogs;
   PreparaRisposte(dialogs, options);
   Session session(dialogs, Adesso);
-  PreparaPannelli(session, options);
-  session.ConvertAsciiCmd_Click();
+  session.survey.FrameFileIn = Lettura(options);
+  session.leggi();
   if (options.south && options.coords != CoordinateEntry::UTM) {
-    session.annota("ConvertAsciiCmd_Click", "--south is not used: latitudes tell their own hemisphere");
+    session.findings().note("ConvertAsciiCmd_Click", "--south is not used: latitudes tell their own hemisphere");
   }
-  if (!options.cable.empty()) session.CableConf_Click();
-  if (!options.zone.empty()) session.SetUtmZone_Click();
+  const std::string cable(Rifila(options.cable));
+  if (!cable.empty()) session.survey.impostaCavo(cable);
+  if (!options.zone.empty()) session.survey.chiediZona();
   CollegaTraccia(session, dialogs, options);
-  TranslationPanel& boxes = session.FrameDataMove;
-  Trasla(
-      options.dataShift, boxes.TestTxt, boxes.TnordTxt, [&] { session.TestTxt_KeyPress(EnterKey); },
-      [&] { session.TnordTxt_KeyPress(EnterKey); });
-  Trasla(
-      options.depthShift, boxes.DTestTxt, boxes.DTnordTxt, [&] { session.DTestTxt_KeyPress(EnterKey); },
-      [&] { session.DTnordTxt_KeyPress(EnterKey); });
-  if (!options.range.empty()) session.SetRange_Click();
-  if (options.writes("csv")) session.SalvaTabella();
+  Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
+  Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
+  if (!options.range.empty()) session.survey.chiediIntervallo();
+  const OutputPanel output = Uscite(options);
+  if (options.writes("csv")) session.exporter.tabella(output.FileOutTxt);
   FaiImmagine(session, options.picture);
-  ScegliEstremi(session, options);
-  session.SalvaEstrattoFile();
+  session.selection.imposta(Extreme::First, options.from);
+  session.selection.imposta(Extreme::Second, options.to.value_or(session.survey.dati().NumMisure()));
+  session.salvaEstratto(output);
   StampaRilievi(session.findings());
   std::cout << (options.json ? TestoJson(SommarioJson(session, dialogs.messages())) : SommarioTesto(session));
   return session.findings().anyFault() ? NotAllDone : AllDone;

@@ -13,7 +13,7 @@ std::string Metri(double value) { return FormattaNumero(value, "0.0##") + " m"; 
 }  // namespace
 
 std::string SommarioTesto(const Session& session) {
-  const Survey& survey = session.survey();
+  const Survey& survey = session.survey.dati();
   const TrackExtent& t = survey.traccia;
   std::ostringstream out;
   for (const FileSummary& file : survey.files) {
@@ -27,8 +27,8 @@ std::string SommarioTesto(const Session& session) {
         << (file.channels == 1 ? " channel, " : " channels, ") << file.firings
         << (file.firings == 1 ? " firing\n" : " firings\n");
   }
-  out << "measurements  " << survey.NumMisure() << " (" << session.fixes().discarded << " discarded, "
-      << session.fixes().interpolated << " interpolated)\n";
+  out << "measurements  " << survey.NumMisure() << " (" << session.survey.fixes().discarded << " discarded, "
+      << session.survey.fixes().interpolated << " interpolated)\n";
   out << "UTM zone      " << survey.settings.ZonaUTM << "\n";
   out << "resistivity   " << FormattaNumero(static_cast<double>(t.RhoMin), "0.0##") << " to "
       << FormattaNumero(static_cast<double>(t.RhoMax), "0.0##") << " ohm m\n";
@@ -38,20 +38,20 @@ std::string SommarioTesto(const Session& session) {
     out << "external GPS  " << survey.tracciaEst.NumGPSEst() << " fixes, mean spacing "
         << Metri(survey.tracciaEst.meanSpacing) << "\n";
   }
-  if (const auto& link = session.timeLink()) {
+  if (const auto& link = session.track.timeLink()) {
     out << "linked        " << link->exact + link->between << " of " << survey.NumMisure() << " by time, "
         << link->outside << " outside the track, " << link->withoutTime << " without a time\n";
   }
-  if (const auto& section = session.section()) {
+  if (const auto& section = session.exporter.section()) {
     out << "section       " << section->from << " to " << section->to << ", " << section->points << " points, "
         << section->records << " records\n";
   }
-  for (const auto& path : session.outputs()) out << "written       " << Visibile(path.string()) << "\n";
+  for (const auto& path : session.exporter.outputs()) out << "written       " << Visibile(path.string()) << "\n";
   return out.str();
 }
 
 Json SommarioJson(const Session& session, const std::vector<std::string>& messages) {
-  const Survey& survey = session.survey();
+  const Survey& survey = session.survey.dati();
   const TrackExtent& t = survey.traccia;
   Json json;
   json["files"] = Json::array();
@@ -65,8 +65,8 @@ Json SommarioJson(const Session& session, const std::vector<std::string>& messag
                              {"firings", file.firings}});
   }
   json["measurements"] = survey.NumMisure();
-  json["discarded"] = session.fixes().discarded;
-  json["interpolated"] = session.fixes().interpolated;
+  json["discarded"] = session.survey.fixes().discarded;
+  json["interpolated"] = session.survey.fixes().interpolated;
   json["zone"] = survey.settings.ZonaUTM;
   json["rho_min"] = NumeroJson(t.RhoMin);
   json["rho_max"] = NumeroJson(t.RhoMax);
@@ -76,7 +76,7 @@ Json SommarioJson(const Session& session, const std::vector<std::string>& messag
     json["external_gps"] = {{"fixes", survey.tracciaEst.NumGPSEst()},
                             {"mean_spacing", NumeroJson(survey.tracciaEst.meanSpacing)}};
   }
-  if (const auto& link = session.timeLink()) {
+  if (const auto& link = session.track.timeLink()) {
     json["link"] = {{"exact", link->exact},
                     {"between", link->between},
                     {"outside", link->outside},
@@ -84,12 +84,12 @@ Json SommarioJson(const Session& session, const std::vector<std::string>& messag
                     {"without_time", link->withoutTime}};
   }
   json["section"] = nullptr;
-  if (const auto& section = session.section()) {
+  if (const auto& section = session.exporter.section()) {
     json["section"] = {
         {"from", section->from}, {"to", section->to}, {"points", section->points}, {"records", section->records}};
   }
   json["outputs"] = Json::array();
-  for (const auto& path : session.outputs()) json["outputs"].push_back(path.string());
+  for (const auto& path : session.exporter.outputs()) json["outputs"].push_back(path.string());
   json["messages"] = messages;
   json["diagnostics"] = RilieviJson(session.findings());
   return json;

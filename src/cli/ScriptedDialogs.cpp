@@ -26,14 +26,15 @@ bool ErroreSuTerminale() {
 ScriptedDialogs::ScriptedDialogs() : terminal_(ErroreSuTerminale()) {}
 
 Answer ScriptedDialogs::MsgBox(const MessageRequest& request) {
-  messages_.push_back(request.text);
-  std::cerr << "message: " << Visibile(request.text, LineFeeds::Kept) << '\n';
+  if (request.question == Question::ReplaceFiles) return Answer::Ok;
+  messages_.push_back(PromptDi(request));
+  std::cerr << "message: " << Visibile(messages_.back(), LineFeeds::Kept) << '\n';
   return Answer::Ok;
 }
 
 std::optional<std::string> ScriptedDialogs::InputBox(const InputRequest& request) {
-  asked_.insert(request.prompt);
-  const auto found = answers_.find(request.prompt);
+  asked_.insert(request.question);
+  const auto found = answers_.find(request.question);
   return found == answers_.end() ? std::nullopt : std::optional(found->second);
 }
 

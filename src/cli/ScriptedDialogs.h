@@ -11,15 +11,16 @@
 
 namespace corvan::cli {
 
-/// Input boxes are answered by their prompt, message boxes with OK; what a message box says is printed on standard
-/// error and kept. The progress of a batch is one line on standard error, rewritten in place, when that is a terminal.
+/// Input boxes are answered by their question, message boxes with OK; what a message box says is printed on standard
+/// error and kept. Files that the options name are replaced without a question. The progress of a batch is one line on
+/// standard error, rewritten in place, when that is a terminal.
 class ScriptedDialogs : public Dialogs {
  public:
   ScriptedDialogs();
 
-  /// @param prompt the input box's text; a prompt without an answer is left with Cancel
-  void answer(std::string prompt, std::string text) { answers_[std::move(prompt)] = std::move(text); }
-  bool asked(const std::string& prompt) const { return asked_.contains(prompt); }
+  /// A question without an answer is left with Cancel.
+  void answer(Question question, std::string text) { answers_[question] = std::move(text); }
+  bool asked(Question question) const { return asked_.contains(question); }
   const std::vector<std::string>& messages() const { return messages_; }
 
   Answer MsgBox(const MessageRequest& request) override;
@@ -28,8 +29,8 @@ class ScriptedDialogs : public Dialogs {
 
  private:
   bool terminal_;
-  std::map<std::string, std::string> answers_;
-  std::set<std::string> asked_;
+  std::map<Question, std::string> answers_;
+  std::set<Question> asked_;
   std::vector<std::string> messages_;
 };
 

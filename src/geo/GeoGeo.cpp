@@ -41,7 +41,7 @@ void GeoGeo::LatLonFormat(std::string_view format) {
     if (LatLonFormat() == name) return;
   }
   format_.reset();
-  dialogs_->MsgBox({"Only DMMSS DMM.MMM D.DDDD formats allowed", "Warning", Buttons::Ok});
+  dialogs_->MsgBox({Question::WrongLayout, ""});
 }
 
 std::string GeoGeo::Datum() const { return std::string(Datums.at(slot_).Name); }
@@ -51,7 +51,7 @@ void GeoGeo::Datum(std::string_view name) {
   const auto found = std::find_if(Datums.begin(), Datums.end(),
                                   [&wanted](const auto& datum) { return Maiuscolo(datum.Name) == wanted; });
   slot_ = found == Datums.end() ? 0 : static_cast<std::size_t>(found - Datums.begin());
-  if (found == Datums.end()) dialogs_->MsgBox({"Wrong Datum Name", "", Buttons::Ok});
+  if (found == Datums.end()) dialogs_->MsgBox({Question::WrongDatum, ""});
 }
 
 std::string GeoGeo::Lat() const { return format_ ? TestoDaGradi(LatGradi(), *format_) : ""; }

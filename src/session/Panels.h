@@ -1,10 +1,12 @@
-// What the panels of the program hold: the choices, texts and ticks that commands read and write.
+// What the panels of the window show: the choices and texts of the desks behind them.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
+
+#include "survey/Survey.h"
 
 namespace corvan {
 
@@ -15,9 +17,7 @@ enum class CoordinateEntry { DDMMSS, DDMM, DD, UTM };
 struct InputPanel {
   bool visible = false;
   CoordinateEntry LatLonCmbx = CoordinateEntry::DDMM;
-  bool Option1 = true;                       ///< "No Filter"
-  bool Option2 = false;                      ///< "Skip bad GPS"
-  bool Option3 = false;                      ///< "Interpolate bad GPS"
+  BadGps filter = BadGps::NoFilter;          ///< "No Filter", "Skip bad GPS", "Interpolate bad GPS"
   bool pastGaps = false;                     ///< "Read past lost fixes"
   bool south = false;                        ///< UTM files only: the southern hemisphere
   std::filesystem::path Dir1;                ///< current folder
@@ -39,19 +39,13 @@ struct OutputPanel {
   std::string FileOutTxt = "FileOut";  ///< root of the output names, may hold a folder
 };
 
-/// A label with a text and the index it stands for.
-struct TaggedLabel {
-  std::string Caption;
-  std::string Tag;
-};
-
 /// "Extrema": the two ends of the section.
 struct ExtremaPanel {
   bool visible = false;
   std::string E1Txt;
   std::string E2txt;
-  TaggedLabel PrimoLbl{"Extreme: 1", ""};
-  TaggedLabel SecondoLbl{"Extreme: 2", ""};
+  std::string PrimoLbl = "Extreme: 1";
+  std::string SecondoLbl = "Extreme: 2";
 };
 
 /// "View": the texts of its boxes and the angles that the mouse may turn.
@@ -75,11 +69,6 @@ struct TranslationPanel {
   std::string TnordTxt = "0.0";   ///< data, north, m
   std::string DTestTxt = "0.0";   ///< depth, east, m
   std::string DTnordTxt = "0.0";  ///< depth, north, m
-};
-
-struct InfoLabel {
-  std::string Caption = "InfoLabel";
-  bool Visible = true;
 };
 
 }  // namespace corvan

@@ -8,9 +8,13 @@
 
 namespace corvan {
 
-/// The window at zoom 1 moved by the distance dragged from (XDown, YDown) to (XNow, YNow). On a picture wider than high
-/// the scene moves more slowly than the pointer sideways: hands are used to it.
+/// The window as it was when the drag began, moved so that the scene follows the pointer from (XDown, YDown) to
+/// (XNow, YNow) at any zoom.
 void SpostaFinestra(ViewState& view);
+
+/// Another zoom that leaves the place under a pixel where it is. @param factor over 1 shows more; the zoom is held to
+/// 0.001..100
+void ZoomaVerso(ViewState& view, const PuntoPixel& place, double factor);
 
 /// The place with z = 0 that is seen at a pixel in the straight projection; none in perspective or where the surface is
 /// seen edge-on.

@@ -1,6 +1,7 @@
 #include "view3d/PointLayer.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <utility>
 
@@ -89,27 +90,35 @@ void PointLayer::buildGrid() const {
 }
 
 std::optional<std::int32_t> PointLayer::at(const PuntoPixel& place) const {
+  const std::optional<Hit> hit = cerca(place, 0);
+  return hit ? std::optional(hit->index) : std::nullopt;
+}
+
+std::optional<PointLayer::Hit> PointLayer::cerca(const PuntoPixel& place, std::int32_t reach) const {
   if (topmost_.empty() || !Dentro(place, area_)) return std::nullopt;
   if (!gridValid_) buildGrid();
-  const std::int32_t reach = style_.radius + 1;
+  const std::int32_t margin = style_.radius + 1;
+  const std::int32_t far = std::max(reach, margin);
   const auto cell = [](std::int32_t p, std::int32_t from, std::int32_t count) {
     return std::clamp((p - from) / CellSize, 0, count - 1);
   };
-  std::optional<std::int32_t> found;
+  std::optional<Hit> found;
   std::int32_t best = std::numeric_limits<std::int32_t>::max();
-  const std::int32_t left = cell(place.X - reach, area_.left, grid_.columns);
-  const std::int32_t right = cell(place.X + reach, area_.left, grid_.columns);
-  const std::int32_t bottom = cell(place.Y + reach, area_.top, grid_.rows);
-  for (std::int32_t row = cell(place.Y - reach, area_.top, grid_.rows); row <= bottom; ++row) {
+  const std::int32_t left = cell(place.X - far, area_.left, grid_.columns);
+  const std::int32_t right = cell(place.X + far, area_.left, grid_.columns);
+  const std::int32_t bottom = cell(place.Y + far, area_.top, grid_.rows);
+  for (std::int32_t row = cell(place.Y - far, area_.top, grid_.rows); row <= bottom; ++row) {
     const auto base = static_cast<std::size_t>(row) * static_cast<std::size_t>(grid_.columns);
     const std::uint32_t first = grid_.start[base + static_cast<std::size_t>(left)];
     const std::uint32_t end = grid_.start[base + static_cast<std::size_t>(right) + 1];
     for (std::uint32_t k = first; k < end; ++k) {
       const PointLabel& label = labels_[grid_.label[k]];
       const std::int32_t dx = label.at.X - place.X, dy = label.at.Y - place.Y;
-      if (dx < -reach || dx > reach || dy < -reach || dy > reach || dx * dx + dy * dy >= best) continue;
-      best = dx * dx + dy * dy;
-      found = label.index;
+      const std::int32_t distance2 = dx * dx + dy * dy;
+      const bool covered = std::max(std::abs(dx), std::abs(dy)) <= margin;
+      if ((!covered && distance2 > reach * reach) || distance2 >= best) continue;
+      best = distance2;
+      found = Hit{label.index, distance2};
     }
   }
   return found;

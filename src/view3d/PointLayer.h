@@ -38,9 +38,17 @@ class PointLayer {
 
   void dipingi(Canvas& canvas) const;
 
-  /// Index of the label under a pixel: of those that cover it, a margin of one pixel included, the nearest, and of
-  /// several on one pixel the topmost. The first question after assign builds a grid of 16 pixels; each one then looks
-  /// at the cells around the pixel only.
+  /// A label found, and the square of its distance from the pixel asked for.
+  struct Hit {
+    std::int32_t index = 0;
+    std::int32_t distance2 = 0;
+  };
+
+  /// The label nearest to a pixel of those that cover it, a margin of one pixel included, or lie within `reach` pixels;
+  /// of several on one pixel the topmost. The first question after assign builds a grid of 16 pixels; each one then
+  /// looks at the cells around the pixel only.
+  std::optional<Hit> cerca(const PuntoPixel& place, std::int32_t reach) const;
+  /// Index of the label that covers a pixel.
   std::optional<std::int32_t> at(const PuntoPixel& place) const;
 
  private:

@@ -41,11 +41,11 @@ void Projector::tutti(std::span<const Punto3D> points, std::vector<PuntoPixel>& 
 std::optional<PuntoPixel> Projector::prospettico(const Punto3D& rotated) const {
   try {
     const float shifted = ASingolo(rotated.x + (static_cast<double>(view_.FinestraIniziale.zmax) - rotated.y));
-    const float leftEnd = ASingolo(static_cast<double>(view_.FugaX) - view_.DistanzaFuga);
+    const float leftEnd = ASingolo(static_cast<double>(view_.marker.FugaX) - view_.marker.DistanzaFuga);
     Punto3D point{rotated.x, rotated.z, 0.0F, 0.0F};
     Punto3D copy{shifted, rotated.z, 0.0F, 0.0F};
-    Punto3D vanishing{view_.FugaX, view_.OrizzonteZ, 0.0F, 0.0F};
-    Punto3D horizon{leftEnd, view_.OrizzonteZ, 0.0F, 0.0F};
+    Punto3D vanishing{view_.marker.FugaX, view_.marker.OrizzonteZ, 0.0F, 0.0F};
+    Punto3D horizon{leftEnd, view_.marker.OrizzonteZ, 0.0F, 0.0F};
     const Punto3D seen = IntersecaRette(point, copy, vanishing, horizon);
     return mappa(seen.x, seen.y);
   } catch (const RunTimeError&) {

@@ -112,14 +112,14 @@ void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
   curtain_.dipingi(scene.cells, view, colours, canvas);
   DisegnaTraiettoria(scene, view, notes, canvas);
-  if (view.MostraNord) DisegnaNordG(scene, view, path_, canvas);
-  if (view.MostraScalaColori) DisegnaScalaColori3D(colours, canvas);
-  if (view.MostraProfondita) {
+  if (view.layers.MostraNord) DisegnaNordG(scene, view, path_, canvas);
+  if (view.layers.MostraScalaColori) DisegnaScalaColori3D(colours, canvas);
+  if (view.layers.MostraProfondita) {
     DisegnaEchoSounder(scene, view, canvas);
   } else {
     DepthNonVisibile();
   }
-  if (view.MostraGPS2) {
+  if (view.layers.MostraGPS2) {
     DisegnaGPS(scene, view, notes, canvas);
   } else {
     GpsNonVisibile();
@@ -133,7 +133,7 @@ void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const
 void Renderer::DisegnaContorno(const Scene& scene, const ViewState& view, Canvas& canvas) {
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
   DisegnaAnelli(scene.outline, scene, view, path_, canvas, qbcolor::Green);
-  if (view.MostraNord) DisegnaNordG(scene, view, path_, canvas);
+  if (view.layers.MostraNord) DisegnaNordG(scene, view, path_, canvas);
 }
 
 void Renderer::DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& canvas) {
@@ -144,7 +144,7 @@ void Renderer::DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& c
 
 void Renderer::DisegnaTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes,
                                   Canvas& canvas) {
-  if (!view.MostraElettrodi) {
+  if (!view.layers.MostraElettrodi) {
     TraiettoriaNonVisibile();
     return;
   }

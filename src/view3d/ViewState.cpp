@@ -28,9 +28,10 @@ void AzzeraVista(ViewState& view) {
   view.AngoloVista = Pi / 2;
   view.AngoloPhi = view.AngoloGamma = 0.0;
   view.ZoomFattore = 1.0F;
-  view.LogZoom0 = 0.0F;
-  view.MostraGPS2 = view.MostraNord = view.MostraScalaColori = view.MostraProfondita = view.MostraTraslazione = false;
-  view.MostraElettrodi = true;
+  view.drag.LogZoom0 = 0.0F;
+  const bool info = view.layers.MostraInfo;
+  view.layers = Layers{};
+  view.layers.MostraInfo = info;
 }
 
 void ImpostaFinestra(ViewState& view, const TrackExtent& extent) {
@@ -44,8 +45,8 @@ void ImpostaFinestra(ViewState& view, const TrackExtent& extent) {
   const ViewWindow<double>& base = view.FinestraBase;
   view.FinestraIniziale = {SingoloOppure(base.xmin, 0.0F), SingoloOppure(base.xmax, 0.0F),
                            SingoloOppure(base.zmin, 0.0F), SingoloOppure(base.zmax, 0.0F)};
-  view.OrizzonteMin = 0.0F;
-  view.OrizzonteMax = 0.01F;
+  view.marker.OrizzonteMin = 0.0F;
+  view.marker.OrizzonteMax = 0.01F;
   ImpostaProspettiva(view);
 }
 
@@ -64,39 +65,64 @@ void AggiornaZoom(ViewState& view) {
 void ImpostaProspettiva(ViewState& view) {
   const PixelArea& a = view.AreaPixel;
   const ViewWindow<float>& w = view.FinestraIniziale;
-  if (!view.marcatorePosto) {
-    view.MarcatoreX = UnitaMarcatore((static_cast<double>(a.left) + a.right) / 2.0, a.right);
-    view.MarcatoreY = UnitaMarcatore((static_cast<double>(a.top) + a.bottom) / 2.0, a.bottom);
+  if (!view.marker.posto) {
+    view.marker.MarcatoreX = UnitaMarcatore((static_cast<double>(a.left) + a.right) / 2.0, a.right);
+    view.marker.MarcatoreY = UnitaMarcatore((static_cast<double>(a.top) + a.bottom) / 2.0, a.bottom);
   }
-  const double qx = 4.0 * view.MarcatoreX - a.right;
-  const double qy = 4.0 * view.MarcatoreY - a.bottom;
-  const double range = static_cast<double>(view.OrizzonteMax) - view.OrizzonteMin;
+  const double qx = 4.0 * view.marker.MarcatoreX - a.right;
+  const double qy = 4.0 * view.marker.MarcatoreY - a.bottom;
+  const double range = static_cast<double>(view.marker.OrizzonteMax) - view.marker.OrizzonteMin;
   const double span = static_cast<double>(w.xmax) - w.xmin;
-  view.OrizzonteZ = SingoloOppure(view.OrizzonteMin + range * (qy - a.top) / a.height(), view.OrizzonteZ);
-  view.FugaX = SingoloOppure(w.xmin + span * (qx - a.left) / a.width(), view.FugaX);
-  view.DistanzaFuga = SingoloOppure(static_cast<double>(view.FugaX) - w.xmin, view.DistanzaFuga);
+  view.marker.OrizzonteZ =
+      SingoloOppure(view.marker.OrizzonteMin + range * (qy - a.top) / a.height(), view.marker.OrizzonteZ);
+  view.marker.FugaX = SingoloOppure(w.xmin + span * (qx - a.left) / a.width(), view.marker.FugaX);
+  view.marker.DistanzaFuga = SingoloOppure(static_cast<double>(view.marker.FugaX) - w.xmin, view.marker.DistanzaFuga);
+}
+
+void AdattaArea(ViewState& view, const PixelArea& area, const TrackExtent& extent) {
+  const PixelArea before = view.AreaPixel;
+  const ViewWindow<double>& base = view.FinestraBase;
+  const bool seen = base.xmax > base.xmin && before.width() > 0.0 && before.height() > 0.0;
+  const double east = (base.xmin + base.xmax) / 2.0 - view.CentroVista.x;
+  const double down = (base.zmin + base.zmax) / 2.0 - view.CentroVista.z;
+  ViewMarker& marker = view.marker;
+  const double acrossMarker = (4.0 * marker.MarcatoreX - before.right - before.left) / before.width();
+  const double downMarker = (4.0 * marker.MarcatoreY - before.bottom - before.top) / before.height();
+  view.AreaPixel = area;
+  if (marker.posto && seen) {
+    marker.MarcatoreX = UnitaMarcatore(area.left + acrossMarker * area.width(), area.right);
+    marker.MarcatoreY = UnitaMarcatore(area.top + downMarker * area.height(), area.bottom);
+  }
+  ImpostaFinestra(view, extent);
+  if (seen) SpostaBase(view, view.FinestraBase, east, down);
+  AggiornaZoom(view);
+}
+
+void SpostaBase(ViewState& view, const ViewWindow<double>& from, double east, double down) {
+  view.FinestraBase = {from.xmin + east, from.xmax + east, from.zmin + down, from.zmax + down};
 }
 
 void CalcolaThetaPhi(ViewState& view, DragAxis axis, const FreeAngles& free) {
   if (axis == DragAxis::None) return;
   const PixelArea& a = view.AreaPixel;
   if (axis == DragAxis::Theta && free.theta) {  // edges reversed: dragging upwards increases theta
-    Assegna(view.AngoloVista,
-            view.AngoloVista0 + Angolo(view.YNow, a.bottom, a.top) - Angolo(view.YDown, a.bottom, a.top));
+    Assegna(view.AngoloVista, view.drag.AngoloVista0 + Angolo(view.drag.YNow, a.bottom, a.top) -
+                                  Angolo(view.drag.YDown, a.bottom, a.top));
   }
   if (axis == DragAxis::Gamma && free.gamma) {
-    Assegna(view.AngoloGamma,
-            view.AngoloGamma0 + Angolo(view.YNow, a.top, a.bottom) - Angolo(view.YDown, a.top, a.bottom));
+    Assegna(view.AngoloGamma, view.drag.AngoloGamma0 + Angolo(view.drag.YNow, a.top, a.bottom) -
+                                  Angolo(view.drag.YDown, a.top, a.bottom));
   }
   if (free.phi) {
-    Assegna(view.AngoloPhi, view.AngoloPhi0 + Angolo(view.XNow, a.left, a.right) - Angolo(view.XDown, a.left, a.right));
+    Assegna(view.AngoloPhi,
+            view.drag.AngoloPhi0 + Angolo(view.drag.XNow, a.left, a.right) - Angolo(view.drag.XDown, a.left, a.right));
   }
 }
 
 void CalcolaZoom(ViewState& view) {
-  const double a = Altezza(view.YZoomDown, view.AreaPixel);
-  const double b = Altezza(view.YZoomNow, view.AreaPixel);
-  const float zoom = SingoloOppure(std::pow(10.0, b + view.LogZoom0 - a), 0.0F);
+  const double a = Altezza(view.drag.YZoomDown, view.AreaPixel);
+  const double b = Altezza(view.drag.YZoomNow, view.AreaPixel);
+  const float zoom = SingoloOppure(std::pow(10.0, b + view.drag.LogZoom0 - a), 0.0F);
   if (zoom > 0.0F) view.ZoomFattore = zoom;
 }
 

@@ -7,6 +7,7 @@
 #include "picture/Pixels.h"
 #include "survey/Punto3D.h"
 #include "survey/Survey.h"
+#include "view3d/Layers.h"
 
 namespace corvan {
 
@@ -18,16 +19,31 @@ struct ViewWindow {
 
 enum class Projection { Orthographic, Perspective };
 
+/// What the mouse dragged and from where.
+struct ViewDrag {
+  double AngoloVista0 = Pi / 2, AngoloPhi0 = 0, AngoloGamma0 = 0;  ///< the angles when the drag began, rad
+  float XDown = 0, XNow = 0, YDown = 0, YNow = 0;                  ///< where it began and where the mouse is, pixels
+  std::int32_t YZoomDown = 0, YZoomNow = 0;                        ///< the same of a zoom drag
+  float LogZoom0 = 0;                                              ///< the zoom's decimal logarithm when it began
+  ViewWindow<double> base;                                         ///< FinestraBase when it began
+};
+
+/// The perspective marker and the vanishing point that it gives.
+struct ViewMarker {
+  double MarcatoreX = 0, MarcatoreY = 0;  ///< the marker in its own units, see UnitaMarcatore
+  bool posto = false;                     ///< the user has placed it
+  float FugaX = 0;                        ///< vanishing point, m
+  float OrizzonteZ = 0;                   ///< height of the horizon, m
+  float DistanzaFuga = 0;                 ///< from the left edge of FinestraIniziale to the vanishing point, m
+  float OrizzonteMin = 0, OrizzonteMax = 0.01F;
+};
+
 struct ViewState {
   double AngoloVista = Pi / 2;  ///< theta, about the X axis, rad; pi/2 is the map view
   double AngoloPhi = 0;         ///< phi, about the Z axis, rad
   double AngoloGamma = 0;       ///< gamma, about the Y axis, rad
-  double AngoloVista0 = Pi / 2, AngoloPhi0 = 0, AngoloGamma0 = 0;  ///< the same when a drag began
-
-  float XDown = 0, XNow = 0, YDown = 0, YNow = 0;  ///< where a drag began and where the mouse is, pixels
-  std::int32_t YZoomDown = 0, YZoomNow = 0;        ///< the same of a zoom drag
-  float ZoomFattore = 1;                           ///< a larger one shows more of the survey
-  float LogZoom0 = 0;                              ///< its decimal logarithm when a zoom drag began
+  float ZoomFattore = 1;        ///< a larger one shows more of the survey
+  Projection projection = Projection::Orthographic;
 
   Punto3D CentroVista;                 ///< centre of rotation: the scene's origin
   float Lato = 0.01F;                  ///< L: the survey's larger extent, m
@@ -36,20 +52,9 @@ struct ViewState {
   ViewWindow<float> Finestra;          ///< at the current zoom
   PixelArea AreaPixel{0, 1280, 0, 800};
 
-  Projection projection = Projection::Orthographic;
-  float FugaX = 0;         ///< vanishing point, m
-  float OrizzonteZ = 0;    ///< height of the horizon, m
-  float DistanzaFuga = 0;  ///< from the left edge of FinestraIniziale to the vanishing point, m
-  float OrizzonteMin = 0, OrizzonteMax = 0.01F;
-  double MarcatoreX = 0, MarcatoreY = 0;  ///< the perspective marker in its own units
-  bool marcatorePosto = false;            ///< the user has placed it
-
-  bool MostraTraslazione = false;
-  bool MostraElettrodi = true;
-  bool MostraGPS2 = false;
-  bool MostraNord = false;
-  bool MostraScalaColori = false;
-  bool MostraProfondita = false;
+  ViewDrag drag;
+  ViewMarker marker;
+  Layers layers;
 };
 
 /// Angles, zoom and layers back to those of the start; window, drawing area and projection stay.
@@ -62,6 +67,12 @@ void ImpostaFinestra(ViewState& view, const TrackExtent& extent);
 /// The window at the current zoom. Its lower edge lies 1.2 times as far from the middle as the upper one, which leaves
 /// a band free at the bottom of the picture.
 void AggiornaZoom(ViewState& view);
+
+/// The window at zoom 1, laid elsewhere by so many metres of the picture's plane.
+void SpostaBase(ViewState& view, const ViewWindow<double>& from, double east, double down);
+
+/// The picture has another size: what stood in its middle stays there, and the marker keeps its share of the picture.
+void AdattaArea(ViewState& view, const PixelArea& area, const TrackExtent& extent);
 
 /// The vanishing point from the perspective marker's end point (X1, Y1), which counts quarter pixels from the far
 /// edges: see UnitaMarcatore. Without a marker placed by the user it is that of one in the middle of the picture.

@@ -72,7 +72,7 @@ TEST(Shortcuts, EachDoTheirOwnItem) {
   Window w;
   w.readPlan();
   w.window.leggiTraccia(QString::fromStdString(w.folder.write("track.csv", Track).string()));
-  w.dialogs.answers = {{"UTM Zone n. ", {"31"}}, {"Scale (Min; Max)", {"2;7"}}};
+  w.dialogs.answers = {{Question::UtmZone, {"31"}}, {Question::ColourRange, {"2;7"}}, {Question::ClockOffset, {"0"}}};
   const struct {
     const char *keys, *changes;
   } items[] = {{"F2", "SHelectrodes=0 electrodes=0 picture"},
@@ -86,7 +86,7 @@ TEST(Shortcuts, EachDoTheirOwnItem) {
                {"F8", "FrameDataMove=1 FrameDepthMove=1 SHtranslation=1 translation=1"},
                {"Ctrl+R", "max=7 min=2 question=Scale (Min; Max) picture"},
                {"Ctrl+K", "question=Set String"},
-               {"Ctrl+L", "SH2ndGps=0 track=0 picture"},
+               {"Ctrl+L", "SH2ndGps=0 question=Seconds to add to the instrument's clock track=0 picture"},
                {"Ctrl+2", "FrameExtrema=1"},
                {"Ctrl+O", "FrameFileIn=1"},
                {"Ctrl+S", "BinChk=1 FrameFileOut=1"},
@@ -120,11 +120,11 @@ TEST(LinkByPosition, IsItsOwnItem) {
   w.window.leggiTraccia(QString::fromStdString(w.folder.write("track.csv", Track).string()));
   EXPECT_EQ(w.changes([&] { w.choose("LinkToGPSP"); }),
             "message=You must define two connection before link data and gps");
-  w.dialogs.answers = {{"Connection 1 (Data <--> GPS", {"1"}}, {"Connection 2 (Data <--> GPS", {"3"}}};
+  w.dialogs.answers[Question::Connection] = {"1", "3"};
   for (const std::size_t k : {1U, 5U}) QTest::mouseClick(w.picture(), Qt::RightButton, Qt::ShiftModifier, w.place(k));
   EXPECT_EQ(w.changes([&] { w.choose("LinkToGPSP"); }), "picture") << "the track stays shown";
-  EXPECT_NEAR(w.session().survey().Misure(1).UTMy, 5030003, 1e-6);
-  EXPECT_NEAR(w.session().survey().Misure(5).UTMx, 500008, 1e-6);
+  EXPECT_NEAR(w.session().survey.dati().Misure(1).UTMy, 5030003, 1e-6);
+  EXPECT_NEAR(w.session().survey.dati().Misure(5).UTMx, 500008, 1e-6);
 }
 
 TEST(RealBoxes, GiveWhatWasTypedAndNothingWhenGivenUp) {
@@ -190,6 +190,7 @@ TEST(RealBoxes, OfTheOffsetsReachTheFileWritten) {
   w.enter("E2txt", "5");
   for (const auto& c : cases) {
     w.key("Ctrl+S");
+    std::filesystem::remove(w.folder / "FileOut.bin");
     Hand hand({c.cable, c.echo});
     w.press("SaveOutCmd");
     EXPECT_EQ(hand.titles, (std::vector<std::string>{"Set Cable Offset Value ", "Set EchoSounder Offset Value "}));

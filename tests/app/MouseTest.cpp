@@ -16,14 +16,14 @@ TEST(Extremes, ArePickedByClickAndByEnterAndClearedByTheThirdClick) {
   EXPECT_EQ(w.text("E1Txt"), "3");
   EXPECT_EQ(w.label("PrimoLbl").substr(0, 15), "File.survey.bin");
   w.enter("E2txt", "9");
-  EXPECT_EQ(w.session().StatoSelezione(), 2);
+  EXPECT_EQ(w.session().selection.StatoSelezione(), 2);
   EXPECT_EQ(w.text("E2txt"), "9");
   QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.place(5));
-  EXPECT_EQ(w.session().StatoSelezione(), 0);
+  EXPECT_EQ(w.session().selection.StatoSelezione(), 0);
   EXPECT_EQ(w.text("E1Txt"), "");
   EXPECT_EQ(w.label("SecondoLbl"), "");
   w.enter("E1Txt", "77");
-  EXPECT_EQ(w.session().StatoSelezione(), 0) << "no such measurement";
+  EXPECT_EQ(w.session().selection.StatoSelezione(), 0) << "no such measurement";
 }
 
 TEST(Cable, IsShownWhileTheRightButtonIsHeld) {
@@ -32,12 +32,12 @@ TEST(Cable, IsShownWhileTheRightButtonIsHeld) {
   const QPoint at = w.place(6);
   const QImage before = w.picture()->picture().copy();
   QTest::mousePress(w.picture(), Qt::RightButton, {}, at);
-  EXPECT_EQ(w.session().scene().cable.size(), 13U);
+  EXPECT_EQ(w.session().view.picture().scene().cable.size(), 13U);
   EXPECT_NE(w.picture()->picture(), before);
   QTest::mouseRelease(w.picture(), Qt::RightButton, {}, at);
-  EXPECT_EQ(w.session().scene().cable.size(), 0U);
+  EXPECT_EQ(w.session().view.picture().scene().cable.size(), 0U);
   EXPECT_EQ(w.picture()->picture(), before);
-  EXPECT_EQ(w.session().view().ZoomFattore, 1.0F);
+  EXPECT_EQ(w.session().view.state().ZoomFattore, 1.0F);
 }
 
 TEST(Drags, ZoomAHundredTimesFromTopToBottom) {
@@ -45,29 +45,29 @@ TEST(Drags, ZoomAHundredTimesFromTopToBottom) {
   w.readFirings(5);
   const double height = w.picture()->height();
   w.drag(Qt::RightButton, {}, {20, 100}, {20, 300});
-  EXPECT_NEAR(w.session().view().ZoomFattore, std::pow(10.0, 400.0 / height), 1e-4);
+  EXPECT_NEAR(w.session().view.state().ZoomFattore, std::pow(10.0, 400.0 / height), 1e-4);
   EXPECT_NE(w.text("Zoomtxt"), "1.");
   w.press("TopViewCmd");
-  EXPECT_EQ(w.session().view().ZoomFattore, 1.0F);
+  EXPECT_EQ(w.session().view.state().ZoomFattore, 1.0F);
 }
 
 TEST(Drags, WithControlMoveTheWindow) {
   Window w;
   w.readFirings(5);
-  const ViewState before = w.session().view();
-  const double width = w.picture()->width();
+  const ViewState before = w.session().view.state();
+  const double metres = (static_cast<double>(before.Finestra.xmax) - before.Finestra.xmin) / w.picture()->width();
   QTest::mousePress(w.picture(), Qt::LeftButton, Qt::ControlModifier, {20, 100});
   EXPECT_EQ(w.picture()->cursor().shape(), Qt::SizeAllCursor);
   w.point({70, 100}, Qt::LeftButton, Qt::ControlModifier);
   QTest::mousePress(w.picture(), Qt::RightButton, {}, {70, 100});
   QTest::mouseRelease(w.picture(), Qt::RightButton, {}, {70, 100});
-  EXPECT_EQ(w.session().dragging(), Dragging::Move) << "the other button takes nothing over";
+  EXPECT_EQ(w.session().mouse.dragging(), Dragging::Move) << "the other button takes nothing over";
   QTest::mouseRelease(w.picture(), Qt::LeftButton, Qt::ControlModifier, {70, 100});
   EXPECT_EQ(w.picture()->cursor().shape(), Qt::CrossCursor);
-  EXPECT_NEAR(w.session().view().FinestraBase.xmin, before.FinestraBase.xmin - 50 * before.Lato / width, 1e-6);
-  EXPECT_EQ(w.session().view().AngoloPhi, 0);
+  EXPECT_NEAR(w.session().view.state().FinestraBase.xmin, before.FinestraBase.xmin - 50 * metres, 1e-4);
+  EXPECT_EQ(w.session().view.state().AngoloPhi, 0);
   w.press("ResCmd");
-  EXPECT_EQ(w.session().view().FinestraBase.xmin, before.FinestraBase.xmin);
+  EXPECT_EQ(w.session().view.state().FinestraBase.xmin, before.FinestraBase.xmin);
 }
 
 TEST(Drags, WithShiftPlaceTheVanishingPointInPerspective) {
@@ -76,9 +76,9 @@ TEST(Drags, WithShiftPlaceTheVanishingPointInPerspective) {
   w.get<QRadioButton>("Popt")->click();
   const QImage before = w.picture()->picture().copy();
   w.drag(Qt::LeftButton, Qt::ShiftModifier, {20, 100}, {50, 200});
-  const ViewState& view = w.session().view();
+  const ViewState& view = w.session().view.state();
   const ViewWindow<float>& window = view.FinestraIniziale;
-  EXPECT_NEAR(view.FugaX, window.xmin + (window.xmax - window.xmin) * 50.0 / w.picture()->width(), 1e-3);
+  EXPECT_NEAR(view.marker.FugaX, window.xmin + (window.xmax - window.xmin) * 50.0 / w.picture()->width(), 1e-3);
   EXPECT_NE(w.picture()->picture(), before);
   EXPECT_EQ(view.AngoloVista, Pi / 2);
   w.get<QRadioButton>("Mopt")->click();
@@ -107,11 +107,11 @@ TEST(Depth, IsCorrectedOnDoubleClick) {
   const QPoint at = w.place(3);  // from above a point of the bottom lies under its measurement
   w.dialogs.messageAnswer = Answer::Cancel;
   QTest::mouseDClick(w.picture(), Qt::LeftButton, {}, at);
-  EXPECT_EQ(w.session().survey().Misure(3).Val12, 40);
+  EXPECT_EQ(w.session().survey.dati().Misure(3).Val12, 40);
   w.dialogs.messageAnswer = Answer::Ok;
   QTest::mouseDClick(w.picture(), Qt::LeftButton, {}, at);
-  EXPECT_EQ(w.session().survey().Misure(3).Val12, 4);
-  EXPECT_EQ(w.dialogs.messages.at(0).text, "Correct Depth Value?");
+  EXPECT_EQ(w.session().survey.dati().Misure(3).Val12, 4);
+  EXPECT_EQ(w.dialogs.messages.at(0).prompt, "Correct Depth Value?");
 }
 
 }  // namespace

@@ -99,7 +99,7 @@ TEST(Pointer, TellsBottomAndTrackWhileTheyAreShown) {
   EXPECT_EQ(Point(w, fourth), "");
   EXPECT_EQ(w.changes([&] { QTest::mouseClick(w.picture(), Qt::LeftButton, {}, fourth); }), "") << "takes no press";
   QTest::mousePress(w.picture(), Qt::RightButton, {}, fourth);
-  EXPECT_EQ(w.session().dragging(), Dragging::Zoom) << "no cable of a hidden measurement";
+  EXPECT_EQ(w.session().mouse.dragging(), Dragging::Zoom) << "no cable of a hidden measurement";
   QTest::mouseRelease(w.picture(), Qt::RightButton, {}, fourth);
   w.key("F3");
   EXPECT_EQ(w.changes([&] { QTest::mouseClick(w.picture(), Qt::LeftButton, {}, second); }), "");
@@ -142,19 +142,9 @@ TEST(Pointer, DragsShowTheirReadOutsAndTheVanishingPoint) {
   EXPECT_TRUE(red(60, 30) && red(300, 200)) << "the lines cross where the pointer is";
   EXPECT_FALSE(red(50, 30) || red(300, 300));
   QTest::mouseRelease(w.picture(), Qt::LeftButton, Qt::ShiftModifier, {60, 200});
-  const ViewState& view = w.session().view();
+  const ViewState& view = w.session().view.state();
   const ViewWindow<float>& first = view.FinestraIniziale;
-  EXPECT_NEAR(view.FugaX, first.xmin + (first.xmax - first.xmin) * 60.0 / w.picture()->width(), 0.02);
-}
-
-TEST(Pointer, TellsTheElectrodesOfTheCableHeld) {
-  Window w;
-  w.readPlan();
-  const QPoint fifth = w.pixel(4, 3);
-  QTest::mousePress(w.picture(), Qt::RightButton, {}, fifth);
-  EXPECT_EQ(Tip(w, fifth).substr(0, 12), " Electrode: ");
-  QTest::mouseRelease(w.picture(), Qt::RightButton, {}, fifth);
-  EXPECT_EQ(Tip(w, fifth).substr(0, 13), "File.plan.bin");
+  EXPECT_NEAR(view.marker.FugaX, first.xmin + (first.xmax - first.xmin) * 60.0 / w.picture()->width(), 0.02);
 }
 
 }  // namespace

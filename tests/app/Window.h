@@ -70,7 +70,10 @@ struct Window {
   void choose(const char* menuItem) const { get<QAction>(menuItem)->trigger(); }
   void enter(const char* box, const char* text) const {
     auto* edit = get<QLineEdit>(box);
-    edit->setText(text);
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Delete);
+    QTest::keyClicks(edit, text);
     QTest::keyClick(edit, Qt::Key_Return);
   }
   std::string text(const char* box) const { return get<QLineEdit>(box)->text().toStdString(); }
@@ -126,14 +129,14 @@ struct Window {
   CoordPic* picture() const { return static_cast<CoordPic*>(get<QWidget>("CoordPic")); }
   /// Where a place on the water is seen from above. @param east,north m from the middle of the survey
   QPoint pixel(double east, double north) {
-    const ViewWindow<float>& seen = session().view().Finestra;
+    const ViewWindow<float>& seen = session().view.state().Finestra;
     const double x = (east - seen.xmin) / (static_cast<double>(seen.xmax) - seen.xmin) * picture()->width();
     const double y = (-north - seen.zmin) / (static_cast<double>(seen.zmax) - seen.zmin) * picture()->height();
     return {static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y))};
   }
   /// Where a measurement is seen from above.
   QPoint place(std::size_t measurement) {
-    const Survey& survey = session().survey();
+    const Survey& survey = session().survey.dati();
     const Misura& m = survey.Misure(measurement);
     return pixel(m.UTMx - survey.traccia.CentroX, m.UTMy - survey.traccia.CentroY);
   }
@@ -165,28 +168,31 @@ struct Window {
       if (action->isCheckable()) put(action->objectName(), QString::number(action->isChecked()));
     }
     for (const char* name : {"PrimoLbl", "SecondoLbl"}) put(name, get<QLabel>(name)->text().section(" D.", -1));
-    const ViewState& view = session().view();
+    const ViewState& view = session().view.state();
     number("theta", InGradi(view.AngoloVista));
     number("phi", InGradi(view.AngoloPhi));
     number("gamma", InGradi(view.AngoloGamma));
     number("zoom", view.ZoomFattore);
     put("perspective", QString::number(view.projection == Projection::Perspective));
-    const std::pair<const char*, bool> layers[] = {
-        {"electrodes", view.MostraElettrodi},   {"track", view.MostraGPS2}, {"depths", view.MostraProfondita},
-        {"scale", view.MostraScalaColori},      {"north", view.MostraNord}, {"info", session().InfoLbl.Visible},
-        {"translation", view.MostraTraslazione}};
+    const std::pair<const char*, bool> layers[] = {{"electrodes", view.layers.MostraElettrodi},
+                                                   {"track", view.layers.MostraGPS2},
+                                                   {"depths", view.layers.MostraProfondita},
+                                                   {"scale", view.layers.MostraScalaColori},
+                                                   {"north", view.layers.MostraNord},
+                                                   {"info", session().view.state().layers.MostraInfo},
+                                                   {"translation", view.layers.MostraTraslazione}};
     for (const auto& [name, shown] : layers) put(name, QString::number(shown));
-    const Settings& settings = session().survey().settings;
+    const Settings& settings = session().survey.dati().settings;
     number("dataEast", settings.TraslDatiEst);
     number("dataNorth", settings.TraslDatiNord);
     number("depthEast", settings.TraslFondoEst);
     number("depthNorth", settings.TraslFondoNord);
     number("zone", settings.ZonaUTM);
-    number("min", session().colours().ScalaMin);
-    number("max", session().colours().ScalaMax);
-    put("outputs", QString::number(session().outputs().size()));
+    number("min", session().survey.colours().ScalaMin);
+    number("max", session().survey.colours().ScalaMax);
+    put("outputs", QString::number(session().exporter.outputs().size()));
     if (!dialogs.questions.empty()) put("question", QString::fromStdString(dialogs.questions.back().prompt));
-    if (!dialogs.messages.empty()) put("message", QString::fromStdString(dialogs.messages.back().text));
+    if (!dialogs.messages.empty()) put("message", QString::fromStdString(dialogs.messages.back().prompt));
     return all;
   }
   /// What an action changes: "name=value" of each, and "picture" where it was painted anew at the same size.

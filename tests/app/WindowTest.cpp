@@ -112,10 +112,10 @@ TEST_P(Reading, TheSampleTreatsItsLostFixes) {
   EXPECT_TRUE(w.shown("FrameFileIn"));
   w.get<QRadioButton>(GetParam().option)->click();
   w.readSample();
-  EXPECT_EQ(w.session().survey().NumMisure(), 438);
-  EXPECT_EQ(w.session().fixes().discarded, GetParam().discarded);
-  EXPECT_EQ(w.session().fixes().interpolated, GetParam().interpolated);
-  EXPECT_EQ(w.session().InfoLbl.Caption, GetParam().info);
+  EXPECT_EQ(w.session().survey.dati().NumMisure(), 438);
+  EXPECT_EQ(w.session().survey.fixes().discarded, GetParam().discarded);
+  EXPECT_EQ(w.session().survey.fixes().interpolated, GetParam().interpolated);
+  EXPECT_EQ(w.session().view.info(), GetParam().info);
   EXPECT_FALSE(w.shown("FrameFileIn")) << "hidden after reading";
   EXPECT_TRUE(w.get<QRadioButton>(GetParam().option)->isChecked()) << "the choice stays";
   EXPECT_EQ(w.text("E2txt"), "438");
@@ -133,14 +133,14 @@ TEST(FileList, ReadsOnDoubleClickAndNothingWithoutASelection) {
   Window w;
   w.select({});
   w.press("ConvertAsciiCmd");
-  EXPECT_EQ(w.session().FrameFileIn.Donelbl, "Read  0 meas.");
+  EXPECT_EQ(w.session().survey.FrameFileIn.Donelbl, "Read  0 meas.");
   EXPECT_EQ(w.label("StatusFiles"), "No survey");
   w.select({"lagoon_2.bin"});
   auto* list = w.get<QListWidget>("File1");
   QListWidgetItem* item = list->findItems("lagoon_2.bin", Qt::MatchExactly).at(0);
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
-  EXPECT_EQ(w.session().survey().files.size(), 1U);
+  EXPECT_EQ(w.session().survey.dati().files.size(), 1U);
 }
 
 TEST(DroppedFiles, AreReadAsIfSelected) {
@@ -152,8 +152,8 @@ TEST(DroppedFiles, AreReadAsIfSelected) {
   EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop(QPointF(300, 300), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&w.window, &drop);
-  ASSERT_EQ(w.session().survey().files.size(), 2U);
-  EXPECT_EQ(w.session().survey().files[0].path.filename(), "lagoon_1.bin");
+  ASSERT_EQ(w.session().survey.dati().files.size(), 2U);
+  EXPECT_EQ(w.session().survey.dati().files[0].path.filename(), "lagoon_1.bin");
 }
 
 TEST(ExternalTrack, IsShownConnectedAndLinked) {
@@ -163,18 +163,19 @@ TEST(ExternalTrack, IsShownConnectedAndLinked) {
   EXPECT_TRUE(w.get<QAction>("SH2ndGps")->isChecked());
   EXPECT_EQ(w.label("StatusFiles"), "2 files, 438 measurements, track of 795 fixes");
   w.choose("LinkToGPSP");
-  EXPECT_EQ(w.dialogs.messages.at(0).text, "You must define two connection before link data and gps");
-  w.dialogs.answers = {{"Connection 1 (Data <--> GPS", {"10"}}, {"Connection 2 (Data <--> GPS", {"290"}}};
+  EXPECT_EQ(w.dialogs.messages.at(0).prompt, "You must define two connection before link data and gps");
+  w.dialogs.answers[Question::Connection] = {"10", "290"};
   const std::size_t picked[] = {5, 215};
   for (const std::size_t measurement : picked) {
     QTest::mouseClick(w.picture(), Qt::RightButton, Qt::ShiftModifier, w.place(measurement));
   }
-  EXPECT_EQ(w.session().NumCollegamenti(), 2);
+  EXPECT_EQ(w.session().track.NumCollegamenti(), 2);
   w.choose("LinkToGPSP");
-  EXPECT_NEAR(w.session().survey().Misure(5).UTMx, w.session().survey().tracciaEst.PuntiGPSEst(10).X, 1e-6);
+  EXPECT_NEAR(w.session().survey.dati().Misure(5).UTMx, w.session().survey.dati().tracciaEst.PuntiGPSEst(10).X, 1e-6);
+  w.dialogs.answers[Question::ClockOffset] = {"0"};
   w.choose("LinkToGPST");
   EXPECT_FALSE(w.get<QAction>("SH2ndGps")->isChecked());
-  EXPECT_EQ(w.session().fixes().bad, 0U);
+  EXPECT_EQ(w.session().survey.fixes().bad, 0U);
 }
 
 TEST(ViewPanel, ShowsItselfNearTheEdgeWhenNotKeptOpen) {

@@ -99,7 +99,7 @@ TEST(Wiring, OfTheAnglesTicksHoldsTheirAngleInADrag) {
   Window w;
   w.readPlan();
   const auto degrees = [&] {
-    const ViewState& view = w.session().view();
+    const ViewState& view = w.session().view.state();
     return std::array{InGradi(view.AngoloVista), InGradi(view.AngoloPhi), InGradi(view.AngoloGamma)};
   };
   const double phi = 100 * 360.0 / w.picture()->width(), up = 40 * 360.0 / w.picture()->height();
@@ -146,10 +146,10 @@ TEST(Wiring, OfTheFormatsListChangesWhatIsRead) {
     w.chooseFormat(Qt::Key_Down, c.entry);
     EXPECT_EQ(w.get<QComboBox>("LatLonCmbx")->currentText(), c.name);
     w.window.leggi({QString::fromStdString(w.folder.write("one.bin", test::SyscalFile(records)).string())});
-    const Misura& m = w.session().survey().Misure(1);
+    const Misura& m = w.session().survey.dati().Misure(1);
     EXPECT_NEAR(m.UTMx, c.east, 0.5) << c.name;
     EXPECT_NEAR(m.UTMy, c.north, 0.5) << c.name;
-    EXPECT_EQ(w.session().survey().settings.ZonaUTM, c.zone) << c.name;
+    EXPECT_EQ(w.session().survey.dati().settings.ZonaUTM, c.zone) << c.name;
     EXPECT_EQ(w.get<QComboBox>("LatLonCmbx")->currentText(), c.name) << "stays";
   }
 }
@@ -173,9 +173,9 @@ TEST(Wiring, OfFiltersAndPastGapsDecidesWhatAHoleBecomes) {
     w.tick(c.option);
     w.tick("PastGapsChk", c.pastGaps);
     w.window.leggi({file});
-    EXPECT_EQ(w.session().survey().NumMisure(), c.read) << c.option << c.pastGaps;
-    EXPECT_EQ(w.session().fixes().discarded, static_cast<std::size_t>(c.discarded)) << c.option;
-    EXPECT_EQ(w.session().fixes().interpolated, static_cast<std::size_t>(c.interpolated)) << c.option;
+    EXPECT_EQ(w.session().survey.dati().NumMisure(), c.read) << c.option << c.pastGaps;
+    EXPECT_EQ(w.session().survey.fixes().discarded, static_cast<std::size_t>(c.discarded)) << c.option;
+    EXPECT_EQ(w.session().survey.fixes().interpolated, static_cast<std::size_t>(c.interpolated)) << c.option;
   }
 }
 
@@ -205,9 +205,9 @@ TEST(Wiring, OfVolumesFoldersAndFiles) {
   QTest::mouseClick(files->viewport(), Qt::LeftButton, {}, middle(files, 2));
   QTest::mouseClick(files->viewport(), Qt::LeftButton, Qt::ControlModifier, middle(files, 0));
   QTest::keyClick(files, Qt::Key_Return);
-  ASSERT_EQ(w.session().survey().files.size(), 2U);
-  EXPECT_EQ(w.session().survey().files[0].path.filename(), "a.bin") << "in the list's order";
-  EXPECT_EQ(w.session().survey().files[1].path.filename(), "c.bin");
+  ASSERT_EQ(w.session().survey.dati().files.size(), 2U);
+  EXPECT_EQ(w.session().survey.dati().files[0].path.filename(), "a.bin") << "in the list's order";
+  EXPECT_EQ(w.session().survey.dati().files[1].path.filename(), "c.bin");
   EXPECT_EQ(w.changes([&] { w.key("Ctrl+O"); }), "FrameFileIn=1");
   EXPECT_EQ(w.label("Donelbl"), "Read  10 meas.");
   Do(w, {"CancCmd", nullptr, "FrameFileIn=0"});
@@ -245,9 +245,7 @@ TEST(Wiring, OfTheOutputTicksDecidesWhichFilesAppearAndWhatTheyHold) {
     auto* box = w.get<QLineEdit>("FileOutTxt");
     box->selectAll();
     QTest::keyClicks(box, QString::fromStdString(root));
-    w.dialogs.answers = {{"Distance of the first floating Electrode from Syscal", {"7.5"}},
-                         {"Distance of EchoSounder from Syscal", {"0"}},
-                         {"Add vertical offset [m]", {"0"}}};
+    w.dialogs.answers = {{Question::CableOffset, {"7.5"}}, {Question::EchoOffset, {"0"}}, {Question::KmlOffset, {"0"}}};
     w.press("SaveOutCmd");
     EXPECT_FALSE(w.shown("FrameFileOut"));
     Files found;

@@ -138,9 +138,9 @@ TEST(Rejections, ShowTheirMessageAndFallBack) {
   EXPECT_EQ(geo.LatLonFormat(), "");
   EXPECT_EQ(geo.Lat(), "");
   ASSERT_EQ(dialogs.messages.size(), 2U);
-  EXPECT_EQ(dialogs.messages[0].text, "Wrong Datum Name");
+  EXPECT_EQ(dialogs.messages[0].prompt, "Wrong Datum Name");
   EXPECT_EQ(dialogs.messages[0].title, "");
-  EXPECT_EQ(dialogs.messages[1].text, "Only DMMSS DMM.MMM D.DDDD formats allowed");
+  EXPECT_EQ(dialogs.messages[1].prompt, "Only DMMSS DMM.MMM D.DDDD formats allowed");
   EXPECT_EQ(dialogs.messages[1].title, "Warning");
 }
 

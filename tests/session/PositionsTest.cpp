@@ -41,12 +41,12 @@ struct Fixture : test::SessionFixture {
   std::filesystem::path line(const std::vector<RecordValues>& records, const char* name = "line.bin") const {
     return folder.write(name, SyscalFile(records));
   }
-  void track(const std::string& content) { session.LeggiGPSEsterno(folder.write("track.csv", content)); }
+  void track(const std::string& content) { session.leggiTraccia(folder.write("track.csv", content)); }
   void zone(const char* answer) {
-    dialogs.answers["UTM Zone n. "] = {answer};
-    session.SetUtmZone_Click();
+    dialogs.answers[Question::UtmZone] = {answer};
+    press("SetUtmZone_Click");
   }
-  const PuntoGPSEst& fix(std::size_t k) const { return session.survey().tracciaEst.PuntiGPSEst(k); }
+  const PuntoGPSEst& fix(std::size_t k) const { return session.survey.dati().tracciaEst.PuntiGPSEst(k); }
   bool says(const std::string& words) const {
     for (const Finding& finding : session.findings().entries()) {
       if (finding.reason.find(words) != std::string::npos) return true;
@@ -61,8 +61,8 @@ TEST(TableTracks, LieOnTheGridOfTheSurveyWhicheverCameFirst) {
     if (trackFirst) f.track(Table(10));
     f.read({f.line(Line())});
     if (!trackFirst) f.track(Table(10));
-    f.session.LinkDataGPST();
-    EXPECT_EQ(f.session.survey().settings.ZonaUTM, 33);
+    f.session.collegaPerTempo(0);
+    EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 33);
     EXPECT_EQ(f.m(1).UTMx, 288652.25) << trackFirst;
     EXPECT_EQ(f.m(10).UTMy, 5030933.5 + 27) << trackFirst;
     EXPECT_EQ(f.m(4).Val12, 5.5F);
@@ -77,13 +77,13 @@ TEST(TableTracks, StandWithUtmFilesWhoseZoneIsStatedLater) {
     records[k].north = 5030933.5F + static_cast<float>(k / 2);
     records[k].east = 288650.0F;
   }
-  f.session.FrameFileIn.LatLonCmbx = CoordinateEntry::UTM;
+  f.session.survey.FrameFileIn.LatLonCmbx = CoordinateEntry::UTM;
   f.read({f.line(records)});
   EXPECT_TRUE(f.says("zone 32 is assumed"));
   f.track(Table(10));
   f.zone("33");
   EXPECT_FALSE(f.says("is assumed")) << "once it is stated";
-  f.session.LinkDataGPST();
+  f.session.collegaPerTempo(0);
   EXPECT_EQ(f.m(1).UTMx, 288652.25);
   EXPECT_NEAR(f.m(1).Lon, 1217.97, 0.05);
   f.zone("34");
@@ -99,15 +99,16 @@ TEST(Zones, ChangeForTrackAndLinkedMeasurementsAlikeAndComeBackToTheBit) {
   for (std::size_t k = 16; k < 20; ++k) records[k].time = std::nan("");  // 9 and 10 keep their own positions
   f.read({f.line(records)});
   f.track(Table(8));
-  f.session.LinkDataGPST();
-  const double length = f.session.survey().traccia.Lunghezza;
+  f.session.collegaPerTempo(0);
+  const double length = f.session.survey.dati().traccia.Lunghezza;
   std::vector<double> before;
   for (std::size_t k = 1; k <= 10; ++k) before.insert(before.end(), {f.m(k).UTMx, f.m(k).UTMy, f.m(k).Lat, f.m(k).Lon});
   const double trackX = f.fix(3).X;
   f.zone("32");
   EXPECT_NEAR(f.m(1).UTMx, 758239.38, 6);  // cs2cs
   EXPECT_NEAR(f.fix(1).X, 758239.38, 6);
-  EXPECT_NEAR(f.session.survey().traccia.Lunghezza, length, 0.02 * length + 12) << "metres of the way back, not 940 km";
+  EXPECT_NEAR(f.session.survey.dati().traccia.Lunghezza, length, 0.02 * length + 12)
+      << "metres of the way back, not 940 km";
   f.zone("33");
   std::vector<double> after;
   for (std::size_t k = 1; k <= 10; ++k) after.insert(after.end(), {f.m(k).UTMx, f.m(k).UTMy, f.m(k).Lat, f.m(k).Lon});
@@ -121,17 +122,17 @@ TEST(Interpolated, BesideLinkedPositionsAreWrittenWhereTheyStand) {
   auto records = Line();
   for (const std::size_t k : {8U, 9U, 10U, 11U}) records[k].north = records[k].east = 0;  // 5 and 6
   for (std::size_t k = 8; k < 20; ++k) records[k].time = std::nan("");
-  f.session.FrameFileIn.pastGaps = f.session.FrameFileIn.Option3 = true;
-  f.session.FrameFileIn.Option1 = false;
+  f.session.survey.FrameFileIn.pastGaps = true;
+  f.session.survey.FrameFileIn.filter = BadGps::Interpolate;
   f.read({f.line(records)});
   f.track(Table(4));
-  f.session.LinkDataGPST();
+  f.session.collegaPerTempo(0);
   const double x = f.m(5).UTMx, y = f.m(5).UTMy;
   EXPECT_NEAR(x, f.m(4).UTMx + (f.m(7).UTMx - f.m(4).UTMx) / 3, 1e-6);
-  f.session.FrameFileOut.TxtChk = true;
-  f.session.ptlbl_Click(1);
-  f.session.ptlbl_Click(10);
-  f.session.SalvaEstrattoFile();
+  f.session.exporter.FrameFileOut.TxtChk = true;
+  f.session.selection.scegli(1);
+  f.session.selection.scegli(10);
+  f.session.salvaEstratto(f.session.exporter.FrameFileOut);
   EXPECT_EQ(f.m(5).UTMx, x);
   EXPECT_EQ(f.m(5).UTMy, y);
   const std::string line = test::CrLfLines(f.output(".txt")).at(41);
@@ -149,11 +150,10 @@ TEST(Hemispheres, AreThoseOfTheFirstPositionAsReadWhateverIsLinked) {
   f.read({f.line(records)});
   EXPECT_NEAR(f.m(10).UTMy, 1e7 + 74, 1) << "0.04 minutes north on the southern grid";
   f.track(Table(3, 288652.25, 9999950));  // covers the southern ones only
-  f.dialogs.answers["Connection 1 (Data <--> GPS"] = {"1"};
-  f.dialogs.answers["Connection 2 (Data <--> GPS"] = {"3"};
-  f.session.ptlbl_Collega(1);
-  f.session.ptlbl_Collega(3);
-  f.session.LinkDataGPSP();
+  f.dialogs.answers[Question::Connection] = {"1", "3"};
+  f.session.track.chiediConnessione(1);
+  f.session.track.chiediConnessione(3);
+  f.session.collegaPerPosizione();
   EXPECT_EQ(f.m(1).UTMy, 9999950);
   EXPECT_NEAR(f.m(10).UTMy, 1e7 + 74, 1) << "the rest did not jump to the other grid";
 }
@@ -167,7 +167,7 @@ TEST(TracksWithoutDepths, LeaveTheSurveysDepths) {
     table.replace(depth, end - depth, " ");
   }
   f.track(table);
-  f.session.LinkDataGPST();
+  f.session.collegaPerTempo(0);
   EXPECT_EQ(f.m(5).Val12, 4);
   EXPECT_EQ(f.m(5).UTMx, 288652.25 + 28);
   EXPECT_TRUE(f.says("10 measurements lie at fixes without a depth"));
@@ -178,8 +178,8 @@ TEST(EmptyTracks, DiscardAllAndSaySo) {
   Fixture f;
   f.read({f.line(Line())});
   f.track("header\r\n");
-  f.session.LinkDataGPST();
-  EXPECT_EQ(f.session.fixes().discarded, 10U);
+  f.session.collegaPerTempo(0);
+  EXPECT_EQ(f.session.survey.fixes().discarded, 10U);
   EXPECT_TRUE(f.faulty());
 }
 
@@ -191,7 +191,7 @@ TEST(ShortTracks, AreAskedAboutByTheirLines) {
       f.read({f.line(Line())});
       std::string text;
       for (std::size_t k = 0; k < lines; ++k) text += "15/06/2026 06:00:0" + std::to_string(k) + " 1 4524 1218 3" + end;
-      f.session.LeggiGPSEsterno(f.folder.write("track.gps", text));
+      f.session.leggiTraccia(f.folder.write("track.gps", text));
       EXPECT_EQ(f.dialogs.messages.size(), lines == 8 ? 1U : 0U) << lines;
     }
   }
@@ -202,7 +202,7 @@ TEST(FarTracks, AreToldOnLoadingAndBeforeALink) {
   f.track(Table(10, 288652.25, 5130933.5));
   EXPECT_FALSE(f.faulty()) << "there is no survey yet";
   f.read({f.line(Line())});
-  f.session.LinkDataGPST();
+  f.session.collegaPerTempo(0);
   EXPECT_TRUE(f.says("100 km from the survey"));
 }
 
@@ -212,7 +212,7 @@ TEST(Zones, EndAtTheDateLine) {
   auto records = Line();
   for (RecordValues& r : records) r.east = 18000;
   f.read({f.line(records)});
-  EXPECT_EQ(f.session.survey().settings.ZonaUTM, 60);
+  EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 60);
   EXPECT_NEAR(f.m(1).UTMx, 734793, 40);  // cs2cs: 734793.6 E at 45.4 N
 }
 
@@ -220,9 +220,8 @@ TEST(Angles, BeyondAllTurnsAreRefused) {
   Fixture f;
   f.readFirings(2);
   for (const char* text : {"1e308", "1e400", "-1e7"}) {
-    f.session.FrameView.Thetatxt = text;
-    f.session.Thetatxt_KeyPress(EnterKey);
-    EXPECT_NEAR(f.session.view().AngoloVista, 1.5707963, 1e-6) << text;
+    f.press("Thetatxt_KeyPress", text);
+    EXPECT_NEAR(f.session.view.state().AngoloVista, 1.5707963, 1e-6) << text;
     EXPECT_TRUE(f.faulty());
   }
 }
@@ -230,8 +229,8 @@ TEST(Angles, BeyondAllTurnsAreRefused) {
 TEST(OneMeasurement, IsPainted) {
   Fixture f;
   f.readFirings(1);
-  EXPECT_EQ(f.session.view().Lato, 10.0F);
-  EXPECT_EQ(f.session.survey().traccia.AltezzaCella, 5) << "the electrode spacing";
+  EXPECT_EQ(f.session.view.state().Lato, 10.0F);
+  EXPECT_EQ(f.session.survey.dati().traccia.AltezzaCella, 5) << "the electrode spacing";
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "session/Controls.h"
 #include "session/Session.h"
 #include "support/SurveyFiles.h"
 
@@ -19,18 +20,20 @@ struct SessionFixture {
   ScriptedAnswers dialogs;
   Session session{dialogs, [] { return DateTime{2026, 6, 15, 12, 0, 0}; }};
 
-  SessionFixture() { session.FrameFileOut.FileOutTxt = (folder / "section").string(); }
+  SessionFixture() { session.exporter.FrameFileOut.FileOutTxt = (folder / "section").string(); }
 
+  /// @param text what stands in the box when Enter is pressed in it
+  void press(const char* control, const std::string& text = {}) { EseguiControllo(session, control, text); }
   void read(const std::vector<std::filesystem::path>& files) {
-    session.FrameFileIn.File1 = files;
-    session.ConvertAsciiCmd_Click();
+    session.survey.FrameFileIn.File1 = files;
+    press("ConvertAsciiCmd_Click");
   }
   void readSample(const char* extension = ".bin") {
-    session.FrameFileIn.pastGaps = true;
+    session.survey.FrameFileIn.pastGaps = true;
     read({Samples / (std::string("lagoon_1") + extension), Samples / (std::string("lagoon_2") + extension)});
   }
   void readFirings(std::size_t count) { read({folder.write("survey.bin", SyscalFile(Firings(count, 10)))}); }
-  const Misura& m(std::size_t k) const { return session.survey().Misure(k); }
+  const Misura& m(std::size_t k) const { return session.survey.dati().Misure(k); }
   std::string output(const char* extension) const { return Slurp(folder / (std::string("section") + extension)); }
   bool faulty() const { return session.findings().anyFault(); }
 };

@@ -10,20 +10,19 @@ using Fixture = test::SessionFixture;
 
 TEST(ReadFile, GivesTheSampleSurveyWithItsLostFixesTreated) {
   Fixture f;
-  f.session.FrameFileIn.Option1 = false;
-  f.session.FrameFileIn.Option3 = true;
+  f.session.survey.FrameFileIn.filter = BadGps::Interpolate;
   f.readSample();
-  EXPECT_EQ(f.session.survey().NumMisure(), 438);  // two lines of 220 but for the two firings before the first fix
-  EXPECT_EQ(f.session.fixes().interpolated, 5U);
+  EXPECT_EQ(f.session.survey.dati().NumMisure(), 438);  // two lines of 220 but for the two firings before the first fix
+  EXPECT_EQ(f.session.survey.fixes().interpolated, 5U);
   EXPECT_FALSE(f.faulty());
-  EXPECT_EQ(f.session.FrameFileIn.Donelbl, "Read  438 meas.");
-  EXPECT_EQ(f.session.FrameExtrema.E1Txt, "1");
-  EXPECT_EQ(f.session.FrameExtrema.E2txt, "438");
-  EXPECT_EQ(f.session.FrameExtrema.PrimoLbl.Caption, "Extreme 1");
-  EXPECT_EQ(f.session.StatoSelezione(), 0) << "preset extremes select nothing yet";
-  EXPECT_EQ(f.session.InfoLbl.Caption, "WGS 84 - UTM 33");
-  EXPECT_EQ(f.session.survey().settings.ZonaUTM, 33);
-  EXPECT_TRUE(f.session.FrameFileIn.Option3) << "the choice survives the reset";
+  EXPECT_EQ(f.session.survey.FrameFileIn.Donelbl, "Read  438 meas.");
+  EXPECT_EQ(f.session.selection.FrameExtrema.E1Txt, "1");
+  EXPECT_EQ(f.session.selection.FrameExtrema.E2txt, "438");
+  EXPECT_EQ(f.session.selection.FrameExtrema.PrimoLbl, "Extreme 1");
+  EXPECT_EQ(f.session.selection.StatoSelezione(), 0) << "preset extremes select nothing yet";
+  EXPECT_EQ(f.session.view.info(), "WGS 84 - UTM 33");
+  EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 33);
+  EXPECT_EQ(f.session.survey.FrameFileIn.filter, BadGps::Interpolate) << "the choice survives the reset";
   // Where the water is deep the cable sees water only: 0.42 ohm m within the 2 % noise that was put in.
   for (std::size_t k = 1; k <= 438; ++k) {
     if (f.m(k).Val12 < 11.9F) continue;
@@ -36,7 +35,7 @@ TEST(ReadFile, GivesTheSameFromBothFormsOfTheSample) {
   Fixture text;
   bin.readSample(".bin");
   text.readSample(".txt");
-  ASSERT_EQ(bin.session.survey().NumMisure(), text.session.survey().NumMisure());
+  ASSERT_EQ(bin.session.survey.dati().NumMisure(), text.session.survey.dati().NumMisure());
   for (std::size_t k = 1; k <= 438; ++k) {
     const Misura& a = bin.m(k);
     const Misura& b = text.m(k);
@@ -51,23 +50,23 @@ TEST(ReadFile, GivesTheSameFromBothFormsOfTheSample) {
 TEST(ReadFile, StartsFromTheSameStateEveryTime) {
   Fixture f;
   f.readFirings(5);
-  f.dialogs.answers["UTM Zone n. "] = {"31"};
-  f.session.SetUtmZone_Click();
-  EXPECT_EQ(f.session.survey().settings.ZonaUTM, 31);
-  f.session.EpCmd_Click();
-  f.session.ptlbl_Click(1);
+  f.dialogs.answers[Question::UtmZone] = {"31"};
+  f.press("SetUtmZone_Click");
+  EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 31);
+  f.press("EpCmd_Click");
+  f.session.selection.scegli(1);
   f.readFirings(3);
-  EXPECT_EQ(f.session.survey().NumMisure(), 3);
-  EXPECT_EQ(f.session.survey().settings.ZonaUTM, 33);
-  EXPECT_EQ(f.session.survey().settings.TraslDatiEst, 0);
-  EXPECT_EQ(f.session.StatoSelezione(), 0);
+  EXPECT_EQ(f.session.survey.dati().NumMisure(), 3);
+  EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 33);
+  EXPECT_EQ(f.session.survey.dati().settings.TraslDatiEst, 0);
+  EXPECT_EQ(f.session.selection.StatoSelezione(), 0);
 }
 
 TEST(ReadFile, GoesOnWithTheNextFileAfterABadOne) {
   Fixture f;
   const auto good = f.folder.write("good.bin", test::SyscalFile(test::Firings(4, 10)));
   f.read({f.folder / "missing.bin", good, f.folder.write("empty.bin", ""), good});
-  EXPECT_EQ(f.session.survey().NumMisure(), 8);
+  EXPECT_EQ(f.session.survey.dati().NumMisure(), 8);
   EXPECT_EQ(f.m(8).NumFile, 4) << "a file keeps its place in the batch";
   ASSERT_EQ(f.session.findings().entries().size(), 2U);
   EXPECT_NE(f.session.findings().entries()[0].detto().find("missing.bin: No such file"), std::string::npos);
@@ -77,9 +76,9 @@ TEST(ReadFile, OfNothingLeavesNothingAndDoesNotFail) {
   Fixture f;
   f.readFirings(3);
   f.read({});
-  EXPECT_EQ(f.session.survey().NumMisure(), 0);
-  EXPECT_EQ(f.session.FrameFileIn.Donelbl, "Read  0 meas.");
-  EXPECT_EQ(f.session.FrameExtrema.E2txt, "0");
+  EXPECT_EQ(f.session.survey.dati().NumMisure(), 0);
+  EXPECT_EQ(f.session.survey.FrameFileIn.Donelbl, "Read  0 meas.");
+  EXPECT_EQ(f.session.selection.FrameExtrema.E2txt, "0");
   EXPECT_FALSE(f.faulty());
 }
 
@@ -89,11 +88,10 @@ TEST(ReadFile, TellsOfBadPositionsOnlyWithoutAFilter) {
   Fixture f;
   const auto file = f.folder.write("gap.bin", test::SyscalFile(records));
   f.read({file});
-  EXPECT_EQ(f.session.InfoLbl.Caption, "Some Data have incorrect GPS position");
-  f.session.FrameFileIn.Option1 = false;
-  f.session.FrameFileIn.Option2 = true;
+  EXPECT_EQ(f.session.view.info(), "Some Data have incorrect GPS position");
+  f.session.survey.FrameFileIn.filter = BadGps::Skip;
   f.read({file});
-  EXPECT_EQ(f.session.InfoLbl.Caption, "WGS 84 - UTM 33");
+  EXPECT_EQ(f.session.view.info(), "WGS 84 - UTM 33");
   EXPECT_TRUE(f.m(2).Scartata);
 }
 
@@ -106,12 +104,12 @@ TEST(ReadFile, TreatsAHoleUpToTheFiringBeforeTheLast) {
     auto records = test::Firings(6, 10);
     for (std::size_t r = 10 * (c.lost - 1); r < 10 * c.lost; ++r) records[r].north = 0;
     Fixture f;
-    f.session.FrameFileIn.pastGaps = f.session.FrameFileIn.Option3 = true;
-    f.session.FrameFileIn.Option1 = false;
+    f.session.survey.FrameFileIn.pastGaps = true;
+    f.session.survey.FrameFileIn.filter = BadGps::Interpolate;
     f.read({f.folder.write("hole.bin", test::SyscalFile(records))});
-    EXPECT_EQ(f.session.survey().Misure.size(), c.read) << c.lost;
-    EXPECT_EQ(f.session.fixes().interpolated, c.interpolated) << c.lost;
-    EXPECT_EQ(f.session.fixes().discarded, c.discarded) << c.lost;
+    EXPECT_EQ(f.session.survey.dati().Misure.size(), c.read) << c.lost;
+    EXPECT_EQ(f.session.survey.fixes().interpolated, c.interpolated) << c.lost;
+    EXPECT_EQ(f.session.survey.fixes().discarded, c.discarded) << c.lost;
     if (c.interpolated == 0) continue;
     EXPECT_NEAR(f.m(c.lost).UTMx, (f.m(c.lost - 1).UTMx + f.m(c.lost + 1).UTMx) / 2, 1e-6) << c.lost;
     EXPECT_NEAR(f.m(c.lost).UTMy, (f.m(c.lost - 1).UTMy + f.m(c.lost + 1).UTMy) / 2, 1e-6) << c.lost;
@@ -125,27 +123,30 @@ TEST(UtmFiles, KeepTheirPlanePositionsInEveryZone) {
     records[k].east = 292000.25F;
   }
   Fixture f;
-  f.session.FrameFileIn.LatLonCmbx = CoordinateEntry::UTM;
-  f.session.FrameFileIn.south = true;
+  f.session.survey.FrameFileIn.LatLonCmbx = CoordinateEntry::UTM;
+  f.session.survey.FrameFileIn.south = true;
   f.read({f.folder.write("utm.bin", test::SyscalFile(records))});
-  EXPECT_EQ(f.session.survey().settings.ZonaUTM, 32) << "stated by the user, not guessed";
+  EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 32) << "stated by the user, not guessed";
   const double lon = f.m(1).Lon;
   EXPECT_LT(f.m(1).Lat, 0) << "southern hemisphere";
-  f.dialogs.answers["UTM Zone n. "] = {"33"};
-  f.session.SetUtmZone_Click();
+  f.dialogs.answers[Question::UtmZone] = {"33"};
+  f.press("SetUtmZone_Click");
   EXPECT_NEAR(f.m(1).Lon - lon, 600, 1e-4) << "six degrees, as DDDMM";
   EXPECT_EQ(f.m(1).UTMy, 5030000.5);
-  f.session.SetUtmZone_Click();  // Cancel
-  EXPECT_EQ(f.session.survey().settings.ZonaUTM, 32);
+  f.press("SetUtmZone_Click");  // Cancel
+  EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 33);
+  f.dialogs.answers[Question::UtmZone] = {""};
+  f.press("SetUtmZone_Click");
+  EXPECT_EQ(f.session.survey.dati().settings.ZonaUTM, 32) << "nothing typed";
   EXPECT_EQ(f.m(1).Lon, lon);
 }
 
 TEST(Boxes, AskWithTheirTextsAndDefaults) {
   Fixture f;
   f.readFirings(3);
-  f.session.CableConf_Click();
-  f.session.SetUtmZone_Click();
-  f.session.SetRange_Click();
+  f.press("CableConf_Click");
+  f.press("SetUtmZone_Click");
+  f.press("SetRange_Click");
   ASSERT_EQ(f.dialogs.questions.size(), 3U);
   EXPECT_EQ(f.dialogs.questions[0].prompt, "Set String");
   EXPECT_EQ(f.dialogs.questions[0].title, "Cable Configuration");
@@ -161,21 +162,21 @@ TEST(CableConfiguration, ChangesFactorsAndResistivities) {
   Fixture f;
   f.readFirings(3);
   const float before = f.m(1).Rho[1];
-  f.dialogs.answers["Set String"] = {
+  f.dialogs.answers[Question::CableConfiguration] = {
       "C1 110 C2 120 E1 100 E2 90 E3 80 E4 70 E5 60 E6 50 E7 40 E8 30 E9 20 E10 10 E11 0"};
-  f.session.CableConf_Click();
+  f.press("CableConf_Click");
   EXPECT_FLOAT_EQ(f.m(1).Rho[1], 2 * before) << "twice the cable, twice the factor";
-  EXPECT_EQ(f.session.survey().cavo.PosCavo[12], 110);
-  f.dialogs.answers["Set String"] = {"C1 1e99"};
-  f.session.CableConf_Click();
-  EXPECT_EQ(f.session.survey().cavo.PosCavo[12], 110) << "an answer that cannot be read changes nothing";
+  EXPECT_EQ(f.session.survey.dati().cavo.PosCavo[12], 110);
+  f.dialogs.answers[Question::CableConfiguration] = {"C1 1e99"};
+  f.press("CableConf_Click");
+  EXPECT_EQ(f.session.survey.dati().cavo.PosCavo[12], 110) << "an answer that cannot be read changes nothing";
   EXPECT_TRUE(f.faulty());
 }
 
 TEST(ColourRange, IsTakenOnlyWithItsSemicolon) {
   Fixture f;
   f.readFirings(3);
-  const ColourRange data = f.session.colours();
+  const ColourRange data = f.session.survey.colours();
   EXPECT_GT(data.ScalaMax, data.ScalaMin);
   struct Answer {
     const char* text;  ///< none: Cancel
@@ -191,11 +192,11 @@ TEST(ColourRange, IsTakenOnlyWithItsSemicolon) {
                             {"0;0", 0, 0, 0},
                             {" ", data.ScalaMin, data.ScalaMax, 0}};
   for (const auto& [text, low, high, findings] : answers) {
-    if (text != nullptr) f.dialogs.answers["Scale (Min; Max)"] = {text};
+    if (text != nullptr) f.dialogs.answers[Question::ColourRange] = {text};
     const std::size_t before = f.session.findings().entries().size();
-    f.session.SetRange_Click();
-    EXPECT_EQ(f.session.colours().ScalaMin, low) << (text == nullptr ? "Cancel" : text);
-    EXPECT_EQ(f.session.colours().ScalaMax, high) << (text == nullptr ? "Cancel" : text);
+    f.press("SetRange_Click");
+    EXPECT_EQ(f.session.survey.colours().ScalaMin, low) << (text == nullptr ? "Cancel" : text);
+    EXPECT_EQ(f.session.survey.colours().ScalaMax, high) << (text == nullptr ? "Cancel" : text);
     EXPECT_EQ(f.session.findings().entries().size() - before, findings) << (text == nullptr ? "Cancel" : text);
   }
 }
@@ -204,38 +205,37 @@ TEST(ColourRange, IsTakenOnlyWithItsSemicolon) {
 TEST(ColourRange, FollowsTheDataUntilItIsTyped) {
   Fixture f;
   f.readFirings(3);
-  const float before = f.session.colours().ScalaMax;
-  f.dialogs.answers["Set String"] = {"C1 55 C2 60 E1 40 E2 30 E3 20 E4 10 E5 9 E6 8 E7 7 E8 6 E9 5 E10 4 E11 0"};
-  f.session.CableConf_Click();
-  EXPECT_NE(f.session.colours().ScalaMax, before);
-  EXPECT_EQ(f.session.colours().ScalaMax, f.session.survey().traccia.RhoMax);
-  f.dialogs.answers["Scale (Min; Max)"] = {"1;2"};
-  f.session.SetRange_Click();
-  f.dialogs.answers["Set String"] = {"C1 55 C2 60 E1 50 E2 45 E3 40 E4 35 E5 30 E6 25 E7 20 E8 15 E9 10 E10 5 E11 0"};
-  f.session.CableConf_Click();
-  EXPECT_EQ(f.session.colours().ScalaMax, 2);
+  const float before = f.session.survey.colours().ScalaMax;
+  f.dialogs.answers[Question::CableConfiguration] = {
+      "C1 55 C2 60 E1 40 E2 30 E3 20 E4 10 E5 9 E6 8 E7 7 E8 6 E9 5 E10 4 E11 0"};
+  f.press("CableConf_Click");
+  EXPECT_NE(f.session.survey.colours().ScalaMax, before);
+  EXPECT_EQ(f.session.survey.colours().ScalaMax, f.session.survey.dati().traccia.RhoMax);
+  f.dialogs.answers[Question::ColourRange] = {"1;2"};
+  f.press("SetRange_Click");
+  f.dialogs.answers[Question::CableConfiguration] = {
+      "C1 55 C2 60 E1 50 E2 45 E3 40 E4 35 E5 30 E6 25 E7 20 E8 15 E9 10 E10 5 E11 0"};
+  f.press("CableConf_Click");
+  EXPECT_EQ(f.session.survey.colours().ScalaMax, 2);
   f.readFirings(2);
-  EXPECT_EQ(f.session.colours().ScalaMax, f.session.survey().traccia.RhoMax) << "a new reading forgets it";
+  EXPECT_EQ(f.session.survey.colours().ScalaMax, f.session.survey.dati().traccia.RhoMax) << "a new reading forgets it";
 }
 
 TEST(Selection, ClearsOnTheThirdClickAndIgnoresWhatIsNoMeasurement) {
   Fixture f;
   f.readFirings(5);
-  for (const std::int32_t none : {0, -3, 6}) f.session.ptlbl_Click(none);
-  EXPECT_EQ(f.session.StatoSelezione(), 0);
-  f.session.ptlbl_Click(4);
-  EXPECT_EQ(f.session.FrameExtrema.E1Txt, "4");
-  EXPECT_EQ(f.session.FrameExtrema.PrimoLbl.Tag, "4");
-  EXPECT_EQ(f.session.FrameExtrema.PrimoLbl.Caption.substr(0, 47), "File.survey.bin Data. 15/06/2026 06:00:00 Lg.12");
-  f.session.FrameExtrema.E2txt = "2 ";
-  f.session.E2txt_KeyPress('2');
-  EXPECT_EQ(f.session.StatoSelezione(), 1);
-  f.session.E2txt_KeyPress(EnterKey);
-  EXPECT_EQ(f.session.StatoSelezione(), 2);
-  f.session.ptlbl_Click(1);
-  EXPECT_EQ(f.session.StatoSelezione(), 0);
-  EXPECT_EQ(f.session.FrameExtrema.E1Txt, "");
-  EXPECT_EQ(f.session.FrameExtrema.SecondoLbl.Caption, "");
+  for (const std::int32_t none : {0, -3, 6}) f.session.selection.scegli(none);
+  EXPECT_EQ(f.session.selection.StatoSelezione(), 0);
+  f.session.selection.scegli(4);
+  EXPECT_EQ(f.session.selection.FrameExtrema.E1Txt, "4");
+  EXPECT_EQ(f.session.selection.primo(), 4);
+  EXPECT_EQ(f.session.selection.FrameExtrema.PrimoLbl.substr(0, 47), "File.survey.bin Data. 15/06/2026 06:00:00 Lg.12");
+  f.press("E2txt_KeyPress", "2 ");
+  EXPECT_EQ(f.session.selection.StatoSelezione(), 2);
+  f.session.selection.scegli(1);
+  EXPECT_EQ(f.session.selection.StatoSelezione(), 0);
+  EXPECT_EQ(f.session.selection.FrameExtrema.E1Txt, "");
+  EXPECT_EQ(f.session.selection.FrameExtrema.SecondoLbl, "");
 }
 
 TEST(DepthCorrection, TakesTheNeighboursDepth) {
@@ -249,67 +249,66 @@ TEST(DepthCorrection, TakesTheNeighboursDepth) {
   const float first = f.m(1).Val12;
   const float second = f.m(2).Val12;
   const float third = f.m(3).Val12;
-  f.session.dptlbl_DblClick(2);
+  f.session.survey.chiediProfondita(2);
   EXPECT_EQ(f.m(2).Val12, (first + third) / 2);
-  f.session.dptlbl_DblClick(3);
+  f.session.survey.chiediProfondita(3);
   EXPECT_EQ(f.m(3).Val12, f.m(2).Val12);
   f.dialogs.messageAnswer = Answer::Cancel;
-  f.session.dptlbl_DblClick(1);
+  f.session.survey.chiediProfondita(1);
   EXPECT_EQ(f.m(1).Val12, first);
   EXPECT_NE(f.m(2).Val12, second);
-  EXPECT_EQ(f.dialogs.messages.at(0).text, "Correct Depth Value?");
-  EXPECT_EQ(f.dialogs.messages.at(0).buttons, Buttons::OkCancel);
+  EXPECT_EQ(f.dialogs.messages.at(0).prompt, "Correct Depth Value?");
+  EXPECT_EQ(TestoDi(f.dialogs.messages.at(0).question).buttons, Buttons::OkCancel);
 }
 
 TEST(Translations, ShowTheirValueInTheBoxesTheyAlwaysDid) {
   Fixture f;
   f.readFirings(3);
-  f.session.EpCmd_Click();
-  f.session.EpCmd_Click();
-  f.session.NmCmd_Click();
-  EXPECT_EQ(f.session.FrameDataMove.TestTxt, "0.2");
-  EXPECT_EQ(f.session.FrameDataMove.TnordTxt, "-0.1");
-  f.session.DEpCmd_Click();
-  EXPECT_EQ(f.session.FrameDataMove.DTnordTxt, "0.1") << "the east button shows its value in the north box";
-  EXPECT_EQ(f.session.FrameDataMove.DTestTxt, "0.0");
-  EXPECT_FLOAT_EQ(f.session.survey().settings.TraslFondoEst, 0.1F);
-  f.session.FrameDataMove.TnordTxt = "12.5 m";
-  f.session.TnordTxt_KeyPress(EnterKey);
-  EXPECT_EQ(f.session.survey().settings.TraslDatiNord, 12.5);
+  f.press("EpCmd_Click");
+  f.press("EpCmd_Click");
+  f.press("NmCmd_Click");
+  EXPECT_EQ(f.session.survey.FrameDataMove.TestTxt, "0.2");
+  EXPECT_EQ(f.session.survey.FrameDataMove.TnordTxt, "-0.1");
+  f.press("DEpCmd_Click");
+  EXPECT_EQ(f.session.survey.FrameDataMove.DTnordTxt, "0.1") << "the east button shows its value in the north box";
+  EXPECT_EQ(f.session.survey.FrameDataMove.DTestTxt, "0.0");
+  EXPECT_FLOAT_EQ(f.session.survey.dati().settings.TraslFondoEst, 0.1F);
+  f.press("TnordTxt_KeyPress", "12.5 m");
+  EXPECT_EQ(f.session.survey.dati().settings.TraslDatiNord, 12.5);
 }
 
 TEST(SaveSection, NeedsTwoExtremes) {
   Fixture f;
   f.readFirings(3);
-  f.session.FrameFileOut.BinChk = true;
-  f.session.ptlbl_Click(1);
-  f.session.SaveOutCmd_Click();
+  f.session.exporter.FrameFileOut.BinChk = true;
+  f.session.selection.scegli(1);
+  f.press("SaveOutCmd_Click");
   ASSERT_EQ(f.dialogs.messages.size(), 1U);
-  EXPECT_EQ(f.dialogs.messages[0].text, "No points selected");
-  EXPECT_TRUE(f.session.outputs().empty());
+  EXPECT_EQ(f.dialogs.messages[0].prompt, "No points selected");
+  EXPECT_TRUE(f.session.exporter.outputs().empty());
 }
 
 TEST(SaveSection, WritesWhatIsTickedTheSameEveryTimeAndInEitherOrder) {
   Fixture f;
   f.readSample();
-  OutputPanel& out = f.session.FrameFileOut;
-  f.session.SaveEcho_Click();
+  OutputPanel& out = f.session.exporter.FrameFileOut;
+  f.press("SaveEcho_Click");
   EXPECT_TRUE(out.EchoZChk && !out.BinChk && out.visible);
   out.BinChk = out.TxtChk = out.KMLchk = out.TruePosChk = true;
-  f.session.ptlbl_Click(30);
-  f.session.ptlbl_Click(12);
+  f.session.selection.scegli(30);
+  f.session.selection.scegli(12);
   const std::vector<std::string> offset{"4.5", "4.5"};
-  f.dialogs.answers["Distance of the first floating Electrode from Syscal"] = offset;
-  f.session.SaveOutCmd_Click();
-  EXPECT_EQ(f.session.outputs().size(), 5U);
+  f.dialogs.answers[Question::CableOffset] = offset;
+  f.press("SaveOutCmd_Click");
+  EXPECT_EQ(f.session.exporter.outputs().size(), 5U);
   EXPECT_FALSE(out.visible);
-  ASSERT_TRUE(f.session.section());
-  EXPECT_EQ(f.session.section()->from, 12);
-  EXPECT_EQ(f.session.section()->points, 19);
+  ASSERT_TRUE(f.session.exporter.section());
+  EXPECT_EQ(f.session.exporter.section()->from, 12);
+  EXPECT_EQ(f.session.exporter.section()->points, 19);
   const std::string once =
       f.output(".bin") + f.output(".txt") + f.output(".ecs") + f.output(".ecst") + f.output(".kml");
   EXPECT_EQ(f.output(".bin").size(), 1029U + 280 * 190);
-  f.session.SaveOutCmd_Click();
+  f.press("SaveOutCmd_Click");
   EXPECT_EQ(f.output(".bin") + f.output(".txt") + f.output(".ecs") + f.output(".ecst") + f.output(".kml"), once);
   EXPECT_EQ(f.dialogs.questions.at(0).title, "Set Cable Offset Value ");
   EXPECT_EQ(f.dialogs.questions.at(1).prompt, "Distance of EchoSounder from Syscal");
@@ -321,11 +320,12 @@ TEST(SaveSection, WritesTheOtherFormatsWhenOneCannotBe) {
   Fixture f;
   f.readFirings(3);
   std::filesystem::create_directory(f.folder / "section.txt");
-  f.session.FrameFileOut.BinChk = f.session.FrameFileOut.TxtChk = f.session.FrameFileOut.KMLchk = true;
-  f.session.ptlbl_Click(1);
-  f.session.ptlbl_Click(3);
-  f.session.SalvaEstrattoFile();
-  EXPECT_EQ(f.session.outputs().size(), 2U);
+  f.session.exporter.FrameFileOut.BinChk = f.session.exporter.FrameFileOut.TxtChk =
+      f.session.exporter.FrameFileOut.KMLchk = true;
+  f.session.selection.scegli(1);
+  f.session.selection.scegli(3);
+  f.session.salvaEstratto(f.session.exporter.FrameFileOut);
+  EXPECT_EQ(f.session.exporter.outputs().size(), 2U);
   ASSERT_TRUE(f.faulty());
   EXPECT_NE(f.session.findings().entries().back().detto().find("section.txt: is a folder"), std::string::npos);
 }
@@ -340,14 +340,14 @@ TEST(SaveSection, NeverReplacesAFileOfTheBatch) {
     f.read(batch);
     const std::filesystem::path root = f.folder / name;
     const std::string before = test::Slurp(root.string() + ".bin");
-    f.session.FrameFileOut.FileOutTxt = root.string();
-    f.session.FrameFileOut.BinChk = true;
-    f.session.ptlbl_Click(1);
-    f.session.ptlbl_Click(3);
+    f.session.exporter.FrameFileOut.FileOutTxt = root.string();
+    f.session.exporter.FrameFileOut.BinChk = true;
+    f.session.selection.scegli(1);
+    f.session.selection.scegli(3);
     EXPECT_FALSE(f.faulty());
-    f.session.SalvaEstrattoFile();
+    f.session.salvaEstratto(f.session.exporter.FrameFileOut);
     EXPECT_EQ(test::Slurp(root.string() + ".bin"), before);
-    EXPECT_TRUE(f.session.outputs().empty()) << name;
+    EXPECT_TRUE(f.session.exporter.outputs().empty()) << name;
     EXPECT_TRUE(f.faulty()) << name;
   }
 }
@@ -355,16 +355,17 @@ TEST(SaveSection, NeverReplacesAFileOfTheBatch) {
 TEST(SaveSection, RefusesARootWithoutANameOnce) {
   Fixture f;
   f.readFirings(3);
-  f.session.FrameFileOut.BinChk = f.session.FrameFileOut.TxtChk = f.session.FrameFileOut.KMLchk = true;
+  f.session.exporter.FrameFileOut.BinChk = f.session.exporter.FrameFileOut.TxtChk =
+      f.session.exporter.FrameFileOut.KMLchk = true;
   for (const std::string& root : {(f.folder / "").string(), std::string()}) {
     const std::size_t before = f.session.findings().entries().size();
-    f.session.FrameFileOut.FileOutTxt = root;
-    f.session.ptlbl_Click(1);
-    f.session.ptlbl_Click(3);
-    f.session.SalvaEstrattoFile();
+    f.session.exporter.FrameFileOut.FileOutTxt = root;
+    f.session.selection.scegli(1);
+    f.session.selection.scegli(3);
+    f.session.salvaEstratto(f.session.exporter.FrameFileOut);
     ASSERT_EQ(f.session.findings().entries().size(), before + 1);
     EXPECT_NE(f.session.findings().entries().back().reason.find("\"" + root + "\""), std::string::npos);
-    f.session.ptlbl_Click(1);
+    f.session.selection.scegli(1);
   }
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(f.folder.path()), {}), 1) << "the survey alone";
 }
@@ -373,15 +374,15 @@ TEST(SaveSection, RefusesARootWithoutANameOnce) {
 TEST(SaveSection, GivesAFileThatReadsBack) {
   Fixture f;
   f.readSample();
-  f.session.FrameFileOut.BinChk = true;
-  f.session.ptlbl_Click(5);
-  f.session.ptlbl_Click(24);
-  f.session.SalvaEstrattoFile();
+  f.session.exporter.FrameFileOut.BinChk = true;
+  f.session.selection.scegli(5);
+  f.session.selection.scegli(24);
+  f.session.salvaEstratto(f.session.exporter.FrameFileOut);
   Fixture back;
-  back.session.FrameFileIn.LatLonCmbx = CoordinateEntry::UTM;
-  back.dialogs.answers["Set Channel Number"] = {"10"};
+  back.session.survey.FrameFileIn.LatLonCmbx = CoordinateEntry::UTM;
+  back.dialogs.answers[Question::ChannelNumber] = {"10"};
   back.read({f.folder / "section.bin"});
-  ASSERT_EQ(back.session.survey().NumMisure(), 20);
+  ASSERT_EQ(back.session.survey.dati().NumMisure(), 20);
   for (std::size_t k = 1; k <= 20; ++k) {
     EXPECT_EQ(back.m(k).UTMx, static_cast<double>(static_cast<float>(std::round(f.m(k + 4).UTMx * 100) / 100)));
     EXPECT_EQ(back.m(k).CanaleA[3], f.m(k + 4).CanaleA[3]);

@@ -41,8 +41,10 @@ struct ViewFixture : Fixture {
 
   ViewFixture() {
     readFirings(12);
-    session.Form_Resize(&canvas);
+    session.view.picture().tela(&canvas);
+    paint();
   }
+  void paint() { session.view.picture().dipingi(); }
 };
 
 TEST(View, IsPaintedAfterEveryCommandThatChangesIt) {
@@ -50,76 +52,71 @@ TEST(View, IsPaintedAfterEveryCommandThatChangesIt) {
   Session& s = f.session;
   EXPECT_EQ(f.canvas.cells, 120U);
   EXPECT_EQ(f.canvas.last, "WGS 84 - UTM 33");
-  using Command = void (Session::*)();
-  const std::pair<const char*, Command> commands[] = {
-      {"theta", &Session::LeftThetacmd_Click}, {"phi", &Session::RightPhicmd_Click},
-      {"gamma", &Session::LeftGammaCmd_Click}, {"in", &Session::MinZoomcmd_Click},
-      {"out", &Session::MaxZoomcmd_Click},     {"perspective", &Session::Popt_Click},
-      {"map", &Session::Mopt_Click},           {"top", &Session::TopViewCmd_Click},
-      {"centre", &Session::ResCmd_Click},      {"electrodes", &Session::SHelectrodes_Click},
-      {"north", &Session::SHNord_Click},       {"east", &Session::EpCmd_Click},
-      {"depth", &Session::DEpCmd_Click},       {"zone", &Session::SetUtmZone_Click},
-      {"info", &Session::SHInfoLabel_Click}};
-  f.dialogs.answers["UTM Zone n. "] = {"33"};
-  for (const auto& [name, command] : commands) {
+  const char* commands[] = {"LeftThetacmd_Click", "RightPhicmd_Click",  "LeftGammaCmd_Click", "MinZoomcmd_Click",
+                            "MaxZoomcmd_Click",   "Popt_Click",         "Mopt_Click",         "TopViewCmd_Click",
+                            "ResCmd_Click",       "SHelectrodes_Click", "SHNord_Click",       "EpCmd_Click",
+                            "DEpCmd_Click",       "SetUtmZone_Click",   "SHInfoLabel_Click"};
+  f.dialogs.answers[Question::UtmZone] = {"33"};
+  for (const char* command : commands) {
     const std::size_t before = f.canvas.repaints;
-    (s.*command)();
-    EXPECT_EQ(f.canvas.repaints, before + 1) << name;
+    f.press(command);
+    f.paint();
+    f.paint();
+    EXPECT_EQ(f.canvas.repaints, before + 1) << command;
   }
   EXPECT_EQ(f.canvas.polygons, 1U) << "the arrow is shown";
   EXPECT_EQ(f.canvas.marks, 0U) << "the electrodes are not";
   EXPECT_EQ(f.canvas.texts, 0U);
-  EXPECT_EQ(s.view().projection, Projection::Orthographic);
+  EXPECT_EQ(s.view.state().projection, Projection::Orthographic);
   EXPECT_FALSE(f.faulty());
 }
 
 TEST(View, BoxesGiveAnglesAndZoomOnEnter) {
   ViewFixture f;
   Session& s = f.session;
-  s.FrameView.Thetatxt = "45.5";
-  s.Thetatxt_KeyPress('5');
-  EXPECT_EQ(s.view().AngoloVista, Pi / 2) << "other keys do nothing";
-  s.Thetatxt_KeyPress(EnterKey);
-  EXPECT_DOUBLE_EQ(s.view().AngoloVista, 45.5 * Pi / 180);
-  s.RightThetacmd_Click();
-  EXPECT_EQ(s.FrameView.Thetatxt, "46.5");
-  s.FrameView.Phitxt = "30";
-  s.Phitxt_KeyPress(EnterKey);
-  s.FrameView.Zoomtxt = "0.25";
-  s.Zoomtxt_KeyPress(EnterKey);
-  EXPECT_EQ(s.view().ZoomFattore, 0.25F);
-  s.TopViewCmd_Click();
-  EXPECT_EQ(s.FrameView.Thetatxt, "90.");
-  EXPECT_EQ(s.FrameView.Zoomtxt, "1.");
-  EXPECT_EQ(s.FrameView.Phitxt, "30.") << "the plan keeps its turn";
+  f.press("Thetatxt_KeyPress", "45.5");
+  EXPECT_DOUBLE_EQ(s.view.state().AngoloVista, 45.5 * Pi / 180);
+  f.press("RightThetacmd_Click");
+  EXPECT_EQ(s.view.FrameView.Thetatxt, "46.5");
+  f.press("Phitxt_KeyPress", "30");
+  f.press("Zoomtxt_KeyPress", "0.25");
+  EXPECT_EQ(s.view.state().ZoomFattore, 0.25F);
+  f.press("TopViewCmd_Click");
+  EXPECT_EQ(s.view.FrameView.Thetatxt, "90.");
+  EXPECT_EQ(s.view.FrameView.Zoomtxt, "1.");
+  EXPECT_EQ(s.view.FrameView.Phitxt, "30.") << "the plan keeps its turn";
   EXPECT_FALSE(f.faulty());
-  s.FrameView.Zoomtxt = "0";
-  s.Zoomtxt_KeyPress(EnterKey);
-  EXPECT_EQ(s.view().ZoomFattore, 1.0F);
+  f.press("Zoomtxt_KeyPress", "0");
+  EXPECT_EQ(s.view.state().ZoomFattore, 1.0F);
   EXPECT_TRUE(f.faulty()) << "a zoom of 0 shows nothing";
 }
 
 TEST(View, StartsAnewWithEveryReading) {
   ViewFixture f;
-  f.session.SHNord_Click();
-  f.session.SHelectrodes_Click();
-  f.session.LeftPhicmd_Click();
+  f.press("SHNord_Click");
+  f.press("SHelectrodes_Click");
+  f.press("LeftPhicmd_Click");
   f.readFirings(5);
+  f.paint();
   EXPECT_EQ(f.canvas.cells, 50U);
-  EXPECT_EQ(f.session.FrameView.Phitxt, "0.");
+  EXPECT_EQ(f.session.view.FrameView.Phitxt, "0.");
   EXPECT_EQ(f.canvas.polygons, 0U);
   EXPECT_EQ(f.canvas.marks, 5U);
   f.read({});
+  f.paint();
   EXPECT_EQ(f.canvas.cells, 0U) << "an empty survey empties the picture";
 }
 
 TEST(View, ReddensTheExtremesUntilTheThirdClick) {
   ViewFixture f;
-  f.session.ptlbl_Click(3);
+  f.session.selection.scegli(3);
+  f.paint();
   EXPECT_EQ(f.canvas.red, 1U);
-  f.session.ptlbl_Click(9);
+  f.session.selection.scegli(9);
+  f.paint();
   EXPECT_EQ(f.canvas.red, 2U);
-  f.session.ptlbl_Click(1);
+  f.session.selection.scegli(1);
+  f.paint();
   EXPECT_EQ(f.canvas.red, 0U);
 }
 
@@ -127,8 +124,8 @@ TEST(SaveCurrentPicture, ReplacesTheOneBitmapOfTheFolder) {
   ViewFixture f;
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(f.folder.path());
-  f.session.SaveCmd_Click();
-  f.session.SaveCmd_Click();
+  f.press("SaveCmd_Click");
+  f.press("SaveCmd_Click");
   std::filesystem::current_path(before);
   EXPECT_EQ(test::Slurp(f.folder / "img0.bmp").size(), 54U + 40 * 30 * 3);
   EXPECT_FALSE(f.faulty());

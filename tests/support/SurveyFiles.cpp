@@ -42,13 +42,13 @@ std::vector<std::string> CrLfLines(const std::string& text) {
 }
 
 Answer ScriptedAnswers::MsgBox(const MessageRequest& request) {
-  messages.push_back(request);
+  messages.push_back({request.question, PromptDi(request), TestoDi(request.question).title, request.details, ""});
   return messageAnswer;
 }
 
 std::optional<std::string> ScriptedAnswers::InputBox(const InputRequest& request) {
-  questions.push_back(request);
-  std::vector<std::string>& left = answers[request.prompt];
+  questions.push_back({request.question, PromptDi(request), TitoloDi(request), request.details, request.defaultAnswer});
+  std::vector<std::string>& left = answers[request.question];
   if (left.empty()) return std::nullopt;
   std::string answer = left.front();
   left.erase(left.begin());

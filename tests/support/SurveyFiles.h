@@ -35,13 +35,19 @@ std::string Slurp(const std::filesystem::path& path);
 /// The pieces between CR LF pairs; the file must end in one.
 std::vector<std::string> CrLfLines(const std::string& text);
 
-/// Answers by prompt, in the order given for each prompt; a prompt without an answer gets Cancel.
+/// A box as the user sees it.
+struct Box {
+  Question question;
+  std::string prompt, title, details, defaultAnswer;
+};
+
+/// Answers in the order given for each question; one without an answer gets Cancel.
 class ScriptedAnswers : public Dialogs {
  public:
-  std::map<std::string, std::vector<std::string>> answers;
+  std::map<Question, std::vector<std::string>> answers;
   Answer messageAnswer = Answer::Ok;
-  std::vector<MessageRequest> messages;
-  std::vector<InputRequest> questions;
+  std::vector<Box> messages;
+  std::vector<Box> questions;
 
   Answer MsgBox(const MessageRequest& request) override;
   std::optional<std::string> InputBox(const InputRequest& request) override;

@@ -373,7 +373,7 @@ TEST(CoordinateFormats, ThatScatterTheTrackAreNamed) {
   RilevaFormato(minutes.survey, minutes.findings);
   EXPECT_NE(minutes.reason(0).find("--coords ddmm)"), std::string::npos) << minutes.reason(0);
   // 60 times shorter as degrees, minutes and seconds, but no survey has such small numbers of them.
-  minutes.findings.clear();
+  minutes.findings = {};
   minutes.survey.settings.layout = AngleFormat::DMM_MMM;
   RilevaFormato(minutes.survey, minutes.findings);
   EXPECT_NE(minutes.reason(0).find("look like another coordinate format or zone"), std::string::npos);

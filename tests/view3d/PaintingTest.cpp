@@ -185,9 +185,9 @@ std::vector<PlainCell> PlainCells(const Prepared& p) {
                          v.AngoloPhi);
       Punto3D seen{turned[i].x, turned[i].z, 0, 0};
       if (v.projection == Projection::Perspective) {
-        Punto3D p1 = seen, p2 = seen, p3{v.FugaX, v.OrizzonteZ, 0, 0};
+        Punto3D p1 = seen, p2 = seen, p3{v.marker.FugaX, v.marker.OrizzonteZ, 0, 0};
         p2.x = static_cast<float>(turned[i].x + (static_cast<double>(v.FinestraIniziale.zmax) - turned[i].y));
-        Punto3D p4{v.FugaX - v.DistanzaFuga, v.OrizzonteZ, 0, 0};
+        Punto3D p4{v.marker.FugaX - v.marker.DistanzaFuga, v.marker.OrizzonteZ, 0, 0};
         seen = IntersecaRette(p1, p2, p3, p4);
       }
       const auto& w = v.Finestra;
@@ -234,7 +234,7 @@ TEST_P(Pictures, AreThoseOfThePlainWay) {
   p.view.AngoloGamma = InRadianti(GetParam().gamma);
   p.view.ZoomFattore = GetParam().zoom;
   p.view.projection = GetParam().projection;
-  p.view.MostraElettrodi = false;
+  p.view.layers.MostraElettrodi = false;
   p.update();
   TestCanvas plain(300, 200);
   std::size_t painted = 0;
@@ -270,7 +270,7 @@ TEST(SideView, HangsTheCurtainFromTheTrackInFullColour) {
   Prepared p(SurveyOf({{299980, 5e6}, {299990, 5e6}, {300000, 5e6}, {300010, 5e6}}));
   p.colours = {1, 5};
   p.view.AngoloVista = InRadianti(180);
-  p.view.MostraElettrodi = false;
+  p.view.layers.MostraElettrodi = false;
   const auto painted = p.paint();
   const TestCanvas& canvas = *painted;
   // 100 m in 200 / 1.1 pixels; the surface at z = 0 falls on row 100 / 1.1.
@@ -293,7 +293,7 @@ TEST(SideView, ShowsACellSeenEdgeOnAtThirtyPercent) {
 TEST(Batches, HaveNoCellBetweenTheirLines) {
   Prepared p(SurveyOf({{299960, 4999980}, {299960, 4999990}, {300040, 4999980, 2}, {300040, 4999990, 2}}));
   p.view.AngoloVista = InRadianti(125);
-  p.view.MostraElettrodi = false;
+  p.view.layers.MostraElettrodi = false;
   const auto painted = p.paint();
   const TestCanvas& canvas = *painted;
   for (std::int32_t y = 0; y < 200; ++y) ASSERT_EQ(canvas.at(150, y), 0xFFFFFFU) << y;
@@ -308,7 +308,7 @@ TEST(OneMeasurement, PaintsItsCellsAndNothingElse) {
   survey.traccia.AltezzaCella = 0;
   survey.traccia.EstensioneX = survey.traccia.EstensioneY = 0;
   Prepared p(std::move(survey));
-  p.view.MostraElettrodi = false;
+  p.view.layers.MostraElettrodi = false;
   const auto painted = p.paint();
   const TestCanvas& canvas = *painted;
   EXPECT_EQ(std::count_if(canvas.pixels().begin(), canvas.pixels().end(), [](auto c) { return c != 0xFFFFFFFF; }), 1);
@@ -316,7 +316,7 @@ TEST(OneMeasurement, PaintsItsCellsAndNothingElse) {
 
 TEST(EmptySurvey, IsAWhitePictureWithTheEnabledLayers) {
   Prepared p(Survey{});
-  p.view.MostraScalaColori = true;
+  p.view.layers.MostraScalaColori = true;
   const auto painted = p.paint();
   const TestCanvas& canvas = *painted;
   EXPECT_EQ(canvas.at(10, 10), 0xFFFFFFU);

@@ -112,15 +112,15 @@ TEST(Window, HoldsTheSurveyWithSquarePixelsAndABandBelow) {
 
 TEST(Window, HasItsVanishingPointUnderTheMarker) {
   ViewState view = View(100, 300);
-  EXPECT_EQ(view.FugaX, 0) << "without a marker in the middle";
-  EXPECT_EQ(view.DistanzaFuga, 225);
-  EXPECT_FLOAT_EQ(view.OrizzonteZ, 0.005F);
-  view.marcatorePosto = true;
-  view.MarcatoreX = UnitaMarcatore(300, 1200);
-  view.MarcatoreY = UnitaMarcatore(800, 800);
+  EXPECT_EQ(view.marker.FugaX, 0) << "without a marker in the middle";
+  EXPECT_EQ(view.marker.DistanzaFuga, 225);
+  EXPECT_FLOAT_EQ(view.marker.OrizzonteZ, 0.005F);
+  view.marker.posto = true;
+  view.marker.MarcatoreX = UnitaMarcatore(300, 1200);
+  view.marker.MarcatoreY = UnitaMarcatore(800, 800);
   ImpostaProspettiva(view);
-  EXPECT_FLOAT_EQ(view.FugaX, -112.5F);
-  EXPECT_FLOAT_EQ(view.OrizzonteZ, 0.01F);
+  EXPECT_FLOAT_EQ(view.marker.FugaX, -112.5F);
+  EXPECT_FLOAT_EQ(view.marker.OrizzonteZ, 0.01F);
 }
 
 TEST(Zoom, MovesByTenthsOfADecadeBetweenATenthAndTen) {
@@ -136,8 +136,8 @@ TEST(Zoom, MovesByTenthsOfADecadeBetweenATenthAndTen) {
   EXPECT_EQ(view.ZoomFattore, 10.0F) << "a button brings a dragged zoom back inside";
 
   ViewState drag = View(1, 1);
-  drag.YZoomDown = -50;  // above the picture counts as its edge
-  drag.YZoomNow = 800;
+  drag.drag.YZoomDown = -50;  // above the picture counts as its edge
+  drag.drag.YZoomNow = 800;
   CalcolaZoom(drag);
   EXPECT_FLOAT_EQ(drag.ZoomFattore, 100);
 }
@@ -155,13 +155,13 @@ TEST(Angles, FollowADragAcrossThePicture) {
                         {DragAxis::Gamma, {true, false, false}, 1, 2, 3}};
   for (const Case& c : cases) {
     ViewState view = View(1, 1);
-    view.AngoloVista = view.AngoloVista0 = 1;
-    view.AngoloPhi = view.AngoloPhi0 = 2;
-    view.AngoloGamma = view.AngoloGamma0 = 3;
-    view.XDown = 100;
-    view.YDown = 500;
-    view.XNow = 700;  // half the width to the right: pi
-    view.YNow = 300;  // a quarter of the height up: pi / 2
+    view.AngoloVista = view.drag.AngoloVista0 = 1;
+    view.AngoloPhi = view.drag.AngoloPhi0 = 2;
+    view.AngoloGamma = view.drag.AngoloGamma0 = 3;
+    view.drag.XDown = 100;
+    view.drag.YDown = 500;
+    view.drag.XNow = 700;  // half the width to the right: pi
+    view.drag.YNow = 300;  // a quarter of the height up: pi / 2
     CalcolaThetaPhi(view, c.axis, c.free);
     EXPECT_NEAR(view.AngoloVista, c.theta, 1e-12);
     EXPECT_NEAR(view.AngoloPhi, c.phi, 1e-12);

@@ -17,7 +17,8 @@ void Racconta(const QWidget& window) {
   std::puts(label("StatusNote").c_str());
   for (const char* typed : {"1", "4"}) {
     auto* box = window.findChild<QLineEdit*>(*typed == '1' ? "E1Txt" : "E2txt");
-    box->setText(typed);
+    box->selectAll();
+    QTest::keyClicks(box, typed);
     QTest::keyClick(box, Qt::Key_Return);
   }
   for (const char* name : {"PrimoLbl", "SecondoLbl"}) std::puts(label(name).substr(0, 10).c_str());

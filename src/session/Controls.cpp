@@ -1,0 +1,149 @@
+#include "session/Controls.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace corvan {
+namespace {
+
+constexpr double Step = 0.1;      // m, of the translation buttons
+constexpr double ZoomStep = 0.1;  // decades
+
+template <Translation What, int Sign>
+void Passo(Session& s, const std::string&) {
+  s.survey.passo(What, Sign * Step);
+}
+
+template <Translation What, std::string TranslationPanel::*Box>
+void Trasla(Session& s, const std::string& text) {
+  s.survey.FrameDataMove.*Box = text;
+  const auto metres = NumeroDaCasella<double>(text, CasellaDi(What), s.findings());
+  if (metres) s.survey.trasla(What, *metres);
+}
+
+template <Axis Which, int Sign>
+void Gira(Session& s, const std::string&) {
+  s.view.passo(Which, Sign);
+}
+
+template <Axis Which, std::string ViewPanel::*Box>
+void Angolo(Session& s, const std::string& text) {
+  s.view.FrameView.*Box = text;
+  const auto degrees = NumeroDaCasella<double>(text, AngleBox, s.findings());
+  if (degrees) s.view.ruota(Which, *degrees);
+}
+
+template <Extreme Which>
+void Estremo(Session& s, const std::string& text) {
+  const BoxNumber& box = Which == Extreme::First ? FirstExtremeBox : SecondExtremeBox;
+  const auto index = NumeroDaCasella<std::int32_t>(text, box, s.findings());
+  if (index) s.selection.imposta(Which, *index);
+}
+
+template <bool Layers::*Layer>
+void Alterna(Session& s, const std::string&) {
+  s.view.alterna(Layer);
+}
+
+template <bool OutputPanel::*Format>
+void Mostra(Session& s, const std::string&) {
+  s.exporter.mostra(Format);
+}
+
+void Salva(Session& s, const std::string&) {
+  if (!s.exporter.cartella(s.exporter.FrameFileOut)) return;
+  s.salvaEstratto(s.exporter.FrameFileOut);
+  s.exporter.FrameFileOut.visible = false;
+}
+
+void Zoom(Session& s, const std::string& text) {
+  s.view.FrameView.Zoomtxt = text;
+  const auto zoom = NumeroDaCasella<float>(text, ZoomBox, s.findings());
+  if (zoom) s.view.zoom(*zoom);
+}
+
+/// The box of phi as it stands keeps its turn.
+void DaSopra(Session& s, const std::string&) {
+  const auto phi = NumeroDaCasella<double>(s.view.FrameView.Phitxt, AngleBox, s.findings());
+  if (phi) s.view.daSopra(*phi);
+}
+
+using S = Session;
+using T = const std::string&;
+
+constexpr std::array Table{
+    Control{"LoadFiles_Click", nullptr, [](S& s, T) { s.survey.FrameFileIn.visible = true; }},
+    Control{"CancCmd_Click", nullptr, [](S& s, T) { s.survey.FrameFileIn.visible = false; }},
+    Control{"ConvertAsciiCmd_Click", "Read File", [](S& s, T) { s.leggi(); }},
+    Control{"SaveFileOut_Click", nullptr, Mostra<&OutputPanel::BinChk>},
+    Control{"SaveFileOutTxt_Click", nullptr, Mostra<&OutputPanel::TxtChk>},
+    Control{"SaveEcho_Click", nullptr, Mostra<&OutputPanel::EchoZChk>},
+    Control{"SaveOutCmd_Click", "Save File Out", Salva},
+    Control{"LinkToGPST_Click", "Link by Time", [](S& s, T) { s.chiediCollegaPerTempo(); }},
+    Control{"LinkToGPSP_Click", "Link by Position", [](S& s, T) { s.collegaPerPosizione(); }},
+    Control{"SetUtmZone_Click", "Set UTM Zone", [](S& s, T) { s.survey.chiediZona(); }},
+    Control{"CableConf_Click", "Set Cable Configuration", [](S& s, T) { s.survey.chiediCavo(); }},
+    Control{"SetRange_Click", "Set Colour Scale Range", [](S& s, T) { s.survey.chiediIntervallo(); }},
+    Control{"SelFirst_Click", nullptr, [](S& s, T) { s.selection.FrameExtrema.visible = true; }},
+    Control{"SelectLast_Click", nullptr, [](S& s, T) { s.selection.FrameExtrema.visible = true; }},
+    Control{"E1Txt_KeyPress", "Select First Data", Estremo<Extreme::First>},
+    Control{"E2txt_KeyPress", "Select Last Data", Estremo<Extreme::Second>},
+    Control{"Undo_Click", "Undo", [](S& s, T) { s.annulla(); }},
+
+    Control{"EmCmd_Click", "Data Translation", Passo<Translation::DataEast, -1>},
+    Control{"EpCmd_Click", "Data Translation", Passo<Translation::DataEast, 1>},
+    Control{"NmCmd_Click", "Data Translation", Passo<Translation::DataNorth, -1>},
+    Control{"NpCmd_Click", "Data Translation", Passo<Translation::DataNorth, 1>},
+    Control{"TestTxt_KeyPress", "Data Translation", Trasla<Translation::DataEast, &TranslationPanel::TestTxt>},
+    Control{"TnordTxt_KeyPress", "Data Translation", Trasla<Translation::DataNorth, &TranslationPanel::TnordTxt>},
+    Control{"DEmCmd_Click", "Depth Translation", Passo<Translation::DepthEast, -1>},
+    Control{"DEpCmd_Click", "Depth Translation", Passo<Translation::DepthEast, 1>},
+    Control{"DNmCmd_Click", "Depth Translation", Passo<Translation::DepthNorth, -1>},
+    Control{"DNpCmd_Click", "Depth Translation", Passo<Translation::DepthNorth, 1>},
+    Control{"DTestTxt_KeyPress", "Depth Translation", Trasla<Translation::DepthEast, &TranslationPanel::DTestTxt>},
+    Control{"DTnordTxt_KeyPress", "Depth Translation", Trasla<Translation::DepthNorth, &TranslationPanel::DTnordTxt>},
+
+    Control{"LeftThetacmd_Click", nullptr, Gira<Axis::Theta, -1>},
+    Control{"RightThetacmd_Click", nullptr, Gira<Axis::Theta, 1>},
+    Control{"LeftPhicmd_Click", nullptr, Gira<Axis::Phi, -1>},
+    Control{"RightPhicmd_Click", nullptr, Gira<Axis::Phi, 1>},
+    Control{"LeftGammaCmd_Click", nullptr, Gira<Axis::Gamma, -1>},
+    Control{"RightGammaCmd_Click", nullptr, Gira<Axis::Gamma, 1>},
+    Control{"Thetatxt_KeyPress", nullptr, Angolo<Axis::Theta, &ViewPanel::Thetatxt>},
+    Control{"Phitxt_KeyPress", nullptr, Angolo<Axis::Phi, &ViewPanel::Phitxt>},
+    Control{"GammaTxt_KeyPress", nullptr, Angolo<Axis::Gamma, &ViewPanel::GammaTxt>},
+    Control{"Zoomtxt_KeyPress", nullptr, Zoom},
+    Control{"MaxZoomcmd_Click", nullptr, [](S& s, T) { s.view.passoZoom(ZoomStep); }},
+    Control{"MinZoomcmd_Click", nullptr, [](S& s, T) { s.view.passoZoom(-ZoomStep); }},
+    Control{"Oopt_Click", nullptr, [](S& s, T) { s.view.proietta(Projection::Orthographic); }},
+    Control{"Popt_Click", nullptr, [](S& s, T) { s.view.proietta(Projection::Perspective); }},
+    Control{"Mopt_Click", nullptr, [](S& s, T) { s.view.mappa(); }},
+    Control{"TopViewCmd_Click", nullptr, DaSopra},
+    Control{"ResCmd_Click", nullptr, [](S& s, T) { s.view.ricentra(); }},
+    Control{"SaveCmd_Click", "Save Current Picture", [](S& s, T) { s.salvaImmagine(); }},
+
+    Control{"SHelectrodes_Click", nullptr, Alterna<&Layers::MostraElettrodi>},
+    Control{"SH2ndGps_Click", nullptr, Alterna<&Layers::MostraGPS2>},
+    Control{"SHdepth_Click", nullptr, Alterna<&Layers::MostraProfondita>},
+    Control{"SHcolour_Click", nullptr, Alterna<&Layers::MostraScalaColori>},
+    Control{"SHNord_Click", nullptr, Alterna<&Layers::MostraNord>},
+    Control{"SHInfoLabel_Click", nullptr, Alterna<&Layers::MostraInfo>},
+    Control{"SHtranslation_Click", nullptr, Alterna<&Layers::MostraTraslazione>}};
+
+}  // namespace
+
+std::span<const Control> Controls() { return Table; }
+
+void EseguiControllo(Session& session, std::string_view name, const std::string& text) {
+  const auto found = std::find_if(Table.begin(), Table.end(), [name](const Control& c) { return c.name == name; });
+  if (found == Table.end()) throw std::out_of_range("no control " + std::string(name));
+  if (found->command != nullptr) {
+    session.findings().comincia(found->command);
+  } else {
+    session.findings().cominciaSeDetto(found->name);
+  }
+  found->run(session, text);
+}
+
+}  // namespace corvan

@@ -1,0 +1,177 @@
+#include "session/Exporter.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "base/ErrorTrap.h"
+#include "base/Fields.h"
+#include "base/NumberText.h"
+#include "base/Text.h"
+#include "export/BinWriter.h"
+#include "export/SurveyKml.h"
+#include "export/SurveyTable.h"
+#include "export/TextWriters.h"
+#include "session/BoxNumbers.h"
+
+namespace corvan {
+namespace {
+
+/// Extensions of the files that the ticked formats make.
+std::vector<const char*> Estensioni(const OutputPanel& output) {
+  std::vector<const char*> all;
+  if (output.BinChk) all.push_back(".bin");
+  if (output.TxtChk) all.push_back(".txt");
+  if (output.EchoZChk) all.insert(all.end(), {".ecs", ".ecst"});
+  if (output.KMLchk) all.push_back(".kml");
+  return all;
+}
+
+}  // namespace
+
+void Exporter::mostra(bool OutputPanel::*format) {
+  FrameFileOut.visible = true;
+  FrameFileOut.BinChk = FrameFileOut.TxtChk = FrameFileOut.EchoZChk = false;
+  FrameFileOut.*format = true;
+}
+
+bool Exporter::cartella(const OutputPanel& output) const {
+  const std::filesystem::path folder = std::filesystem::path(output.FileOutTxt).parent_path();
+  std::error_code error;
+  if (folder.empty() || std::filesystem::is_directory(folder, error)) return true;
+  desk_.findings.fault("SalvaEstrattoFile", "the folder is not there: nothing is written", folder.string());
+  return false;
+}
+
+void Exporter::scrivi(const ExportRequest& request) {
+  section_.reset();
+  Trappola(desk_.findings, "SalvaEstrattoFile", [&] {
+    if (!chiediSostituzione(request.output)) return;
+    const std::optional<SectionRequest> asked = chiediSezione(request);
+    if (!asked) return;
+    const Section section = EstraiSezione(survey_, *asked, desk_.findings);
+    section_ = SectionSummary{section.E1, section.E2, section.points, section.NqpBin()};
+    scriviSezione(section, request);
+  });
+}
+
+/// Asks once before files are replaced; those that may not be are not asked for.
+/// @return false when they shall stay: nothing is written then
+bool Exporter::chiediSostituzione(const OutputPanel& output) {
+  std::string names;
+  for (const char* extension : Estensioni(output)) {
+    std::error_code error;
+    if (FinisceInCartella(output.FileOutTxt)) continue;
+    const std::filesystem::path name = NomeUscita(output.FileOutTxt, extension);
+    if (!std::filesystem::is_regular_file(name, error)) continue;
+    Findings refused;
+    if (Trappola(refused, "", [&] { outputs_.controlla(name); })) {
+      names += (names.empty() ? "" : "\n") + name.filename().string();
+    }
+  }
+  if (names.empty() || desk_.dialogs.MsgBox({Question::ReplaceFiles, names}) == Answer::Ok) return true;
+  desk_.findings.note("SalvaEstrattoFile", "nothing is written: the files that were there stay");
+  return false;
+}
+
+/// @return none when an answer was refused: nothing is written then
+std::optional<SectionRequest> Exporter::chiediSezione(const ExportRequest& request) {
+  const std::int32_t last = survey_.NumMisure();
+  SectionRequest section;
+  section.E1 = std::clamp(std::min(request.E1, request.E2), 1, last);
+  section.E2 = std::clamp(std::max(request.E1, request.E2), 1, last);
+  const auto ask = [this](double& offset, Question question, const char* what) {
+    const std::optional<std::string> answer =
+        desk_.dialogs.InputBox({.question = question, .defaultAnswer = TestoNumero(offset)});
+    if (!answer && offset != 0.0) {
+      desk_.findings.note("SalvaEstrattoFile", std::string(what) + " cancelled: 0 is taken");
+    }
+    const auto metres = NumeroDaCasella<double>(answer.value_or("0"), {"SalvaEstrattoFile", what}, desk_.findings);
+    if (metres) offset = *metres;
+    return metres.has_value();
+  };
+  if (!ask(offsetCavo_, Question::CableOffset, "offset") ||
+      !ask(offsetEco_, Question::EchoOffset, "echo-sounder offset")) {
+    return std::nullopt;
+  }
+  section.OffsetCavo = offsetCavo_;
+  section.OffsetEco = offsetEco_;
+  section.echoSounder = request.output.EchoZChk;
+  if (request.output.TruePosChk) {
+    section.position = request.output.ExtGPSChk ? TruePosition::ExternalGps : TruePosition::BehindBoat;
+  }
+  return section;
+}
+
+void Exporter::scriviSezione(const Section& section, const ExportRequest& request) {
+  const std::int32_t NqpBin = section.NqpBin();
+  const std::string& root = request.output.FileOutTxt;
+  if (request.output.BinChk) {
+    scrivi("SalvaBinPro", root, ".bin",
+           [&](FileWriter& out) { SalvaBinPro(out, section.RecordOut, NqpBin, clock_()); });
+  }
+  if (request.output.TxtChk) {
+    scrivi("SalvaAscii", root, ".txt", [&](FileWriter& out) { SalvaAscii(out, section.RecordOut, NqpBin); });
+  }
+  if (request.output.EchoZChk) {
+    const auto profile = [&](const char* extension, const Profile& along) {
+      scrivi("SalvaTraccia", root, extension,
+             [&](FileWriter& out) { SalvaTraccia(out, along, along.Primo(), along.Ultimo()); });
+    };
+    profile(".ecs", section.Profilo);
+    profile(".ecst", section.ProfiloVero);
+  }
+  if (request.output.KMLchk) scriviKml(section, request);
+}
+
+void Exporter::scriviKml(const Section& section, const ExportRequest& request) {
+  Trappola(desk_.findings, "NomeUscita", [&] {
+    const std::string answer = desk_.chiedi({.question = Question::KmlOffset});
+    const std::optional<double> height =
+        Rifila(answer).empty() ? std::optional(0.0)
+                               : NumeroDaCasella<double>(answer, {"SalvaKML", "vertical offset"}, desk_.findings);
+    if (!height) return;
+    const std::filesystem::path name = NomeUscita(request.output.FileOutTxt, ".kml");
+    const bool written = salva("SalvaKML", name, [&] {
+      if (!kml_) kml_ = std::make_unique<KmlGoogle>();
+      kml_->FileName(name.string());
+      SalvaKML(*kml_, section, {request.colours, *height}, desk_.findings);
+    });
+    if (!written) kml_.reset();  // gives up the half-written file
+  });
+}
+
+void Exporter::tabella(const std::string& root) {
+  scrivi("SalvaTabella", root, ".csv", [this](FileWriter& out) { SalvaTabella(out, survey_); });
+}
+
+void Exporter::immagine(const std::filesystem::path& name, const std::function<std::string()>& compose) {
+  scriviFile("SalvaImmagine", name, [&compose](FileWriter& out) { out.write(compose()); });
+}
+
+/// Opens ROOT + extension, lets `body` write it and lists it as written; failures end in the findings.
+void Exporter::scrivi(const char* procedure, const std::string& root, const char* extension,
+                      const std::function<void(FileWriter&)>& body) {
+  Trappola(desk_.findings, "NomeUscita", [&] { scriviFile(procedure, NomeUscita(root, extension), body); });
+}
+
+/// The same for a whole name.
+void Exporter::scriviFile(const char* procedure, const std::filesystem::path& name,
+                          const std::function<void(FileWriter&)>& body) {
+  salva(procedure, name, [&] {
+    FileWriter out(name);
+    body(out);
+    out.close();
+  });
+}
+
+/// Every output goes through here: refuses a name that is not to be written, lets `save` write and lists it.
+bool Exporter::salva(const char* procedure, const std::filesystem::path& name, const std::function<void()>& save) {
+  return Trappola(desk_.findings, procedure, [&] {
+    outputs_.controlla(name);
+    save();
+    outputs_.scritto(name);
+  });
+}
+
+}  // namespace corvan

@@ -1,0 +1,86 @@
+// Everything that a run writes: the section's formats, the table of the survey, pictures; and what may be replaced.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/File.h"
+#include "base/OleDate.h"
+#include "export/KmlGoogle.h"
+#include "export/OutputFiles.h"
+#include "export/Section.h"
+#include "input/Originals.h"
+#include "picture/ColourScale.h"
+#include "session/Desk.h"
+#include "session/Panels.h"
+
+namespace corvan {
+
+/// What the last extraction gave.
+struct SectionSummary {
+  std::int32_t from = 0;
+  std::int32_t to = 0;
+  std::int32_t points = 0;
+  std::int32_t records = 0;
+};
+
+/// A section to be written: its extremes in either order, the formats and the root of their names.
+struct ExportRequest {
+  std::int32_t E1 = 1;
+  std::int32_t E2 = 1;
+  OutputPanel output;
+  ColourRange colours;  ///< of the KML
+};
+
+class Exporter {
+ public:
+  using Clock = std::function<DateTime()>;
+
+  /// @param clock the local date and time, for the header of binary files
+  Exporter(Desk desk, Survey& survey, Clock clock)
+      : desk_(std::move(desk)), survey_(survey), clock_(std::move(clock)) {}
+
+  OutputPanel FrameFileOut;
+
+  void mostra(bool OutputPanel::*format);  ///< shows "File Out" with one format ticked
+  /// The folder of the outputs is there and can be asked for: else it is said and nothing is written.
+  bool cartella(const OutputPanel& output) const;
+  /// Extracts the section and writes the ticked formats; asks for the offsets, and before files are replaced.
+  void scrivi(const ExportRequest& request);
+  void tabella(const std::string& root);  ///< writes the whole survey as ROOT.csv
+  /// Writes a picture. @param compose puts it into the bytes of its format
+  void immagine(const std::filesystem::path& name, const std::function<std::string()>& compose);
+
+  /// Names a file that was read: it is never replaced.
+  void proteggi(const std::filesystem::path& read) { outputs_.proteggi(read); }
+  const std::vector<std::filesystem::path>& outputs() const { return outputs_.written(); }
+  const std::optional<SectionSummary>& section() const { return section_; }
+  void azzera() { section_.reset(); }
+
+ private:
+  std::optional<SectionRequest> chiediSezione(const ExportRequest& request);
+  bool chiediSostituzione(const OutputPanel& output);
+  void scriviSezione(const Section& section, const ExportRequest& request);
+  void scriviKml(const Section& section, const ExportRequest& request);
+  void scrivi(const char* procedure, const std::string& root, const char* extension,
+              const std::function<void(FileWriter&)>& body);
+  void scriviFile(const char* procedure, const std::filesystem::path& name,
+                  const std::function<void(FileWriter&)>& body);
+  bool salva(const char* procedure, const std::filesystem::path& name, const std::function<void()>& save);
+
+  Desk desk_;
+  Survey& survey_;
+  Clock clock_;
+  OutputFiles outputs_{Originale};
+  std::unique_ptr<KmlGoogle> kml_;
+  std::optional<SectionSummary> section_;
+  double offsetCavo_ = 0;  ///< distance of the first floating electrode from the instrument, m
+  double offsetEco_ = 0;   ///< distance of the echo sounder from the instrument, m
+};
+
+}  // namespace corvan

@@ -1,0 +1,80 @@
+#include "session/PaintedScene.h"
+
+#include "base/ErrorTrap.h"
+
+namespace corvan {
+
+void PaintedScene::tela(Canvas* canvas) {
+  canvas_ = canvas;
+  if (canvas_ == nullptr) return;
+  AdattaArea(view_, canvas_->area(), survey_.traccia);
+  disegna();
+}
+
+void PaintedScene::dipingi() {
+  if (canvas_ == nullptr || !stale_) return;
+  stale_ = false;
+  Trappola(findings_, "DisegnaImmagineQ",
+           [this] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes_, *canvas_); });
+}
+
+void PaintedScene::contorno() {
+  if (canvas_ == nullptr) return;
+  stale_ = false;
+  Trappola(findings_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
+}
+
+void PaintedScene::rifaiCelle() {
+  Trappola(findings_, "CreaFourArray", [this] { CreaFourArray(scene_, survey_); });
+  disegna();
+}
+
+void PaintedScene::rifaiStrati() {
+  ImpostaFinestra(view_, survey_.traccia);
+  GeneraTraiettoria(scene_, survey_);
+  GeneraContorno(scene_, survey_);
+  GeneraEchoSounder(scene_, survey_);
+  GeneraNordG(scene_, view_.Lato);
+  AggiornaZoom(view_);
+  GeneraGPS(scene_, survey_);
+  GeneraGPSD(scene_, survey_);
+  scene_.cable.clear();
+}
+
+void PaintedScene::rifaiFondo() {
+  GeneraTraiettoria(scene_, survey_);
+  GeneraEchoSounder(scene_, survey_);
+  disegna();
+}
+
+void PaintedScene::rifaiTraccia() {
+  GeneraGPS(scene_, survey_);
+  GeneraGPSD(scene_, survey_);
+  rifaiFinestra();
+}
+
+void PaintedScene::rifaiFinestra() {
+  ImpostaFinestra(view_, survey_.traccia);
+  AggiornaZoom(view_);
+  disegna();
+}
+
+void PaintedScene::mostraCavo(std::int32_t measurement) {
+  dipingi();
+  GeneraCavoDiMisura(scene_, survey_, static_cast<std::size_t>(measurement));
+  if (canvas_ != nullptr) renderer_.DisegnaCavoG(scene_, view_, *canvas_);
+}
+
+void PaintedScene::togliCavo() {
+  scene_.cable.clear();
+  renderer_.CavoGNonVisibile();
+  disegna();
+}
+
+void PaintedScene::togliEtichette() {
+  renderer_.TraiettoriaNonVisibile();
+  renderer_.GpsNonVisibile();
+  renderer_.CavoGNonVisibile();
+}
+
+}  // namespace corvan

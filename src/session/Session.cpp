@@ -1,0 +1,196 @@
+#include "session/Session.h"
+
+#include <utility>
+
+#include "picture/Bitmap.h"
+
+namespace corvan {
+namespace {
+
+constexpr const char* PictureName = "img0.bmp";  // never counted on: each save replaces the one before
+
+/// What a link changes in the measurements, as it was before.
+class Positions {
+ public:
+  explicit Positions(const Survey& survey) {
+    kept_.reserve(survey.Misure.size());
+    for (const Misura& m : survey.Misure) {
+      kept_.push_back({m.sorgente, m.Lat, m.Lon, m.UTMx, m.UTMy, m.Val12, m.Scartata, m.Interpolata, m.SenzaFix});
+    }
+  }
+  void rimetti(Survey& survey) const {
+    std::size_t k = 0;
+    for (Misura& m : survey.Misure) {
+      const Kept& was = kept_[k++];
+      m.sorgente = was.sorgente;
+      m.Lat = was.Lat;
+      m.Lon = was.Lon;
+      m.UTMx = was.UTMx;
+      m.UTMy = was.UTMy;
+      m.Val12 = was.Val12;
+      m.Scartata = was.Scartata;
+      m.Interpolata = was.Interpolata;
+      m.SenzaFix = was.SenzaFix;
+    }
+  }
+
+ private:
+  struct Kept {
+    PositionSource sorgente;
+    double Lat, Lon, UTMx, UTMy;
+    float Val12;
+    bool Scartata, Interpolata, SenzaFix;
+  };
+  std::vector<Kept> kept_;
+};
+
+}  // namespace
+
+Session::Session(Dialogs& dialogs, Clock clock)
+    : dialogs_(dialogs),
+      survey(desk()),
+      track(desk(), survey.dati(), [this](std::int16_t zone) { survey.dichiaraZona(zone); }),
+      selection(desk(), survey.dati()),
+      view(desk(), survey.dati()),
+      exporter(desk(), survey.dati(), std::move(clock)) {
+  view.informa(survey.info(), survey.avvisa());
+}
+
+Desk Session::desk() {
+  return {dialogs_, findings_, history_, [this](Change change) { segui(change); }};
+}
+
+/// What must follow a change.
+void Session::segui(Change change) {
+  switch (change) {
+    case Change::Survey:
+      view.azzera();
+      track.azzera();
+      exporter.azzera();
+      letti_ = survey.FrameFileIn.File1;
+      return;
+    case Change::Analysis:
+      track.allinea("AnalisiFile");
+      view.picture().rifaiStrati();
+      return;
+    case Change::Cells:
+      view.picture().rifaiCelle();
+      return;
+    case Change::Depths:
+      view.picture().rifaiFondo();
+      return;
+    case Change::Colours:
+      view.picture().colora(survey.colours());
+      view.picture().disegna();
+      return;
+    case Change::Track:
+      view.mostra(&Layers::MostraGPS2, true);
+      view.picture().rifaiTraccia();
+      return;
+    case Change::Selection:
+      view.segna(selection.scelte(), selection.fixScelti());
+      return;
+    case Change::Label:
+      view.informa(survey.info(), survey.avvisa());
+      return;
+  }
+}
+
+void Session::leggi() {
+  for (const auto& name : survey.FrameFileIn.File1) exporter.proteggi(name);
+  if (!survey.leggi()) return;
+  selection.preimposta();
+  survey.FrameFileIn.visible = exporter.FrameFileOut.visible = false;
+  view.picture().rifaiCelle();
+}
+
+void Session::aggiungi(const std::vector<std::filesystem::path>& files) {
+  survey.FrameFileIn.File1 = letti_;
+  survey.FrameFileIn.File1.insert(survey.FrameFileIn.File1.end(), files.begin(), files.end());
+  leggi();
+}
+
+void Session::leggiTraccia(const std::filesystem::path& file) {
+  if (!file.empty()) exporter.proteggi(file);
+  track.leggi(file);
+}
+
+/// All that follows from positions, after a link gave the measurements others.
+/// @param without measurements that an empty track has no place for
+void Session::collegata(const char* what, std::size_t without, std::function<void()> back) {
+  survey.analizza();
+  if (without > 0) survey.scartaTutto();
+  view.picture().rifaiCelle();
+  history_.ricorda(what, std::move(back));
+}
+
+void Session::collegaPerTempo(double clockOffset) {
+  const Positions before(survey.dati());
+  const bool shown = view.state().layers.MostraGPS2;
+  const std::optional<TimeLink> link = track.timeLink();
+  if (!track.collegaPerTempo(clockOffset)) return;
+  view.mostra(&Layers::MostraGPS2, false);
+  collegata("Link by Time", track.timeLink()->withoutTrack, [this, before, shown, link] {
+    before.rimetti(survey.dati());
+    track.riprendi(link);
+    survey.analizza();
+    view.mostra(&Layers::MostraGPS2, shown);
+    view.picture().rifaiCelle();
+  });
+}
+
+void Session::chiediCollegaPerTempo() {
+  if (const std::optional<double> offset = track.chiediOrologio()) collegaPerTempo(*offset);
+}
+
+void Session::collegaPerPosizione() {
+  if (!view.state().layers.MostraGPS2) {
+    track.rilevaNascosta();
+    return;
+  }
+  const Positions before(survey.dati());
+  if (!track.collegaPerPosizione()) return;
+  collegata("Link by Position", 0, [this, before] {
+    before.rimetti(survey.dati());
+    survey.analizza();
+    view.picture().rifaiCelle();
+  });
+}
+
+void Session::salvaEstratto(const OutputPanel& output) {
+  exporter.azzera();
+  const std::optional<std::int32_t> first = selection.primo(), second = selection.secondo();
+  if (!first || !second) {
+    desk().rifiuta("SalvaEstrattoFile", Question::NoSection);
+    return;
+  }
+  exporter.scrivi({*first, *second, output, survey.colours()});
+}
+
+void Session::salvaImmagine() {
+  Canvas* canvas = view.picture().tela();
+  if (canvas == nullptr) return;
+  view.picture().dipingi();
+  exporter.immagine(PictureName, [canvas] { return ComponiBmp(canvas->picture()); });
+}
+
+void Session::esegui(const PictureRequest& request) {
+  const auto& [kind, index] = request.target;
+  switch (request.act) {
+    case PictureAct::Nothing:
+      return;
+    case PictureAct::Pick:
+      kind == TargetKind::Fix ? selection.scegliFix(index) : selection.scegli(index);
+      return;
+    case PictureAct::Connect:
+      track.chiediConnessione(index);
+      return;
+    case PictureAct::CorrectDepth:
+      survey.chiediProfondita(index);
+      return;
+  }
+}
+
+void Session::annulla() { history_.annulla(); }
+
+}  // namespace corvan

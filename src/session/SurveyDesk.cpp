@@ -1,0 +1,264 @@
+#include "session/SurveyDesk.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/ErrorTrap.h"
+#include "base/Fields.h"
+#include "base/NumberCheck.h"
+#include "base/NumberText.h"
+#include "base/Rounding.h"
+#include "base/Text.h"
+#include "track/Cable.h"
+#include "track/TrackLink.h"
+
+namespace corvan {
+namespace {
+
+constexpr const char* BadPositions = "Some Data have incorrect GPS position";
+constexpr Mask Shift = "####0.0";
+constexpr const char* OtherCables = "CreaCavoDaMisure";
+constexpr const char* ZoneAssumed = "SelezionaZonaUTM";
+
+bool DelFondo(Translation what) { return what == Translation::DepthEast || what == Translation::DepthNorth; }
+
+}  // namespace
+
+SurveyDesk::SurveyDesk(Desk desk) : desk_(std::move(desk)) { segnaZona(DefaultZone); }
+
+void SurveyDesk::azzera() {
+  FrameFileIn.DonelblVisible = false;
+  survey_.settings = Settings{};
+  FrameDataMove = TranslationPanel{};
+  rangeTyped_ = false;
+  segnaZona(DefaultZone);
+  desk_.tell(Change::Label);
+}
+
+void SurveyDesk::segnaZona(std::int16_t zone) {
+  survey_.settings.ZonaUTM = zone;
+  survey_.settings.griglia.zone = std::clamp<std::int16_t>(zone, 1, 60);
+  zona_ = InizializzaUTM(zone);
+  info_ = "WGS 84 - UTM " + std::to_string(zone);
+  warns_ = false;
+}
+
+void SurveyDesk::analizza() {
+  desk_.tell(Change::Label);
+  Trappola(desk_.findings, "AnalisiFile", [this] {
+    fixes_ = AnalisiFile(survey_, desk_.findings);
+    if (!rangeTyped_) colours_ = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
+    desk_.tell(Change::Colours);
+    desk_.tell(Change::Analysis);
+  });
+  rilevaPosizioni();
+}
+
+void SurveyDesk::rilevaPosizioni() {
+  if (fixes_.bad == 0 && fixes_.discarded == 0) return;
+  if (fixes_.bad > 0 && survey_.settings.filter == BadGps::NoFilter) {
+    info_ = BadPositions;
+    warns_ = true;
+    desk_.tell(Change::Label);
+  }
+  desk_.findings.note("AnalisiFile",
+                      std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " +
+                          std::to_string(survey_.NumMisure()) + ", " + std::to_string(fixes_.discarded) +
+                          " discarded, " + std::to_string(fixes_.interpolated) + " interpolated" +
+                          (fixes_.empty > 0 ? ", " + std::to_string(fixes_.empty) + " without any reading" : ""));
+}
+
+void SurveyDesk::scartaTutto() {
+  ScartaSenzaTraccia(survey_);
+  fixes_.discarded = survey_.Misure.size();
+}
+
+void SurveyDesk::rifai() {
+  analizza();
+  desk_.tell(Change::Cells);
+}
+
+void SurveyDesk::chiediCavo() {
+  const std::string answer(
+      Rifila(desk_.chiedi({.question = Question::CableConfiguration, .defaultAnswer = survey_.cavo.StringaCavo})));
+  if (!answer.empty()) impostaCavo(answer);
+}
+
+void SurveyDesk::impostaCavo(const std::string& text) {
+  Trappola(desk_.findings, "ModificaCavo", [&] {
+    const std::size_t tokens = ContaCampi(text, ScegliSeparatore(text));
+    if (tokens < 2 * CableElectrodes) {
+      desk_.findings.note("ModificaCavo", "the cable configuration has " + std::to_string(tokens) + " of " +
+                                              std::to_string(2 * CableElectrodes) +
+                                              " tokens, the missing positions are 0");
+    }
+    rilevaGettoni(text);
+    Cable before = survey_.cavo;
+    survey_.cavo.PosCavo = LeggiStringaCavo(text);
+    survey_.cavo.StringaCavo = text;
+    // The cable that was typed holds for all.
+    auto withdrawn = desk_.findings.ritira(OtherCables);
+    desk_.history.ricorda("Set Cable Configuration",
+                          [this, cable = std::move(before), found = std::move(withdrawn)]() mutable {
+                            survey_.cavo = std::move(cable);
+                            for (Finding& finding : found) desk_.findings.add(std::move(finding));
+                            rifai();
+                          });
+    rifai();
+  });
+}
+
+/// Tells of the places of a cable that are no numbers.
+void SurveyDesk::rilevaGettoni(const std::string& cable) {
+  NumberCheck check;
+  std::size_t k = 0;
+  const std::string separator = ScegliSeparatore(cable);
+  for (FieldCursor tokens(cable, separator); tokens.more() && k < 2 * CableElectrodes;) {
+    const std::string_view token = tokens.next();
+    if (++k % 2 == 0) check.leggi(token, 0, k);
+  }
+  if (check.count() > 0) desk_.findings.note("ModificaCavo", check.detto());
+}
+
+void SurveyDesk::chiediZona() {
+  Trappola(desk_.findings, "SetUtmZone", [this] {
+    const std::optional<std::string> answer = desk_.dialogs.InputBox(
+        {.question = Question::UtmZone, .defaultAnswer = std::to_string(survey_.settings.ZonaUTM)});
+    if (!answer) return;
+    const std::optional<std::int16_t> zone =
+        Rifila(*answer).empty() ? std::optional(DefaultZone)
+                                : NumeroDaCasella<std::int16_t>(*answer, {"SetUtmZone", "zone"}, desk_.findings);
+    if (zone) impostaZona(*zone);
+  });
+}
+
+void SurveyDesk::dichiaraZona(std::int16_t zone) {
+  segnaZona(zone);
+  desk_.tell(Change::Label);
+}
+
+void SurveyDesk::impostaZona(std::int16_t zone) {
+  const Settings before = survey_.settings;
+  segnaZona(zone);
+  const std::int16_t used = survey_.settings.griglia.zone;
+  if (used != zone) {
+    desk_.findings.fault("SetUtmZone", "zone " + std::to_string(zone) +
+                                           " is not 1 to 60: positions are computed in zone " + std::to_string(used));
+  }
+  survey_.settings.CoordUTM = false;
+  desk_.history.ricorda("Set UTM Zone", [this, before, found = desk_.findings.ritira(ZoneAssumed)]() mutable {
+    survey_.settings = before;
+    segnaZona(before.ZonaUTM);
+    for (Finding& finding : found) desk_.findings.add(std::move(finding));
+    rifai();
+  });
+  rifai();
+}
+
+void SurveyDesk::chiediIntervallo() {
+  Trappola(desk_.findings, "SetRange", [this] {
+    constexpr Mask bound = "#####0.0#";
+    const std::string range = FormattaNumero(static_cast<double>(colours_.ScalaMin), bound) + ";" +
+                              FormattaNumero(static_cast<double>(colours_.ScalaMax), bound);
+    const std::optional<std::string> answer =
+        desk_.dialogs.InputBox({.question = Question::ColourRange, .defaultAnswer = range});
+    if (!answer) return;
+    if (Rifila(*answer).empty()) {
+      intervalloDaiDati();
+      return;
+    }
+    const auto typed = CoppiaDaCasella<float>(*answer, {"SetRange", "range"}, desk_.findings);
+    if (typed) impostaIntervallo({typed->first, typed->second});
+  });
+}
+
+void SurveyDesk::impostaIntervallo(const ColourRange& range) {
+  desk_.history.ricorda("Set Colour Scale Range", [this, colours = colours_, typed = rangeTyped_] {
+    colours_ = colours;
+    rangeTyped_ = typed;
+    desk_.tell(Change::Colours);
+  });
+  colours_ = range;
+  rangeTyped_ = true;
+  desk_.tell(Change::Colours);
+}
+
+void SurveyDesk::intervalloDaiDati() {
+  impostaIntervallo(ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax));
+  rangeTyped_ = false;
+}
+
+void SurveyDesk::chiediProfondita(std::int32_t index) {
+  if (desk_.dialogs.MsgBox({Question::CorrectDepth, ""}) == Answer::Ok) correggiProfondita(index);
+}
+
+void SurveyDesk::correggiProfondita(std::int32_t index) {
+  Trappola(desk_.findings, "dptlbl_DblClick", [this, index] {
+    Array1<Misura>& Misure = survey_.Misure;
+    const auto k = static_cast<std::size_t>(index);
+    if (Misure.size() < 2 || !Misure.contains(k)) return;
+    const float before = Misure(k).Val12;
+    if (k == 1) {
+      Misure(k).Val12 = Misure(2).Val12;
+    } else if (k == Misure.size()) {
+      Misure(k).Val12 = Misure(k - 1).Val12;
+    } else {
+      const double sum = static_cast<double>(Misure(k - 1).Val12) + static_cast<double>(Misure(k + 1).Val12);
+      Misure(k).Val12 = ASingolo(sum * 0.5);
+    }
+    desk_.history.ricorda("Correct Depth", [this, k, before] {
+      survey_.Misure(k).Val12 = before;
+      desk_.tell(Change::Depths);
+    });
+    desk_.tell(Change::Depths);
+  });
+}
+
+double& SurveyDesk::spostamentoDati(Translation what) {
+  return what == Translation::DataEast ? survey_.settings.TraslDatiEst : survey_.settings.TraslDatiNord;
+}
+
+float& SurveyDesk::spostamentoFondo(Translation what) {
+  return what == Translation::DepthEast ? survey_.settings.TraslFondoEst : survey_.settings.TraslFondoNord;
+}
+
+void SurveyDesk::ricordaTraslazioni() {
+  desk_.history.ricorda("Translation", [this, s = survey_.settings, boxes = FrameDataMove] {
+    survey_.settings.TraslDatiEst = s.TraslDatiEst;
+    survey_.settings.TraslDatiNord = s.TraslDatiNord;
+    survey_.settings.TraslFondoEst = s.TraslFondoEst;
+    survey_.settings.TraslFondoNord = s.TraslFondoNord;
+    FrameDataMove = boxes;
+    rifai();
+  });
+}
+
+void SurveyDesk::trasla(Translation what, double metres) {
+  ricordaTraslazioni();
+  if (DelFondo(what)) {
+    spostamentoFondo(what) = ASingolo(metres);
+    desk_.tell(Change::Depths);
+  } else {
+    spostamentoDati(what) = metres;
+    rifai();
+  }
+}
+
+void SurveyDesk::passo(Translation what, double metres) {
+  ricordaTraslazioni();
+  if (DelFondo(what)) {
+    float& moved = spostamentoFondo(what);
+    moved = SingoloOppure(static_cast<double>(moved) + metres, moved);
+    // All four buttons show their value in the north box, the east ones too: a quirk of the panel that users know.
+    FrameDataMove.DTnordTxt = FormattaNumero(static_cast<double>(moved), Shift);
+    desk_.tell(Change::Depths);
+  } else {
+    double& moved = spostamentoDati(what);
+    moved += metres;
+    std::string& box = what == Translation::DataEast ? FrameDataMove.TestTxt : FrameDataMove.TnordTxt;
+    box = FormattaNumero(moved, Shift);
+    rifai();
+  }
+}
+
+}  // namespace corvan

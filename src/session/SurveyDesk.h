@@ -1,0 +1,101 @@
+// The survey of a run: the files it is read from, filter, cable, zone, colour range, depths and translations.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "geo/ZoneConstants.h"
+#include "input/FileRead.h"
+#include "picture/ColourScale.h"
+#include "session/BoxNumbers.h"
+#include "session/Desk.h"
+#include "session/Panels.h"
+#include "survey/Survey.h"
+#include "track/TrackAnalysis.h"
+
+namespace corvan {
+
+/// What the two translation panels move, m.
+enum class Translation { DataEast, DataNorth, DepthEast, DepthNorth };
+
+/// A translation as it may be typed into its box: a quarter of the way round the earth at most.
+constexpr BoxNumber CasellaDi(Translation what) {
+  constexpr const char* procedures[] = {"TestTxt_KeyPress", "TnordTxt_KeyPress", "DTestTxt_KeyPress",
+                                        "DTnordTxt_KeyPress"};
+  return {procedures[static_cast<int>(what)], "translation", -1e7, 1e7};
+}
+
+class SurveyDesk {
+ public:
+  static constexpr std::int16_t DefaultZone = 32;
+
+  explicit SurveyDesk(Desk desk);
+
+  InputPanel FrameFileIn;
+  TranslationPanel FrameDataMove;
+
+  Survey& dati() { return survey_; }
+  const Survey& dati() const { return survey_; }
+  const TrackResult& fixes() const { return fixes_; }
+  const ColourRange& colours() const { return colours_; }
+  /// The line of information on the picture.
+  const std::string& info() const { return info_; }
+  /// It warns: the user shall see it.
+  bool avvisa() const { return warns_; }
+
+  void azzera();  ///< settings, zone and boxes back to those of the start
+  /// Reads the panel's files, in their order, and analyses what they hold. Where nothing could be read the survey that
+  /// was there stays, which is a fault.
+  /// @return false when it stays
+  bool leggi();
+  void analizza();     ///< derives all that follows from the readings and their positions
+  void scartaTutto();  ///< linked to an empty track: every measurement is left out, until the next analysis
+
+  void chiediCavo();  ///< "Set Cable Configuration"
+  /// @param text tokens by turns name and place, m. One that cannot be read changes nothing and is a fault.
+  void impostaCavo(const std::string& text);
+  void chiediZona();  ///< "Set UTM Zone": an empty answer sets zone 32, Cancel changes nothing
+  /// States the zone of what was read without one and converts the rest into it. Beyond 1..60 the nearest is used.
+  void impostaZona(std::int16_t zone);
+  /// The zone of a survey that has none yet: nothing is converted.
+  void dichiaraZona(std::int16_t zone);
+  void chiediIntervallo();  ///< "Set Colour Scale Range": an empty answer goes back to the data
+  void impostaIntervallo(const ColourRange& range);
+  void intervalloDaiDati();
+
+  void chiediProfondita(std::int32_t index);  ///< asks whether to correct a measurement's depth
+  /// The depth of a measurement becomes the mean of its neighbours', at an end that of the only one.
+  void correggiProfondita(std::int32_t index);
+
+  void trasla(Translation what, double metres);
+  void passo(Translation what, double metres);  ///< the same by steps, shown in its box
+
+ private:
+  ReadOptions opzioni() const;
+  Survey leggiTutti();
+  void leggiFile(Survey& survey, const ReadOptions& options);
+  void prendi(Survey survey);
+  void stabilisciGriglia();
+  void segnaZona(std::int16_t zone);
+  void rilevaLettura();
+  void rilevaGettoni(const std::string& cable);
+  void rilevaPosizioni();
+  void rifai();
+  double& spostamentoDati(Translation what);
+  float& spostamentoFondo(Translation what);
+  void ricordaTraslazioni();
+
+  Desk desk_;
+  Survey survey_;
+  ZoneConstants zona_;
+  TrackResult fixes_;
+  ColourRange colours_;
+  bool rangeTyped_ = false;  ///< the user typed the colour range: it no longer follows the data
+  std::string info_;
+  bool warns_ = false;
+};
+
+}  // namespace corvan

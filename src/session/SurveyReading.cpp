@@ -1,0 +1,130 @@
+// Reading files into the survey: the chain from the selected files to the analysed track.
+#include <algorithm>
+#include <utility>
+
+#include "base/ErrorTrap.h"
+#include "base/NumberText.h"
+#include "base/Text.h"
+#include "input/InputDriver.h"
+#include "session/SurveyDesk.h"
+#include "track/Cable.h"
+#include "track/FormatGuess.h"
+
+namespace corvan {
+
+bool SurveyDesk::leggi() {
+  desk_.findings.dimentica();
+  Survey fresh = leggiTutti();
+  if (fresh.Misure.empty() && !FrameFileIn.File1.empty() && !survey_.Misure.empty()) {
+    desk_.findings.fault("LeggiFile", "nothing could be read: the survey that was there stays");
+    return false;
+  }
+  prendi(std::move(fresh));
+  if (!survey_.Misure.empty()) {
+    stabilisciGriglia();
+    CreaCavoDaMisure(survey_);
+    RilevaCavo(survey_, desk_.findings);
+    analizza();
+    rilevaLettura();
+  } else {
+    fixes_ = TrackResult{};
+    desk_.tell(Change::Analysis);
+  }
+  FrameFileIn.Donelbl = "Read " + TestoConSegno(static_cast<double>(survey_.NumMisure())) + " meas.";
+  FrameFileIn.DonelblVisible = true;
+  return true;
+}
+
+ReadOptions SurveyDesk::opzioni() const {
+  ReadOptions options;
+  options.span = FrameFileIn.pastGaps ? ReadSpan::PastLostFixes : ReadSpan::ToFirstLostFix;
+  switch (FrameFileIn.LatLonCmbx) {
+    case CoordinateEntry::DDMMSS:
+      options.layout = AngleFormat::DMMSS;
+      break;
+    case CoordinateEntry::DDMM:
+      options.layout = AngleFormat::DMM_MMM;
+      break;
+    case CoordinateEntry::DD:
+      options.layout = AngleFormat::D_DDDD;
+      break;
+    case CoordinateEntry::UTM:
+      options.layout.reset();
+      break;
+  }
+  options.channels = [this](std::int32_t usual) {
+    return desk_.chiedi(
+        {.question = Question::ChannelNumber, .defaultAnswer = TestoNumero(static_cast<double>(usual))});
+  };
+  return options;
+}
+
+Survey SurveyDesk::leggiTutti() {
+  Survey survey;
+  const ReadOptions options = opzioni();
+  for (const auto& name : FrameFileIn.File1) {
+    survey.file.NomeFile = name;
+    survey.file.TitoloFile = name.filename().string();
+    ++survey.file.NumFile;
+    desk_.dialogs.Avanzamento({survey.file.TitoloFile, survey.files.size(), FrameFileIn.File1.size()});
+    leggiFile(survey, options);
+  }
+  desk_.dialogs.Avanzamento({"", survey.files.size(), FrameFileIn.File1.size()});
+  return survey;
+}
+
+/// Appends what a file gives to the survey.
+void SurveyDesk::leggiFile(Survey& survey, const ReadOptions& options) {
+  CurrentFile& file = survey.file;
+  Trappola(desk_.findings, "LeggiFile", [&] {
+    FileRead report = LeggiFile(file.NomeFile, options);
+    for (Misura& m : report.measurements) {
+      if (!Vuota(m)) m.NumFile = file.NumFile;  // an empty firing names no file
+      survey.Misure.append(m);
+    }
+    desk_.findings.add(report.findings, file.NomeFile);
+    survey.files.push_back(report.summary);
+    if (report.summary.format.empty()) return;
+    file.NumCanali = report.summary.channels;
+    if (report.HeaderBin.empty()) return;
+    file.LungRecord = static_cast<std::int16_t>(report.summary.recordLength);
+    file.HeaderBin = std::move(report.HeaderBin);
+  });
+}
+
+/// The survey that was read takes the place of the one before; external track and typed cable are kept.
+void SurveyDesk::prendi(Survey survey) {
+  survey.tracciaEst = std::move(survey_.tracciaEst);
+  survey.cavo = survey_.cavo;
+  survey_ = std::move(survey);
+  azzera();
+  desk_.tell(Change::Survey);
+  survey_.settings.filter = FrameFileIn.filter;
+  survey_.settings.CoordUTM = FrameFileIn.LatLonCmbx == CoordinateEntry::UTM;
+  survey_.settings.layout = opzioni().layout.value_or(AngleFormat::DMM_MMM);
+  desk_.history.vuota();
+}
+
+/// The one grid of the survey: of its first position, or of UTM files that of the start until a zone is stated.
+void SurveyDesk::stabilisciGriglia() {
+  GridZone& grid = survey_.settings.griglia;
+  grid = {DefaultZone, Hemisphere::North};
+  if (survey_.settings.CoordUTM) {
+    grid.hemisphere = FrameFileIn.south ? Hemisphere::South : Hemisphere::North;
+  } else if (const std::optional<GridZone> first = GrigliaDelPrimoFix(survey_)) {
+    grid = *first;
+  }
+  segnaZona(grid.zone);
+  desk_.tell(Change::Label);
+}
+
+/// What only the whole survey shows about how it was read.
+void SurveyDesk::rilevaLettura() {
+  if (SenzaZona(survey_)) {
+    desk_.findings.note("SelezionaZonaUTM", "UTM coordinates without a stated zone: zone " +
+                                                std::to_string(DefaultZone) + " is assumed (\"Set UTM Zone\", --zone)");
+  }
+  RilevaFormato(survey_, desk_.findings);
+}
+
+}  // namespace corvan

@@ -1,0 +1,63 @@
+// How the survey is looked at: angles, zoom, projection, layers.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "session/BoxNumbers.h"
+#include "session/Desk.h"
+#include "session/PaintedScene.h"
+#include "session/Panels.h"
+
+namespace corvan {
+
+/// The angles of the view: theta about the X axis, phi about Z, gamma about Y.
+enum class Axis { Theta, Phi, Gamma };
+
+/// An angle in degrees as it may be typed: beyond it the sines lose its digits. A zoom: beyond it there is no window.
+inline constexpr BoxNumber AngleBox{"leggiAngolo", "angle", -1e6, 1e6};
+inline constexpr BoxNumber ZoomBox{"Zoomtxt_KeyPress", "zoom", 1e-6, 1e6};
+
+class ViewDesk {
+ public:
+  ViewDesk(const Desk& desk, const Survey& survey) : picture_(desk.findings, survey) { azzera(); }
+
+  ViewPanel FrameView;
+
+  PaintedScene& picture() { return picture_; }
+  const PaintedScene& picture() const { return picture_; }
+  const ViewState& state() const { return picture_.view(); }
+
+  void azzera();  ///< angles, zoom and layers back to those of the start
+  void ruota(Axis axis, double degrees);
+  void passo(Axis axis, double degrees);  ///< the same by steps, held to -180..180
+  void zoom(float factor);                ///< a larger one shows more
+  void passoZoom(double decades);         ///< the same by steps, held to 0.1..10
+  void proietta(Projection projection);
+  void mappa();              ///< from above, in the straight projection
+  void daSopra(double phi);  ///< from above at zoom 1, turned by phi degrees, around the middle of the data
+  void ricentra();           ///< around the middle of the data
+  void inquadra();           ///< the whole survey at zoom 1
+
+  void mostra(bool Layers::*layer, bool shown);
+  void alterna(bool Layers::*layer) { mostra(layer, !(state().layers.*layer)); }
+  /// The line of information on the picture. @param warns shows it though it was hidden
+  void informa(const std::string& text, bool warns);
+  /// The chosen measurements and fixes.
+  void segna(std::vector<std::int32_t> measurements, std::vector<std::int32_t> fixes);
+
+  /// Puts angles and zoom into their boxes.
+  void mostraAngoli();
+  const std::string& info() const { return info_; }
+
+ private:
+  double& angolo(Axis axis);
+  std::string& casella(Axis axis);
+  void annota();
+
+  PaintedScene picture_;
+  std::string info_;
+  PictureNotes notes_;
+};
+
+}  // namespace corvan
