@@ -17,9 +17,9 @@ void Passo(Session& s, const std::string&) {
 
 template <Translation What, std::string TranslationPanel::*Box>
 void Trasla(Session& s, const std::string& text) {
-  s.survey.FrameDataMove.*Box = text;
   const auto metres = NumeroDaCasella<double>(text, CasellaDi(What), s.findings());
   if (metres) s.survey.trasla(What, *metres);
+  s.survey.FrameDataMove.*Box = text;
 }
 
 template <Axis Which, int Sign>
