@@ -1,13 +1,20 @@
-// Times the window: until it is on screen, until a file of 10,000 firings is read and painted, and a step of a drag.
+// Times the window: until it is on screen, until a survey is read and painted, a step of a drag, and each change that
+// can be taken back.
+#include <algorithm>
+#include <functional>
 #include <iostream>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QWindow>
+#include <utility>
 
 #include "app/Corvan.h"
+#include "base/File.h"
 #include "BigSurvey.h"
+#include "session/Controls.h"
 
+namespace corvan {
 namespace {
 
 void Move(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton button) {
@@ -15,44 +22,108 @@ void Move(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton button)
   QApplication::sendEvent(widget, &event);
 }
 
+class Timer {
+ public:
+  Timer() { timer_.start(); }
+  double milliseconds() const { return static_cast<double>(timer_.nsecsElapsed()) / 1e6; }
+
+ private:
+  QElapsedTimer timer_;
+};
+
 void Print(const char* what, double milliseconds, double goal) {
   std::cout << what << ": " << milliseconds << " ms (under " << goal << ")\n";
 }
 
+/// Reads a survey of so many firings. @return milliseconds until it is seen
+double Read(Corvan& window, std::size_t firings) {
+  const std::filesystem::path file = bench::Folder() / "window.bin";
+  bench::MakeSyscalFile(file, firings, 304);
+  const Timer timer;
+  window.leggi({QString::fromStdString(file.string())});
+  window.repaint();
+  return timer.milliseconds();
+}
+
+/// Milliseconds of a step of a drag, and of the whole picture after it.
+std::pair<double, double> Drag(QWidget* picture) {
+  constexpr int steps = 100;
+  Move(picture, QEvent::MouseButtonPress, {20, 500}, Qt::LeftButton);
+  const Timer step;
+  for (int i = 0; i < steps; ++i) {
+    Move(picture, QEvent::MouseMove, {20 + i, 500 - i}, Qt::NoButton);
+    picture->repaint();
+  }
+  const double each = step.milliseconds() / steps;
+  const Timer release;
+  Move(picture, QEvent::MouseButtonRelease, {20 + steps, 500 - steps}, Qt::LeftButton);
+  picture->repaint();
+  return {each, release.milliseconds()};
+}
+
+/// The slowest of six kinds of changes and of taking them back, each with its picture, ms.
+std::pair<double, double> Changes(Corvan& window) {
+  Session& session = window.session();
+  const std::filesystem::path track = bench::Folder() / "window.nav";
+  FileWriter log(track);
+  log.write(
+      "$GPRMC,060000,A,4524.5,N,01218.5,E,4.0,90.0,150626,,\r\n"
+      "$GPRMC,070000,A,4524.5,N,01219.5,E,4.0,90.0,150626,,\r\n");
+  log.close();
+  session.leggiTraccia(track);
+  const std::function<void()> changes[] = {
+      [&] { session.survey.correggiProfondita(5); },
+      [&] {
+        session.survey.impostaCavo("C1 56 C2 62 E1 50 E2 44 E3 40 E4 35 E5 30 E6 25 E7 20 E8 15 E9 10 E10 5 E11 1");
+      },
+      [&] { session.survey.impostaZona(32); },
+      [&] {
+        session.survey.impostaIntervallo({1, 2});
+      },
+      [&] { session.survey.trasla(Translation::DataNorth, 37.5); },
+      [&] { session.collegaPerTempo(3); }};
+  auto* picture = window.findChild<QWidget*>("CoordPic");
+  double slowest = 0, slowestBack = 0;
+  for (const auto& change : changes) {
+    const Timer timer;
+    change();
+    picture->repaint();
+    slowest = std::max(slowest, timer.milliseconds());
+  }
+  while (!session.annullabile().empty()) {
+    const Timer timer;
+    EseguiControllo(session, "Undo_Click");
+    picture->repaint();
+    slowestBack = std::max(slowestBack, timer.milliseconds());
+  }
+  return {slowest, slowestBack};
+}
+
 }  // namespace
+}  // namespace corvan
 
 int main(int argc, char** argv) {
   using namespace corvan;
   bench::Silent dialogs;
-  QElapsedTimer timer;
-  timer.start();
+  const Timer start;
   const QApplication application(argc, argv);
   Corvan window(dialogs);
   window.resize(1360, 820);
   window.show();
   while (!window.windowHandle()->isExposed()) QApplication::processEvents();
   window.repaint();
-  Print("start to screen", static_cast<double>(timer.nsecsElapsed()) / 1e6, 500);
-
-  const std::filesystem::path file = bench::Folder() / "window.bin";
-  bench::MakeSyscalFile(file, 10'000, 304);
-  timer.restart();
-  window.leggi({QString::fromStdString(file.string())});
-  window.repaint();
-  Print("read 10,000 firings to picture", static_cast<double>(timer.nsecsElapsed()) / 1e6, 1000);
-
+  Print("start to screen", start.milliseconds(), 500);
   auto* picture = window.findChild<QWidget*>("CoordPic");
-  constexpr int steps = 100;
-  Move(picture, QEvent::MouseButtonPress, {20, 500}, Qt::LeftButton);
-  timer.restart();
-  for (int i = 0; i < steps; ++i) {
-    Move(picture, QEvent::MouseMove, {20 + i, 500 - i}, Qt::NoButton);
-    picture->repaint();
+  for (const std::size_t firings : {std::size_t{10'000}, std::size_t{100'000}}) {
+    const bool many = firings > 10'000;
+    std::cout << firings << " firings\n";
+    Print("  read to picture", Read(window, firings), many ? 10000 : 1000);
+    const auto [step, release] = Drag(picture);
+    Print("  step of a drag", step, many ? 200 : 16);
+    Print("  repaint at release", release, 200);
+    const auto [change, back] = Changes(window);
+    Print("  slowest change", change, 200);
+    Print("  slowest change taken back", back, 200);
   }
-  Print("step of a drag", static_cast<double>(timer.nsecsElapsed()) / 1e6 / steps, 16);
-  timer.restart();
-  Move(picture, QEvent::MouseButtonRelease, {20 + steps, 500 - steps}, Qt::LeftButton);
-  picture->repaint();
-  Print("repaint at release", static_cast<double>(timer.nsecsElapsed()) / 1e6, 100);
   return 0;
 }

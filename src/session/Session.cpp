@@ -1,5 +1,6 @@
 #include "session/Session.h"
 
+#include <memory>
 #include <utility>
 
 #include "picture/Bitmap.h"
@@ -125,13 +126,13 @@ void Session::collegata(const char* what, std::size_t without, std::function<voi
 }
 
 void Session::collegaPerTempo(double clockOffset) {
-  const Positions before(survey.dati());
+  const auto before = std::make_shared<const Positions>(survey.dati());
   const bool shown = view.state().layers.MostraGPS2;
   const std::optional<TimeLink> link = track.timeLink();
   if (!track.collegaPerTempo(clockOffset)) return;
   view.mostra(&Layers::MostraGPS2, false);
   collegata("Link by Time", track.timeLink()->withoutTrack, [this, before, shown, link] {
-    before.rimetti(survey.dati());
+    before->rimetti(survey.dati());
     track.riprendi(link);
     survey.analizza();
     view.mostra(&Layers::MostraGPS2, shown);
@@ -148,10 +149,10 @@ void Session::collegaPerPosizione() {
     track.rilevaNascosta();
     return;
   }
-  const Positions before(survey.dati());
+  const auto before = std::make_shared<const Positions>(survey.dati());
   if (!track.collegaPerPosizione()) return;
   collegata("Link by Position", 0, [this, before] {
-    before.rimetti(survey.dati());
+    before->rimetti(survey.dati());
     survey.analizza();
     view.picture().rifaiCelle();
   });

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <optional>
+#include <thread>
 
 #include "base/Rounding.h"
 #include "view3d/DepthOrder.h"
@@ -13,7 +14,8 @@
 namespace corvan {
 namespace {
 
-constexpr double Ambiente = 0.3;  // share of the light that comes from everywhere
+constexpr double Ambiente = 0.3;             // share of the light that comes from everywhere
+constexpr std::size_t SharedColumns = 8192;  // from here on two cores share them: a thread costs as much as 300 do
 constexpr std::size_t Edges = MaxChannels + 1;
 constexpr std::size_t Lanes = 12;  // edges and a spare one: whole groups for the processor's vector units
 
@@ -148,13 +150,30 @@ class Pass {
 
 void CurtainPainter::prepara(const Curtain& cells, const ViewState& view, const ColourRange& colours) {
   // The lists never shrink: clearing and growing them anew would write every cell twice.
-  const std::size_t most = MaxChannels * cells.columns.size() + 1;
+  const std::size_t columns = cells.columns.size(), most = MaxChannels * columns + 1;
   if (quads_.size() < most) quads_.resize(most);
   order_.resize(most);
-  Pass pass(cells, view, colours);
-  std::size_t count = 0;
-  for (const CellColumn& column : cells.columns) count = pass.column(column, count, quads_.data(), order_.data());
-  order_.resize(count);
+  // The lists of columns from..to, each from its own place on. Returns the place behind the last one.
+  const auto part = [&](std::size_t from, std::size_t to) {
+    Pass pass(cells, view, colours);
+    std::size_t count = MaxChannels * from;
+    for (std::size_t k = from + 1; k <= to; ++k) {
+      count = pass.column(cells.columns(k), count, quads_.data(), order_.data());
+    }
+    return count;
+  };
+  if (columns < SharedColumns) {
+    order_.resize(part(0, columns));
+  } else {
+    const std::size_t half = columns / 2;
+    std::size_t behind = 0;
+    std::jthread other([&] { behind = part(half, columns); });
+    const std::size_t first = part(0, half);
+    other.join();
+    const auto second = order_.begin() + static_cast<std::ptrdiff_t>(MaxChannels * half);
+    const auto end = order_.begin() + static_cast<std::ptrdiff_t>(behind);
+    order_.erase(std::move(second, end, order_.begin() + static_cast<std::ptrdiff_t>(first)), order_.end());
+  }
   OrdinaQuad(order_, scratch_);
 }
 

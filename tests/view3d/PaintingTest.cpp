@@ -346,5 +346,53 @@ TEST(Bitmaps, HoldRowsFromTheBottomInWholeWords) {
   EXPECT_EQ(bytes.substr(66, 3), "\x33\x22\x11");
 }
 
+// Two cores share the columns of a long survey: the cells and their order are those of its parts put together.
+TEST(LongCurtains, ArePreparedAsTheirPartsAre) {
+  Curtain whole;
+  std::vector<Curtain> parts(4);
+  for (Curtain* curtain : {&whole, &parts[0], &parts[1], &parts[2], &parts[3]}) {
+    for (std::size_t k = 0; k < curtain->z.size(); ++k) curtain->z[k] = -static_cast<float>(k);
+  }
+  std::mt19937 random(7);
+  constexpr std::size_t columns = 9001;
+  for (std::size_t k = 0; k < columns; ++k) {
+    const auto along = static_cast<float>(k) * 0.1F;
+    CellColumn column{along, static_cast<float>(random() % 50), along + 0.1F, static_cast<float>(random() % 50)};
+    column.present = random() % 7 != 0;
+    for (float& rho : column.rho) rho = static_cast<float>(random() % 900);
+    whole.columns.append(column);
+    parts[k * parts.size() / columns].columns.append(column);
+  }
+  ViewState view;
+  view.AngoloVista = 2.0;
+  view.AngoloPhi = 0.3;
+  view.Finestra = {100, 700, -60, 60};
+  view.AreaPixel = {0, 900, 0, 600};
+  const ColourRange range{0, 900};
+  using Painted = std::pair<DepthKey, PixelQuad>;
+  const auto prepared = [&](const Curtain& curtain) {
+    CurtainPainter painter;
+    painter.prepara(curtain, view, range);
+    std::vector<Painted> cells;
+    for (const DepthKey key : painter.order()) cells.emplace_back(key >> 32U, painter.quads()[key & 0xFFFFFFFFU]);
+    return cells;
+  };
+  std::vector<Painted> expected;
+  for (const Curtain& part : parts) {
+    const auto cells = prepared(part);
+    expected.insert(expected.end(), cells.begin(), cells.end());
+  }
+  std::stable_sort(expected.begin(), expected.end(),
+                   [](const Painted& a, const Painted& b) { return a.first < b.first; });
+  const std::vector<Painted> found = prepared(whole);
+  ASSERT_EQ(found.size(), expected.size());
+  EXPECT_GT(found.size(), 10000U);
+  for (std::size_t k = 0; k < found.size(); ++k) {
+    ASSERT_EQ(found[k].first, expected[k].first) << k;
+    ASSERT_EQ(found[k].second.corner, expected[k].second.corner) << k;
+    ASSERT_EQ(found[k].second.colour, expected[k].second.colour) << k;
+  }
+}
+
 }  // namespace
 }  // namespace corvan
