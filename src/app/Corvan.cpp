@@ -1,6 +1,5 @@
 #include "app/Corvan.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileInfo>
@@ -39,18 +38,6 @@ QStringList Files(const QMimeData& data) {
 }
 
 }  // namespace
-
-void Corvan::WindowDialogs::Avanzamento(const ProgressStep& step) {
-  if (step.subject.empty()) {
-    window_.statusBar()->clearMessage();
-    return;
-  }
-  window_.statusBar()->showMessage(QStringLiteral("Reading %1 (%2 of %3)")
-                                       .arg(QString::fromStdString(step.subject))
-                                       .arg(step.done + 1)
-                                       .arg(step.total));
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
 
 Corvan::Corvan(Dialogs& dialogs) : dialogs_(dialogs, *this), session_(dialogs_, Adesso) {
   setObjectName("Corvan");

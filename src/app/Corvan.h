@@ -13,6 +13,7 @@
 #include "app/FrameView.h"
 #include "app/SaveOpen.h"
 #include "app/TranslationFrame.h"
+#include "app/WindowDialogs.h"
 #include "session/Session.h"
 
 namespace corvan {
@@ -35,19 +36,6 @@ class Corvan : public QMainWindow {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  /// Hands questions on, and shows the progress of a batch in the status bar.
-  class WindowDialogs : public Dialogs {
-   public:
-    WindowDialogs(Dialogs& inner, Corvan& window) : inner_(inner), window_(window) {}
-    Answer MsgBox(const MessageRequest& request) override { return inner_.MsgBox(request); }
-    std::optional<std::string> InputBox(const InputRequest& request) override { return inner_.InputBox(request); }
-    void Avanzamento(const ProgressStep& step) override;
-
-   private:
-    Dialogs& inner_;
-    Corvan& window_;
-  };
-
   void creaMenu();
   void leggiTraccia();
   void creaPannelli();

@@ -149,9 +149,7 @@ void FrameFileIn::leggi(const QStringList& files) {
   InputPanel& in = session().survey.FrameFileIn;
   in.File1.clear();
   for (const QString& file : files) in.File1.push_back(Percorso(file));
-  setCursor(Qt::WaitCursor);
   esegui("ConvertAsciiCmd_Click")();
-  unsetCursor();
 }
 
 void FrameFileIn::leggiSelezione() {

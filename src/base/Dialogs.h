@@ -31,11 +31,15 @@ std::string PromptDi(const MessageRequest& request);
 std::string PromptDi(const InputRequest& request);
 std::string TitoloDi(const InputRequest& request);
 
-/// One step of long work: `done` of `total` parts are finished and `subject` is at work. An empty subject: it is over.
+/// One step of long work: `done` of `total` files are finished and `subject` is at work. An empty subject: it is over.
 struct ProgressStep {
+  enum class Work { Reading, Writing };
+
+  Work work = Work::Reading;
   std::string subject;
   std::size_t done = 0;
   std::size_t total = 0;
+  double share = 0;  ///< of the file at work that is done, 0 to 1; 0 where nobody knows
 };
 
 /// Answered by the window with its boxes, by the command line from its options, by tests from a script.
@@ -49,7 +53,11 @@ class Dialogs {
   virtual Answer MsgBox(const MessageRequest& request) = 0;
   /// @return the text entered, which may be empty; nothing for Cancel
   virtual std::optional<std::string> InputBox(const InputRequest& request) = 0;
-  virtual void Avanzamento(const ProgressStep& step) { static_cast<void>(step); }
+  /// @return false when the user gives the work up
+  virtual bool Avanzamento(const ProgressStep& step) {
+    static_cast<void>(step);
+    return true;
+  }
 };
 
 }  // namespace corvan

@@ -15,6 +15,9 @@ class RunTimeError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The user gave a long command up. No std::exception: it passes every trap up to whoever began the command.
+struct Interrotto {};
+
 /// A file that could not be read or written; what() reads "path: reason".
 class FileError : public std::runtime_error {
  public:

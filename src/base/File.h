@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -77,9 +78,12 @@ class FileReader {
 /// device, a pipe) is written directly.
 class FileWriter {
  public:
+  using Progress = std::function<void(std::uintmax_t)>;
+
   /// Removes what a writer of the same target that was killed has left.
   /// @throws FileError: a folder, no permission for the file or for a new one in its folder, no such folder
-  explicit FileWriter(std::filesystem::path path);
+  /// @param progress told how many bytes were written, once a chunk; what it throws ends the writing
+  explicit FileWriter(std::filesystem::path path, Progress progress = {});
   FileWriter(const FileWriter&) = delete;
   FileWriter& operator=(const FileWriter&) = delete;
   /// Without close() everything written is given up.
@@ -96,6 +100,7 @@ class FileWriter {
   void openBeside();
   void flush();
   void giveUp() noexcept;
+  void scrivi(std::string_view bytes);
   /// Fails the writer for good where `error` is the system's error number.
   void check(int error);
 
@@ -106,6 +111,8 @@ class FileWriter {
   SystemFile file_;
   std::string buffer_;
   std::string failure_;
+  Progress progress_;
+  std::uintmax_t written_ = 0;
 };
 
 }  // namespace corvan

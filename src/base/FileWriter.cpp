@@ -89,7 +89,7 @@ void SpazzaMonconi(const fs::path& target, const fs::path& start) {
 
 }  // namespace
 
-FileWriter::FileWriter(fs::path path) : path_(std::move(path)) {
+FileWriter::FileWriter(fs::path path, Progress progress) : path_(std::move(path)), progress_(std::move(progress)) {
   std::error_code error;
   const fs::file_status status = fs::status(path_, error);
   if (status.type() == fs::file_type::none) throw FileError(path_, error.message());
@@ -129,7 +129,7 @@ void FileWriter::write(std::string_view text) {
   if (!file_.aperto()) throw FileError(path_, failure_.empty() ? "is closed" : failure_);
   if (text.size() >= Direct) {
     flush();
-    check(file_.scrivi(text));
+    scrivi(text);
     return;
   }
   while (!text.empty()) {
@@ -154,8 +154,14 @@ void FileWriter::close() {
 }
 
 void FileWriter::flush() {
-  check(file_.scrivi(buffer_));
+  scrivi(buffer_);
   buffer_.clear();
+}
+
+void FileWriter::scrivi(std::string_view bytes) {
+  check(file_.scrivi(bytes));
+  written_ += bytes.size();
+  if (progress_) progress_(written_);
 }
 
 void FileWriter::check(int error) {

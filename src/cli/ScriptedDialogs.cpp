@@ -38,14 +38,15 @@ std::optional<std::string> ScriptedDialogs::InputBox(const InputRequest& request
   return found == answers_.end() ? std::nullopt : std::optional(found->second);
 }
 
-void ScriptedDialogs::Avanzamento(const ProgressStep& step) {
-  if (!terminal_) return;
+bool ScriptedDialogs::Avanzamento(const ProgressStep& step) {
+  if (!terminal_ || step.work != ProgressStep::Work::Reading) return true;
   constexpr const char* clear = "\r\033[K";
   std::cerr << clear;
-  if (step.done < step.total) {
+  if (!step.subject.empty()) {
     std::cerr << "Reading file " << step.done + 1 << " of " << step.total << ": " << Visibile(step.subject);
   }
   std::cerr.flush();
+  return true;
 }
 
 }  // namespace corvan::cli

@@ -25,7 +25,7 @@ class ScriptedDialogs : public Dialogs {
 
   Answer MsgBox(const MessageRequest& request) override;
   std::optional<std::string> InputBox(const InputRequest& request) override;
-  void Avanzamento(const ProgressStep& step) override;
+  bool Avanzamento(const ProgressStep& step) override;
 
  private:
   bool terminal_;

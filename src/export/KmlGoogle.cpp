@@ -59,7 +59,7 @@ std::string KmlGoogle::FileName() {
 }
 
 void KmlGoogle::OpenKml() {
-  file_ = std::make_unique<FileWriter>(FileName());
+  file_ = std::make_unique<FileWriter>(FileName(), progress_);
   line(
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?> \r"
       "<kml xmlns=\"http://www.opengis.net/kml/2.2\" xmlns:gx=\"http://www.google.com/kml/ext/2.2\">\r"

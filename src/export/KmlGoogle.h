@@ -30,6 +30,8 @@ class KmlGoogle {
   /// Reading the name appends ".Kml" to one that does not end in ".KML" in any case, and keeps the longer name.
   std::string FileName();
   void FileName(std::string name) { fileName_ = std::move(name); }
+  /// Who is told how far the writing is; see FileWriter.
+  void progresso(FileWriter::Progress progress) { progress_ = std::move(progress); }
 
   void OpenKml();
   void CloseKml();
@@ -77,6 +79,7 @@ class KmlGoogle {
 
   std::string fileName_;
   std::unique_ptr<FileWriter> file_;
+  FileWriter::Progress progress_;
   std::string block_;
   double north_ = 1.0, south_ = -1.0, east_ = -1.0, west_ = 1.0, rotation_ = 0.0;
   std::string image_;

@@ -29,6 +29,14 @@ struct ReadOptions {
   /// Asked for the records of a firing where the file leaves them open, with the default answer; an empty answer takes
   /// it. Never set: the default is taken.
   std::function<std::string(std::int32_t)> channels;
+  /// Told from time to time while firings are kept: their number so far and about how many will come, 0 where nobody
+  /// knows. What it throws that is no std::exception ends the reading.
+  std::function<void(std::size_t, std::size_t)> progress = {};
+
+  void progredisci(std::size_t firings, std::size_t expected) const {
+    constexpr std::size_t each = 2048;
+    if (progress && firings % each == 0) progress(firings, expected);
+  }
 };
 
 /// Takes the firings of a file in their order; NumFile is left to the taker, but for 1 in firings that hold a record.

@@ -43,7 +43,10 @@ FileReport PercorriFile(const std::filesystem::path& path, const ReadOptions& op
 
 FileRead LeggiFile(const std::filesystem::path& path, const ReadOptions& options) {
   FileRead read;
-  const MisuraSink keep = [&read](const Misura& m) { read.measurements.push_back(m); };
+  const MisuraSink keep = [&read, &options](const Misura& m) {
+    read.measurements.push_back(m);
+    options.progredisci(read.measurements.size(), 0);
+  };
   Scegli(
       path, read, [&] { static_cast<FileReport&>(read) = LeggiFileCorvan(path, options, keep); },
       [&] { read = LeggiSyscalPro2(path, options); });

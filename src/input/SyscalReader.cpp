@@ -233,8 +233,11 @@ FileReport PercorriSyscal(const std::filesystem::path& path, const ReadOptions& 
 FileRead LeggiSyscalPro2(const std::filesystem::path& path, const ReadOptions& options) {
   FileRead read;
   std::vector<Misura>& kept = read.measurements;
-  const Receiver keeper{[&kept](const Misura& m) { kept.push_back(m); }, [&kept] { kept.clear(); },
-                        [&kept](std::size_t firings) { kept.reserve(firings); }};
+  const Receiver keeper{[&](const Misura& m) {
+                          kept.push_back(m);
+                          options.progredisci(kept.size(), kept.capacity());
+                        },
+                        [&kept] { kept.clear(); }, [&kept](std::size_t firings) { kept.reserve(firings); }};
   Leggi(path, options, keeper, read);
   return read;
 }

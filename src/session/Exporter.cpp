@@ -51,8 +51,26 @@ void Exporter::scrivi(const ExportRequest& request) {
     if (!asked) return;
     const Section section = EstraiSezione(survey_, *asked, desk_.findings);
     section_ = SectionSummary{section.E1, section.E2, section.points, section.NqpBin()};
-    scriviSezione(section, request);
+    step_ = {ProgressStep::Work::Writing, "", 0, Estensioni(request.output).size()};
+    try {
+      scriviSezione(section, request);
+    } catch (const Interrotto&) {
+      kml_.reset();
+      desk_.findings.fault("SalvaEstrattoFile", "given up: it is not written, nor is what was to follow",
+                           step_.subject);
+    }
+    step_ = {};
+    desk_.dialogs.Avanzamento(step_);
   });
+}
+
+/// Tells how many files are written and that this one is being written; the user may give it up.
+FileWriter::Progress Exporter::progresso(const std::filesystem::path& name) {
+  if (step_.total == 0) return {};  // a single small file
+  step_.subject = name.filename().string();
+  return [this](std::uintmax_t) {
+    if (!desk_.dialogs.Avanzamento(step_)) throw Interrotto();
+  };
 }
 
 /// Asks once before files are replaced; those that may not be are not asked for.
@@ -135,6 +153,7 @@ void Exporter::scriviKml(const Section& section, const ExportRequest& request) {
     const bool written = salva("SalvaKML", name, [&] {
       if (!kml_) kml_ = std::make_unique<KmlGoogle>();
       kml_->FileName(name.string());
+      kml_->progresso(progresso(name));
       SalvaKML(*kml_, section, {request.colours, *height}, desk_.findings);
     });
     if (!written) kml_.reset();  // gives up the half-written file
@@ -159,7 +178,7 @@ void Exporter::scrivi(const char* procedure, const std::string& root, const char
 void Exporter::scriviFile(const char* procedure, const std::filesystem::path& name,
                           const std::function<void(FileWriter&)>& body) {
   salva(procedure, name, [&] {
-    FileWriter out(name);
+    FileWriter out(name, progresso(name));
     body(out);
     out.close();
   });
@@ -171,6 +190,7 @@ bool Exporter::salva(const char* procedure, const std::filesystem::path& name, c
     outputs_.controlla(name);
     save();
     outputs_.scritto(name);
+    ++step_.done;
   });
 }
 

@@ -71,6 +71,7 @@ class Exporter {
               const std::function<void(FileWriter&)>& body);
   void scriviFile(const char* procedure, const std::filesystem::path& name,
                   const std::function<void(FileWriter&)>& body);
+  FileWriter::Progress progresso(const std::filesystem::path& name);
   bool salva(const char* procedure, const std::filesystem::path& name, const std::function<void()>& save);
 
   Desk desk_;
@@ -78,6 +79,7 @@ class Exporter {
   Clock clock_;
   OutputFiles outputs_{Originale};
   std::unique_ptr<KmlGoogle> kml_;
+  ProgressStep step_;
   std::optional<SectionSummary> section_;
   double offsetCavo_ = 0;  ///< distance of the first floating electrode from the instrument, m
   double offsetEco_ = 0;   ///< distance of the echo sounder from the instrument, m

@@ -14,7 +14,14 @@ namespace corvan {
 
 bool SurveyDesk::leggi() {
   desk_.findings.dimentica();
-  Survey fresh = leggiTutti();
+  Survey fresh;
+  try {
+    fresh = leggiTutti();
+  } catch (const Interrotto&) {
+    desk_.dialogs.Avanzamento({});
+    desk_.findings.note("LeggiFile", "given up: the survey that was there stays");
+    return false;
+  }
   if (fresh.Misure.empty() && !FrameFileIn.File1.empty() && !survey_.Misure.empty()) {
     desk_.findings.fault("LeggiFile", "nothing could be read: the survey that was there stays");
     return false;
@@ -61,15 +68,24 @@ ReadOptions SurveyDesk::opzioni() const {
 
 Survey SurveyDesk::leggiTutti() {
   Survey survey;
-  const ReadOptions options = opzioni();
+  ReadOptions options = opzioni();
   for (const auto& name : FrameFileIn.File1) {
     survey.file.NomeFile = name;
     survey.file.TitoloFile = name.filename().string();
     ++survey.file.NumFile;
-    desk_.dialogs.Avanzamento({survey.file.TitoloFile, survey.files.size(), FrameFileIn.File1.size()});
+    ProgressStep step{ProgressStep::Work::Reading, survey.file.TitoloFile, survey.files.size(),
+                      FrameFileIn.File1.size()};
+    const auto tell = [&] {
+      if (!desk_.dialogs.Avanzamento(step)) throw Interrotto();
+    };
+    tell();
+    options.progress = [&](std::size_t firings, std::size_t expected) {
+      step.share = expected > 0 ? static_cast<double>(firings) / static_cast<double>(expected) : 0.0;
+      tell();
+    };
     leggiFile(survey, options);
   }
-  desk_.dialogs.Avanzamento({"", survey.files.size(), FrameFileIn.File1.size()});
+  desk_.dialogs.Avanzamento({});
   return survey;
 }
 
