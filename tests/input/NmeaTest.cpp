@@ -1,7 +1,7 @@
 // NMEA 0183 logs: which sentences make fixes, whose they are, which day it is, which depth belongs to which fix.
 #include <gtest/gtest.h>
 
-#include <iterator>
+#include <map>
 #include <optional>
 
 #include "base/OleDate.h"
@@ -12,18 +12,18 @@ namespace corvan {
 namespace {
 
 using namespace std::string_literals;
-using test::Said;
 using test::Sentence;
 using test::TimesAndDepths;
-using Texts = std::vector<std::string>;
+using test::Told;
 
 std::string Gga(const std::string& time, const std::string& talker = "GP", const std::string& quality = "1") {
   return Sentence(talker + "GGA," + time + ",4524.5,N,01218.5,E," + quality + ",08,1.0,0,M,,M,,");
 }
-std::string Rmc(const std::string& time, const std::string& date, const std::string& talker = "GP",
+std::string Rmc(const std::string& time, const std::string& date = "150626", const std::string& talker = "GP",
                 const std::string& status = "A") {
   return Sentence(talker + "RMC," + time + "," + status + ",4524.5,N,01218.5,E,1,2," + date + ",,");
 }
+std::string Void(const std::string& time) { return Gga(time, "GP", "0"); }
 std::string Zda(const std::string& time, const std::string& date, const std::string& talker = "GP") {
   return Sentence(talker + "ZDA," + time + "," + date + ",,");
 }
@@ -32,8 +32,7 @@ std::string Dpt(const std::string& depth) { return Sentence("SDDPT," + depth + "
 struct LogCase {
   const char* what;
   std::string log;
-  Texts fixes;
-  Texts said;
+  std::string fixes, told = {};
   std::optional<DateTime> firstDay = std::nullopt;
 };
 
@@ -46,228 +45,160 @@ TEST_P(NmeaLogs, GiveTheseFixes) {
   TrackOptions options;
   if (c.firstDay) options.firstDay = AGiorni(*c.firstDay);
   const TrackRead read = LeggiFileNav(c.log, options);
-  EXPECT_EQ(TimesAndDepths(read), c.fixes) << c.what;
-  EXPECT_EQ(Said(read), c.said) << c.what;
+  EXPECT_EQ(TimesAndDepths(read), c.fixes);
+  EXPECT_EQ(Told(read.findings), c.told);
 }
 
 const std::string Day = Zda("070000", "15,06,2026");  // tells the day, no position
 const std::string Depth = Dpt("3.5");                 // one at the start serves only the first second
-const Texts NoDepth{"note: 1 of 1 fix has no depth: no sentence tells one"};
 
-Texts NoDepths(int count) {
+std::string NoDepths(int count) {
   const std::string n = std::to_string(count);
-  return {"note: " + n + " of " + n + " fixes have no depth: no sentence tells one"};
-}
-
-Texts With(Texts first, const Texts& more) {
-  first.insert(first.end(), more.begin(), more.end());
-  return first;
+  return "-" + n + " of " + n + (count == 1 ? " fix has" : " fixes have") + " no depth: no sentence tells one\n";
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Dates, NmeaLogs,
     ::testing::Values(
         LogCase{"the date of a sentence without fix is none",
-                Rmc("235950", "060180", "GP", "V") + Gga("080000") + Rmc("080001", "150626"),
-                {"2026-06-15 08:00:00 -", "2026-06-15 08:00:01 -"},
-                With({"note: 1 position sentence without a fix (line 1)"}, NoDepths(2))},
+                Rmc("235950", "060180", "GP", "V") + Gga("080000") + Rmc("080001"), "08:00:00 -, 08:00:01 -",
+                "-1 position sentence without a fix (line 1)\n" + NoDepths(2)},
         LogCase{"two days in one log, the second's first fix told before its date",
-                Rmc("110000", "150626") + Gga("110001") + Gga("133000") + Rmc("133000", "170626") + Gga("133001"),
-                {"2026-06-15 11:00:00 -", "2026-06-15 11:00:01 -", "2026-06-17 13:30:00 -", "2026-06-17 13:30:01 -"},
-                With({"note: the date changes other than at midnight 1 time (line 3)"}, NoDepths(4))},
+                Rmc("110000") + Gga("110001") + Gga("133000") + Rmc("133000", "170626") + Gga("133001"),
+                "11:00:00 -, 11:00:01 -, 2026-06-17 13:30:00 -, 2026-06-17 13:30:01 -",
+                "-the date changes other than at midnight 1 time (line 3)\n" + NoDepths(4)},
         LogCase{"all of a date's second, before and behind it",
-                Rmc("110000", "150626") + Gga("133000.2") + Dpt("4") + Rmc("133000.2", "170626") + Gga("133000.6"),
-                {"2026-06-15 11:00:00 -", "2026-06-17 13:30:00 4", "2026-06-17 13:30:01 4"},
-                {"note: the date changes other than at midnight 1 time (line 2)",
-                 "note: 1 of 3 fixes has no depth near enough in time"}},
-        LogCase{"midnight without a new date",
-                Rmc("235958", "311226") + Gga("000003") + Gga("120004"),
-                {"2026-12-31 23:59:58 -", "2027-01-01 00:00:03 -", "2027-01-01 12:00:04 -"},
-                NoDepths(3)},
-        LogCase{"a fall of twelve hours is none",
-                Rmc("200000", "150626") + Gga("080000"),
-                {"2026-06-15 20:00:00 -", "2026-06-15 08:00:00 -"},
-                NoDepths(2)},
-        LogCase{"before the first date, over a midnight",
-                Gga("235958") + Gga("000003") + Rmc("000010", "010326"),
-                {"2026-02-28 23:59:58 -", "2026-03-01 00:00:03 -", "2026-03-01 00:00:10 -"},
-                NoDepths(3)},
-        LogCase{"a day of no calendar",
-                Rmc("080000", "310226") + Rmc("080001", "280226") + Rmc("080002", "290226"),
-                {"2026-02-28 08:00:00 -", "2026-02-28 08:00:01 -", "2026-02-28 08:00:02 -"},
-                With({"note: 2 dates that are no days of 1980 to 2100 left out (the first in line 1)"}, NoDepths(3))},
+                Rmc("110000") + Gga("133000.2") + Dpt("4") + Rmc("133000.2", "170626") + Gga("133000.6"),
+                "11:00:00 -, 2026-06-17 13:30:00 4, 2026-06-17 13:30:01 4",
+                "-the date changes other than at midnight 1 time (line 2)\n-1 of 3 fixes has no depth near enough in "
+                "time\n"},
+        LogCase{"midnight without a new date", Rmc("235958", "311226") + Gga("000003") + Gga("120004"),
+                "2026-12-31 23:59:58 -, 2027-01-01 00:00:03 -, 2027-01-01 12:00:04 -", NoDepths(3)},
+        LogCase{"a fall of twelve hours is none", Rmc("200000") + Gga("080000"), "20:00:00 -, 08:00:00 -", NoDepths(2)},
+        LogCase{"before the first date, over a midnight", Gga("235958") + Gga("000003") + Rmc("000010", "010326"),
+                "2026-02-28 23:59:58 -, 2026-03-01 00:00:03 -, 2026-03-01 00:00:10 -", NoDepths(3)},
+        LogCase{"a day of no calendar", Rmc("080000", "310226") + Rmc("080001", "280226") + Rmc("080002", "290226"),
+                "2026-02-28 08:00:00 -, 2026-02-28 08:00:01 -, 2026-02-28 08:00:02 -",
+                "-2 dates that are no days of 1980 to 2100 left out (the first in line 1)\n" + NoDepths(3)},
         LogCase{"a ZDA outside 1980 to 2100",
                 Zda("080000", "31,12,1979") + Zda("080000", "01,01,2101") + Gga("080000") + Rmc("080001", "311299"),
-                {"1999-12-31 08:00:00 -", "1999-12-31 08:00:01 -"},
-                With({"note: 2 dates that are no days of 1980 to 2100 left out (the first in line 1)"}, NoDepths(2))},
+                "1999-12-31 08:00:00 -, 1999-12-31 08:00:01 -",
+                "-2 dates that are no days of 1980 to 2100 left out (the first in line 1)\n" + NoDepths(2)},
         LogCase{"another talker's ZDA where its own date is there",
                 Zda("080000", "01,01,2020", "II") + Gga("080000") + Gga("080001") + Zda("080001", "15,06,2026"),
-                {"2026-06-15 08:00:00 -", "2026-06-15 08:00:01 -"},
-                NoDepths(2)},
+                "08:00:00 -, 08:00:01 -", NoDepths(2)},
         LogCase{"another talker's ZDA where there is none",
-                Gga("080000") + Zda("080001", "15,06,2026", "II") + Gga("080002"),
-                {"2026-06-15 08:00:00 -", "2026-06-15 08:00:02 -"},
+                Gga("080000") + Zda("080001", "15,06,2026", "II") + Gga("080002"), "08:00:00 -, 08:00:02 -",
                 NoDepths(2)},
-        LogCase{"another talker's RMC never",
-                Gga("080000") + Gga("080001") + Rmc("080001", "150626", "GN"),
-                {"1899-12-30 08:00:00 -", "1899-12-30 08:00:01 -"},
-                With({"fault: no sentence tells the date: the fixes have times but no day, and nothing can be linked "
-                      "by time",
-                      "note: 1 fix of other talkers (GN 1) left out: GP, with 2, is read"},
-                     NoDepths(2))},
+        LogCase{"another talker's RMC never", Gga("080000") + Gga("080001") + Rmc("080001", "150626", "GN"),
+                "1899-12-30 08:00:00 -, 1899-12-30 08:00:01 -",
+                "!no sentence tells the date: the fixes have times but no day, and nothing can be linked by time\n-1 "
+                "fix of other talkers (GN 1) left out: GP, with 2, is read\n" +
+                    NoDepths(2)},
         LogCase{"the day of the first fix given, void sentences and a midnight around it",
-                Rmc("235900", "", "GP", "V") + Gga("235958") + Gga("000003"),
-                {"2026-06-15 23:59:58 -", "2026-06-16 00:00:03 -"},
-                With({"note: 1 position sentence without a fix (line 1)"}, NoDepths(2)),
-                DateTime{2026, 6, 15}},
-        LogCase{"the day of the first fix given though the log tells it",
-                Rmc("080000", "150626"),
-                {"2026-06-15 08:00:00 -"},
-                With({"note: the log tells its dates: the day given for its first fix is not used"}, NoDepth),
+                Rmc("235900", "", "GP", "V") + Gga("235958") + Gga("000003"), "23:59:58 -, 2026-06-16 00:00:03 -",
+                "-1 position sentence without a fix (line 1)\n" + NoDepths(2), DateTime{2026, 6, 15}},
+        LogCase{"the day of the first fix given though the log tells it", Rmc("080000"), "08:00:00 -",
+                "-the log tells its dates: the day given for its first fix is not used\n" + NoDepths(1),
                 DateTime{2026, 6, 20}},
         LogCase{"a receiver that counts from 0 after a restart passes no midnight",
-                Rmc("150000", "150626") + Gga("000001", "GP", "0") + Gga("000002", "GP", "0") + Gga("150100"),
-                {"2026-06-15 15:00:00 -", "2026-06-15 15:01:00 -"},
-                With({"note: 2 position sentences without a fix (the first in line 2)"}, NoDepths(2))},
+                Rmc("150000") + Void("000001") + Void("000002") + Gga("150100"), "15:00:00 -, 15:01:00 -",
+                "-2 position sentences without a fix (the first in line 2)\n" + NoDepths(2)},
         LogCase{"one that had no fix from before midnight until after noon does",
-                Rmc("230000", "150626") + Gga("235900", "GP", "0") + Gga("000100", "GP", "0") +
-                    Gga("110000", "GP", "0") + Gga("223000"),
-                {"2026-06-15 23:00:00 -", "2026-06-16 22:30:00 -"},
-                With({"note: 3 position sentences without a fix (the first in line 2)"}, NoDepths(2))},
+                Rmc("230000") + Void("235900") + Void("000100") + Void("110000") + Gga("223000"),
+                "23:00:00 -, 2026-06-16 22:30:00 -",
+                "-3 position sentences without a fix (the first in line 2)\n" + NoDepths(2)},
         LogCase{"a sentence from before midnight that comes late",
-                Rmc("235958", "150626") + Gga("000000") + Gga("235959") + Gga("000001"),
-                {"2026-06-15 23:59:58 -", "2026-06-16 00:00:00 -", "2026-06-15 23:59:59 -", "2026-06-16 00:00:01 -"},
-                NoDepths(4)},
-        LogCase{"the same with its date",
-                Zda("000000", "16,06,2026") + Rmc("235959", "150626") + Gga("000001") + Gga("000002"),
-                {"2026-06-15 23:59:59 -", "2026-06-16 00:00:01 -", "2026-06-16 00:00:02 -"},
-                NoDepths(3)}));
+                Rmc("235958") + Gga("000000") + Gga("235959") + Gga("000001"),
+                "23:59:58 -, 2026-06-16 00:00:00 -, 23:59:59 -, 2026-06-16 00:00:01 -", NoDepths(4)},
+        LogCase{"the same with its date", Zda("000000", "16,06,2026") + Rmc("235959") + Gga("000001") + Gga("000002"),
+                "23:59:59 -, 2026-06-16 00:00:01 -, 2026-06-16 00:00:02 -", NoDepths(3)}));
 
 INSTANTIATE_TEST_SUITE_P(
     Depths, NmeaLogs,
     ::testing::Values(
-        LogCase{
-            "midway between the times around it",  // at 2 s, 12 s and 22 s of fixes at 0, 4, 20 and 24 s
-            Rmc("080000", "150626") + Dpt("1") + Gga("080004") + Dpt("2") + Gga("080020") + Dpt("3") + Gga("080024"),
-            {"2026-06-15 08:00:00 1", "2026-06-15 08:00:04 1", "2026-06-15 08:00:20 3", "2026-06-15 08:00:24 3"},
-            {}},
+        LogCase{"midway between the times around it",  // at 2 s, 12 s and 22 s of fixes at 0, 4, 20 and 24 s
+                Rmc("080000") + Dpt("1") + Gga("080004") + Dpt("2") + Gga("080020") + Dpt("3") + Gga("080024"),
+                "08:00:00 1, 08:00:04 1, 08:00:20 3, 08:00:24 3"},
         LogCase{"of equally near ones the last before the fix in the log",  // at 1, 1 and 3 s of fixes at 0, 2 and 4 s
-                Rmc("080000", "150626") + Dpt("1") + Dpt("2") + Gga("080002") + Dpt("3") + Dpt("4") + Gga("080004"),
-                {"2026-06-15 08:00:00 1", "2026-06-15 08:00:02 2", "2026-06-15 08:00:04 4"},
-                {}},
-        LogCase{
-            "else the first behind it", Rmc("080000", "150626") + Dpt("1") + Dpt("2"), {"2026-06-15 08:00:00 1"}, {}},
+                Rmc("080000") + Dpt("1") + Dpt("2") + Gga("080002") + Dpt("3") + Dpt("4") + Gga("080004"),
+                "08:00:00 1, 08:00:02 2, 08:00:04 4"},
+        LogCase{"else the first behind it", Rmc("080000") + Dpt("1") + Dpt("2"), "08:00:00 1"},
         LogCase{
             "before it in the log, though a clock set back makes it later in time",  // at 3 s and 1 s of a fix at 2 s
-            Rmc("080003", "150626") + Dpt("1") + Gga("080003", "GP", "0") + Gga("080002") + Gga("080001", "GP", "0") +
-                Dpt("2") + Gga("080001", "GP", "0"),
-            {"2026-06-15 08:00:03 1", "2026-06-15 08:00:02 1"},
-            {"note: 3 position sentences without a fix (the first in line 3)"}},
-        LogCase{"before the first time", Dpt("1") + Dpt("2") + Rmc("080000", "150626"), {"2026-06-15 08:00:00 2"}, {}},
+            Rmc("080003") + Dpt("1") + Void("080003") + Gga("080002") + Void("080001") + Dpt("2") + Void("080001"),
+            "08:00:03 1, 08:00:02 1", "-3 position sentences without a fix (the first in line 3)\n"},
+        LogCase{"before the first time", Dpt("1") + Dpt("2") + Rmc("080000"), "08:00:00 2"},
         LogCase{"between sentences of one time",  // at 0 s, nearer than the one at 0.5 s
-                Gga("080000") + Dpt("1") + Rmc("080000", "150626") + Dpt("2") + Gga("080001"),
-                {"2026-06-15 08:00:00 1", "2026-06-15 08:00:01 2"},
-                {}},
+                Gga("080000") + Dpt("1") + Rmc("080000") + Dpt("2") + Gga("080001"), "08:00:00 1, 08:00:01 2"},
         LogCase{"five seconds away",  // the mean of 4 s and 6 s
-                Rmc("080000", "150626") + Gga("080004", "GP", "0") + Dpt("1") + Gga("080006", "GP", "0"),
-                {"2026-06-15 08:00:00 1"},
-                {"note: 2 position sentences without a fix (the first in line 2)"}},
-        LogCase{"a millisecond more",
-                Rmc("080000", "150626") + Gga("080004.001", "GP", "0") + Dpt("1") + Gga("080006.001", "GP", "0"),
-                {"2026-06-15 08:00:00 -"},
-                {"note: 2 position sentences without a fix (the first in line 2)",
-                 "note: 1 of 1 fix has no depth near enough in time"}},
-        LogCase{"half the median spacing of 20 s",
-                Rmc("080000", "150626") + Dpt("1") + Gga("080020") + Gga("080040"),
-                {"2026-06-15 08:00:00 1", "2026-06-15 08:00:20 1", "2026-06-15 08:00:40 -"},
-                {"note: 1 of 3 fixes has no depth near enough in time"}},
+                Rmc("080000") + Void("080004") + Dpt("1") + Void("080006"), "08:00:00 1",
+                "-2 position sentences without a fix (the first in line 2)\n"},
+        LogCase{"a millisecond more", Rmc("080000") + Void("080004.001") + Dpt("1") + Void("080006.001"), "08:00:00 -",
+                "-2 position sentences without a fix (the first in line 2)\n-1 of 1 fix has no depth near enough in "
+                "time\n"},
+        LogCase{"half the median spacing of 20 s", Rmc("080000") + Dpt("1") + Gga("080020") + Gga("080040"),
+                "08:00:00 1, 08:00:20 1, 08:00:40 -", "-1 of 3 fixes has no depth near enough in time\n"},
         LogCase{"half the median of 12 s and 20 s is 8 s",
-                Rmc("080000", "150626") + Dpt("1") + Gga("080012") + Dpt("2") + Gga("080032"),
-                {"2026-06-15 08:00:00 1", "2026-06-15 08:00:12 1", "2026-06-15 08:00:32 -"},
-                {"note: 1 of 3 fixes has no depth near enough in time"}},
-        LogCase{"over midnight",
-                Rmc("235959", "150626") + Dpt("1") + Gga("000001") + Dpt("2"),
-                {"2026-06-15 23:59:59 1", "2026-06-16 00:00:01 2"},
-                {}},
+                Rmc("080000") + Dpt("1") + Gga("080012") + Dpt("2") + Gga("080032"),
+                "08:00:00 1, 08:00:12 1, 08:00:32 -", "-1 of 3 fixes has no depth near enough in time\n"},
+        LogCase{"over midnight", Rmc("235959") + Dpt("1") + Gga("000001") + Dpt("2"),
+                "23:59:59 1, 2026-06-16 00:00:01 2"},
         LogCase{"DPT before all others, from any talker, its offset with its sign",
-                Sentence("SDDBT,,f,7,M,,F") + Sentence("SDDBS,,f,8,M,,F") + Sentence("IIDPT,4.0,+0.3") +
-                    Rmc("080000", "150626") + Sentence("IIDPT,4.0,-0.25") + Gga("080001") + Sentence("SDDPT,5,,") +
-                    Gga("080002") + Dpt("") + Sentence("SDDBT,,f,9,M,,F"),
-                {"2026-06-15 08:00:00 4.3", "2026-06-15 08:00:01 3.75", "2026-06-15 08:00:02 5"},
-                {"note: 1 DPT offset is negative: a depth below the keel (line 5)",
-                 "note: 3 depths of other sentences not used: DPT serves the whole log"}},
+                Sentence("SDDBT,,f,7,M,,F") + Sentence("SDDBS,,f,8,M,,F") + Sentence("IIDPT,4.0,+0.3") + Rmc("080000") +
+                    Sentence("IIDPT,4.0,-0.25") + Gga("080001") + Sentence("SDDPT,5,,") + Gga("080002") + Dpt("") +
+                    Sentence("SDDBT,,f,9,M,,F"),
+                "08:00:00 4.3, 08:00:01 3.75, 08:00:02 5",
+                "-1 DPT offset is negative: a depth below the keel (line 5)\n-3 depths of other sentences not used: "
+                "DPT serves the whole log\n"},
         LogCase{"DBS where no DPT has a depth",
-                Dpt("") + Sentence("SDDBT,,f,7,M,,F") + Sentence("SDDBS,,f,0,M,,F") + Rmc("080000", "150626"),
-                {"2026-06-15 08:00:00 0"},
-                {"note: 1 depth of other sentences not used: DBS serves the whole log"}},
-        LogCase{"DBT where nothing else is there",
-                Sentence("SDDBT,22.9,f,7,M,3.8,F") + Rmc("080000", "150626"),
-                {"2026-06-15 08:00:00 7"},
-                {}},
+                Dpt("") + Sentence("SDDBT,,f,7,M,,F") + Sentence("SDDBS,,f,0,M,,F") + Rmc("080000"), "08:00:00 0",
+                "-1 depth of other sentences not used: DBS serves the whole log\n"},
+        LogCase{"DBT where nothing else is there", Sentence("SDDBT,22.9,f,7,M,3.8,F") + Rmc("080000"), "08:00:00 7"},
         LogCase{"an offset or depth that is no number",
-                Sentence("SDDPT,4,x,") + Dpt("4e1") + Sentence("SDDPT,-,0") + Rmc("080000", "150626"),
-                {"2026-06-15 08:00:00 -"},
-                With({"fault: 3 DPT sentences that cannot be read left out (the first in line 1)"}, NoDepth)}));
+                Sentence("SDDPT,4,x,") + Dpt("4e1") + Sentence("SDDPT,-,0") + Rmc("080000"), "08:00:00 -",
+                "!3 DPT sentences that cannot be read left out (the first in line 1)\n" + NoDepths(1)}));
 
 INSTANTIATE_TEST_SUITE_P(
     Talkers, NmeaLogs,
     ::testing::Values(
         LogCase{"the one with the most fixes, not the most sentences",
-                Rmc("080000", "150626") + Gga("080000") + Rmc("080000", "150626") + Rmc("080001", "150626", "GN") +
-                    Gga("080002", "GN"),
-                {"2026-06-15 08:00:01 -", "2026-06-15 08:00:02 -"},
-                With({"note: 1 fix of other talkers (GP 1) left out: GN, with 2, is read"}, NoDepths(2))},
+                Rmc("080000") + Gga("080000") + Rmc("080000") + Rmc("080001", "150626", "GN") + Gga("080002", "GN"),
+                "08:00:01 -, 08:00:02 -",
+                "-1 fix of other talkers (GP 1) left out: GN, with 2, is read\n" + NoDepths(2)},
         LogCase{"the first heard of equals, void sentences heard too",
-                Gga("075959", "GN", "0") + Rmc("080000", "150626") + Rmc("080005", "150626", "GN"),
-                {"2026-06-15 08:00:05 -"},
-                With({"note: 1 position sentence without a fix (line 1)",
-                      "note: 1 fix of other talkers (GP 1) left out: GN, with 1, is read"},
-                     NoDepth)},
+                Gga("075959", "GN", "0") + Rmc("080000") + Rmc("080005", "150626", "GN"), "08:00:05 -",
+                "-1 position sentence without a fix (line 1)\n-1 fix of other talkers (GP 1) left out: GN, with 1, is "
+                "read\n" +
+                    NoDepths(1)},
         LogCase{"another talker's clock moves no depth and no midnight",
-                Rmc("235959", "150626") + Gga("100000", "GN") + Dpt("1") + Gga("100000", "GN") + Gga("000001"),
-                {"2026-06-15 23:59:59 1", "2026-06-16 00:00:01 1"},
-                {"note: 1 fix of other talkers (GN 1) left out: GP, with 2, is read"}},
+                Rmc("235959") + Gga("100000", "GN") + Dpt("1") + Gga("100000", "GN") + Gga("000001"),
+                "23:59:59 1, 2026-06-16 00:00:01 1", "-1 fix of other talkers (GN 1) left out: GP, with 2, is read\n"},
         LogCase{"a maker's own sentences are none",
-                Sentence("PGRMC,A,218.8,100,6378137.000,298.257223563,0,0,0,A,3,1,2,4,30") + Rmc("080000", "150626"),
-                {"2026-06-15 08:00:00 -"},
-                NoDepth}));
-
-struct ClaimCase {
-  const char* body;
-  bool fix;
-  const char* said;  // but for the note on depths
-};
+                Sentence("PGRMC,A,218.8,100,6378137.000,298.257223563,0,0,0,A,3,1,2,4,30") + Rmc("080000"),
+                "08:00:00 -", NoDepths(1)}));
 
 TEST(Nmea, TakesOnlySentencesThatClaimAFix) {
-  const std::string none = "note: 1 position sentence without a fix (line 2)";
-  const std::string empty = "note: 1 position sentence claims a fix without latitude or longitude: left out (line 2)";
-  const ClaimCase cases[] = {
-      {"GPGGA,080000,4524.5,N,01218.5,E,1,08", true, ""},
-      {"GPGGA,080000,4524.5,N,01218.5,E,8,08", true, ""},
-      {"GPGGA,080000,4524.5,N,01218.5,E,0,08", false, none.c_str()},
-      {"GPGGA,080000,4524.5,N,01218.5,E,,08", false, none.c_str()},
-      {"GPRMC,080000,A,4524.5,N,01218.5,E,1,2,150626,,", true, ""},
-      {"GPRMC,080000,V,4524.5,N,01218.5,E,1,2,150626,,", false, none.c_str()},
-      {"GPRMC,080000,,4524.5,N,01218.5,E,1,2,150626,,", false, none.c_str()},
-      {"GPGLL,4524.5,N,01218.5,E,080000,A", true, ""},
-      {"GPGLL,4524.5,N,01218.5,E,080000,A,D", true, ""},
-      {"GPGLL,4524.5,N,01218.5,E,080000,A,N", false, none.c_str()},
-      {"GPGLL,4524.5,N,01218.5,E,080000,V,A", false, none.c_str()},
-      {"GPGLL,4524.5,N,01218.5,E", false, none.c_str()},
-      {"GPGLL,0000.0,N,01218.5,E,080000,A", false, empty.c_str()},
-      {"GPGLL,4524.5,N,00000.0,E,080000,A", false, empty.c_str()},
-      {"GPGLL,,N,01218.5,E,080000,A", false, empty.c_str()},
-      {"GPGLL,4560.5,N,01218.5,E,080000,A", false, "fault: 1 GLL sentence that cannot be read left out (line 2)"},
-      {"GPGLL,9000.5,N,01218.5,E,080000,A", false, "fault: 1 GLL sentence that cannot be read left out (line 2)"},
-      {"GPGLL,4524.5,E,01218.5,E,080000,A", false, "fault: 1 GLL sentence that cannot be read left out (line 2)"},
-      {"GPGLL,4524.5,N,01218.5,E,240000,A", false, "fault: 1 GLL sentence that cannot be read left out (line 2)"},
-  };
-  for (const ClaimCase& c : cases) {
-    const TrackRead read = LeggiFileNav(Day + Sentence(c.body) + Depth, {});
-    EXPECT_EQ(read.fixes.size(), c.fix ? 1U : 0U) << c.body;
-    Texts said;
-    if (c.said[0] != '\0') said.emplace_back(c.said);
-    EXPECT_EQ(Said(read), said) << c.body;
+  const std::pair<const char*, std::vector<const char*>> cases[] = {
+      {"",
+       {"GPGGA,080000,4524.5,N,01218.5,E,1,08", "GPGGA,080000,4524.5,N,01218.5,E,8,08",
+        "GPRMC,080000,A,4524.5,N,01218.5,E,1,2,150626,,", "GPGLL,4524.5,N,01218.5,E,080000,A",
+        "GPGLL,4524.5,N,01218.5,E,080000,A,D"}},
+      {"-1 position sentence without a fix (line 2)\n",
+       {"GPGGA,080000,4524.5,N,01218.5,E,0,08", "GPGGA,080000,4524.5,N,01218.5,E,,08",
+        "GPRMC,080000,V,4524.5,N,01218.5,E,1,2,150626,,", "GPRMC,080000,,4524.5,N,01218.5,E,1,2,150626,,",
+        "GPGLL,4524.5,N,01218.5,E,080000,A,N", "GPGLL,4524.5,N,01218.5,E,080000,V,A", "GPGLL,4524.5,N,01218.5,E"}},
+      {"-1 position sentence claims a fix without latitude or longitude: left out (line 2)\n",
+       {"GPGLL,0000.0,N,01218.5,E,080000,A", "GPGLL,4524.5,N,00000.0,E,080000,A", "GPGLL,,N,01218.5,E,080000,A"}},
+      {"!1 GLL sentence that cannot be read left out (line 2)\n",
+       {"GPGLL,4560.5,N,01218.5,E,080000,A", "GPGLL,9000.5,N,01218.5,E,080000,A", "GPGLL,4524.5,E,01218.5,E,080000,A",
+        "GPGLL,4524.5,N,01218.5,E,240000,A"}}};
+  for (const auto& [told, bodies] : cases) {
+    for (const char* body : bodies) {
+      const TrackRead read = LeggiFileNav(Day + Sentence(body) + Depth, {});
+      EXPECT_EQ(read.fixes.size(), *told == '\0' ? 1U : 0U) << body;
+      EXPECT_EQ(Told(read.findings), told) << body;
+    }
   }
 }
 
@@ -304,12 +235,11 @@ TEST(Nmea, PassesOverTheDirtOfRealLogs) {
                           "$GPGGA,0801" + Gga("080004") +                                 // a line cut short
                           "$PXYZ,1*11" + Gga("080005") + "$GPGSV,3,1*7";
   const TrackRead read = LeggiFileNav(log, {});
-  EXPECT_EQ(TimesAndDepths(read), (Texts{"2026-06-15 08:00:00 -", "2026-06-15 08:00:02 -", "2026-06-15 08:00:04 -",
-                                         "2026-06-15 08:00:05 -"}));
-  EXPECT_EQ(Said(read), With({"fault: 2 GGA sentences with a wrong checksum left out (the first in line 5)",
-                              "fault: 1 GGA sentence that cannot be read left out (line 8)",
-                              "note: 1 position sentence without a fix (line 9)"},
-                             NoDepths(4)));
+  EXPECT_EQ(TimesAndDepths(read), "08:00:00 -, 08:00:02 -, 08:00:04 -, 08:00:05 -");
+  EXPECT_EQ(Told(read.findings),
+            "!2 GGA sentences with a wrong checksum left out (the first in line 5)\n!1 GGA sentence that cannot be "
+            "read left out (line 8)\n-1 position sentence without a fix (line 9)\n" +
+                NoDepths(4));
   EXPECT_EQ(read.lines, 12U);
 }
 
@@ -317,13 +247,12 @@ TEST(Nmea, ReadsASentenceWhereverNulBytesStandInIt) {
   const auto dirty = [](std::string sentence, const char* behind) {
     return sentence.insert(sentence.find(behind) + std::string(behind).size(), 2, '\0');
   };
-  const std::string rmc = Rmc("080000", "150626"), gga = Gga("080001");
+  const std::string rmc = Rmc("080000"), gga = Gga("080001");
   const TrackRead read = LeggiFileNav(dirty(rmc, ",A") + dirty(gga, "*") + dirty(Gga("080002"), ",452") +
                                           dirty(Gga("080003"), "$G") + dirty(Gga("080004"), "E,1"),
                                       {});
-  EXPECT_EQ(TimesAndDepths(read), (Texts{"2026-06-15 08:00:00 -", "2026-06-15 08:00:01 -", "2026-06-15 08:00:02 -",
-                                         "2026-06-15 08:00:03 -", "2026-06-15 08:00:04 -"}));
-  EXPECT_EQ(Said(read), NoDepths(5));
+  EXPECT_EQ(TimesAndDepths(read), "08:00:00 -, 08:00:01 -, 08:00:02 -, 08:00:03 -, 08:00:04 -");
+  EXPECT_EQ(Told(read.findings), NoDepths(5));
 
   EXPECT_EQ(GenereDaContenuto(dirty(rmc, "$GPR")), TrackKind::Nmea) << "also in the only address";
   std::string wide = "\xFF\xFE";
@@ -339,8 +268,8 @@ TEST(Nmea, TakesAKindWhoseChecksumsAreAllWrong) {
     log += Sentence("SDDBS,,f,3." + std::to_string(k) + ",M,,F");
   }
   const TrackRead read = LeggiFileNav(log, {});
-  EXPECT_EQ(TimesAndDepths(read), (Texts{"2026-06-15 08:00:00 3", "2026-06-15 08:00:01 3", "2026-06-15 08:00:02 3.2"}));
-  EXPECT_EQ(Said(read), (Texts{"fault: every RMC sentence has a wrong checksum: they are taken"}));
+  EXPECT_EQ(TimesAndDepths(read), "08:00:00 3, 08:00:01 3, 08:00:02 3.2");
+  EXPECT_EQ(Told(read.findings), "!every RMC sentence has a wrong checksum: they are taken\n");
 }
 
 /// A log as a boat brings it home: a cold start, two days, two receivers of different clocks and places, a loss of fix,
@@ -351,7 +280,12 @@ TEST(Nmea, ReadsTheLogOfTwoDays) {
     return text.substr(1);
   };
   std::string log = Rmc("000007.00", "060180", "GP", "V");
-  Texts expected;
+  const std::map<int, const char*> midway{
+      {0, "4.5"},                       // its own depth stands midway to the cold start's clock
+      {1, "4.5"},     {149, "148.5"},   // this depth, and the one before fix 150, stand midway
+      {150, "154.5"},                   // between the days
+      {151, "154.5"}, {299, "298.5"}};  // no depth follows the last fix
+  std::string expected;
   for (int k = 0; k < 300; ++k) {
     const bool second = k >= 150;  // from 23:59:00 to 00:01:29, then two days later from 09:00:00 on
     const int time = second ? 9 * 3600 + k - 150 : (86400 - 60 + k) % 86400;
@@ -367,27 +301,16 @@ TEST(Nmea, ReadsTheLogOfTwoDays) {
     // Depths stand half a second before fixes 0, 3, 6, ...: fixes 1 are as near to the one before as to the one behind,
     // fixes 2 nearer to the one behind.
     const int nearest = k % 3 == 2 ? k + 1 : k - k % 3;
-    const std::string day = second ? "2026-06-18 " : k < 60 ? "2026-06-15 " : "2026-06-16 ";
-    const std::string hms = clock(time);
-    expected.push_back(day + hms.substr(0, 2) + ":" + hms.substr(2, 2) + ":" + hms.substr(4) + " " +
-                       std::to_string(nearest + 1) + ".5");
+    const auto odd = midway.find(k);
+    const std::string day = second ? "2026-06-18 " : k < 60 ? "" : "2026-06-16 ", hms = clock(time);
+    expected += (expected.empty() ? "" : ", ") + day + hms.substr(0, 2) + ":" + hms.substr(2, 2) + ":" + hms.substr(4);
+    expected += " " + (odd != midway.end() ? odd->second : std::to_string(nearest + 1) + ".5");
   }
-  const auto depth = [&expected](std::size_t k, const char* text) {
-    expected.at(k).replace(20, std::string::npos, text);
-  };
-  depth(0, "4.5");  // its own depth stands midway to the cold start's clock
-  depth(1, "4.5");
-  depth(149, "148.5");  // the next depth, and the one before fix 150, stand midway between the days
-  depth(150, "154.5");
-  depth(151, "154.5");
-  depth(279, "298.5");  // no depth follows the last fix
   const TrackRead read = LeggiFileNav(log, {});
-  const Texts fixes = TimesAndDepths(read);
-  ASSERT_EQ(fixes.size(), expected.size());
-  for (std::size_t k = 0; k < fixes.size(); ++k) EXPECT_EQ(fixes[k], expected[k]) << "fix " << k;
-  EXPECT_EQ(Said(read), (Texts{"note: the date changes other than at midnight 1 time (line 293)",
-                               "note: 23 position sentences without a fix (the first in line 1)",
-                               "note: 150 fixes of other talkers (GN 150) left out: GP, with 280, is read"}));
+  EXPECT_EQ(TimesAndDepths(read), expected);
+  EXPECT_EQ(Told(read.findings),
+            "-the date changes other than at midnight 1 time (line 293)\n-23 position sentences without a fix (the "
+            "first in line 1)\n-150 fixes of other talkers (GN 150) left out: GP, with 280, is read\n");
 }
 
 }  // namespace

@@ -27,63 +27,52 @@ struct Reading {
   ReadOptions options;
   FileRead read;
 
-  void file(const std::string& content) {
+  Reading() {
     options.channels = [this](std::int32_t usual) {
       asked.push_back(usual);
       return answer;
     };
-    read = LeggiFile(folder.write("file.bin", content), options);
   }
+  explicit Reading(const std::string& content, ReadSpan span = ReadSpan::ToFirstLostFix) : Reading() {
+    options.span = span;
+    file(content);
+  }
+  void file(const std::string& content) { read = LeggiFile(folder.write("file.bin", content), options); }
   const Misura& firing(std::size_t g) const { return read.measurements.at(g - 1); }
   std::size_t firings() const { return read.measurements.size(); }
-  bool says(const std::string& part) const {
-    for (const Finding& d : read.findings.entries()) {
-      if (d.reason.find(part) != std::string::npos) return true;
-    }
-    return false;
-  }
+  bool says(const std::string& part) const { return test::Told(read.findings).find(part) != std::string::npos; }
 };
 
-struct LengthCase {
-  std::int16_t type;
-  std::size_t length;
-};
-
-class RecordLengths : public ::testing::TestWithParam<LengthCase> {};
-
-TEST_P(RecordLengths, FollowTheTypeWord) {
-  Reading r;
+TEST(RecordLengths, FollowTheTypeWord) {
   auto records = Firings(3, 10);
   for (std::size_t k = 0; k < records.size(); ++k) {  // no electrode at 0, no two potentials the same
     records[k].m += 12.5F;
     records[k].n += 12.5F;
     records[k].potential = static_cast<float>(k + 1);
   }
-  r.file(SyscalFile(records, GetParam().type, GetParam().length));
-  ASSERT_EQ(r.firings(), 3U);
-  EXPECT_EQ(r.firing(3).Rho[10], 3.1F);
-  EXPECT_EQ(r.firing(3).Elettrodi[1], 62.5F);
-  EXPECT_EQ(r.firing(3).Elettrodi[11], 12.5F) << "the second electrode of the last channel";
-  EXPECT_EQ(r.firing(3).letture, AllReadings);
-  EXPECT_EQ(r.firing(1).Tempo, GetParam().length == 304 ? 46188.25 : 0.0);
-  EXPECT_EQ(r.firing(2).Lat, static_cast<double>(4524.0F + 2.0F / 128));
-  EXPECT_EQ(r.firing(2).Val184, -1000.0F);
-  EXPECT_EQ(r.firing(2).CanaleB[7], -17.0F);
-  EXPECT_TRUE(r.asked.empty());
-  EXPECT_FALSE(r.read.findings.anyFault());
+  const std::pair<std::int16_t, std::size_t> lengths[] = {{1, 280}, {2, 296}, {3, 304}, {7, 280}, {-1, 280}};
+  for (const auto& [type, length] : lengths) {
+    SCOPED_TRACE(type);
+    Reading r(SyscalFile(records, type, length));
+    ASSERT_EQ(r.firings(), 3U);
+    EXPECT_EQ(r.firing(3).Rho[10], 3.1F);
+    EXPECT_EQ(r.firing(3).Elettrodi[1], 62.5F);
+    EXPECT_EQ(r.firing(3).Elettrodi[11], 12.5F) << "the second electrode of the last channel";
+    EXPECT_EQ(r.firing(3).letture, AllReadings);
+    EXPECT_EQ(r.firing(1).Tempo, length == 304 ? 46188.25 : 0.0);
+    EXPECT_EQ(r.firing(2).Lat, static_cast<double>(4524.0F + 2.0F / 128));
+    EXPECT_EQ(r.firing(2).Val184, -1000.0F);
+    EXPECT_EQ(r.firing(2).CanaleB[7], -17.0F);
+    EXPECT_TRUE(r.asked.empty() && !r.read.findings.anyFault());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Types, RecordLengths,
-                         ::testing::Values(LengthCase{1, 280}, LengthCase{2, 296}, LengthCase{3, 304},
-                                           LengthCase{7, 280}, LengthCase{-1, 280}));
 
 // A record of 248 bytes ends before its channel and position: they are the next record's first bytes, and the last
 // record has none.
 TEST(ShortRecords, TakeTheirPositionFromTheNextRecord) {
   Reading r;
   auto records = Firings(4, 1);
-  for (RecordValues& v : records) v.c1 = 4524.5F;  // byte 16 of a record is byte 264 of the one before it
-  for (RecordValues& v : records) v.c2 = 1218.5F;
+  for (RecordValues& v : records) v.c1 = 4524.5F, v.c2 = 1218.5F;  // byte 16 of a record is byte 264 of the one before
   r.answer = "1";
   r.file(SyscalFile(records, 0, 248));
   ASSERT_EQ(r.firings(), 3U);
@@ -108,14 +97,12 @@ TEST(Grouping, AsksOnceAFileWhenUsualLengthAndLargestChannelDiffer) {
 }
 
 TEST(Grouping, GroupsChannelsAboveTenWithoutStoringThem) {
-  Reading same;
-  same.file(SyscalFile(Firings(1, 12)));
-  EXPECT_EQ(same.read.summary.channels, 12);
-  EXPECT_EQ(same.firing(1).Rho[10], 1.1F);
-  EXPECT_TRUE(same.says("channels 11 to 12 of each firing are not stored"));
-  Reading one;
-  one.file(SyscalFile(Firings(1, 11)));
-  EXPECT_TRUE(one.says("channel 11 of each firing is not stored"));
+  Reading r(SyscalFile(Firings(1, 12)));
+  EXPECT_EQ(r.read.summary.channels, 12);
+  EXPECT_EQ(r.firing(1).Rho[10], 1.1F);
+  EXPECT_TRUE(r.says("channels 11 to 12 of each firing are not stored"));
+  r.file(SyscalFile(Firings(1, 11)));
+  EXPECT_TRUE(r.says("channel 11 of each firing is not stored"));
 }
 
 TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
@@ -134,16 +121,13 @@ TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
 TEST(LostFixes, EndTheFileUnlessReadPast) {
   auto records = Firings(6, 2);
   for (std::size_t k : {0U, 1U, 6U, 7U}) records[k].north = records[k].east = 0;  // firings 1 and 4
-  Reading r;
-  r.file(SyscalFile(records));
+  Reading r(SyscalFile(records));
   ASSERT_EQ(r.firings(), 2U);
   EXPECT_EQ(r.firing(1).Rho[1], 2.01F);
   EXPECT_TRUE(r.says("fix lost at record 7: 6 records from there on left out, 4 of them with a position"));
   EXPECT_TRUE(r.says("2 records before the first position"));
 
-  Reading past;
-  past.options.span = ReadSpan::PastLostFixes;
-  past.file(SyscalFile(records));
+  Reading past(SyscalFile(records), ReadSpan::PastLostFixes);
   ASSERT_EQ(past.firings(), 5U);
   EXPECT_TRUE(past.firing(3).SenzaFix);
   EXPECT_EQ(past.firing(3).Rho[2], 4.02F) << "the readings of a firing without fix are kept";
@@ -154,8 +138,7 @@ TEST(LostFixes, EndTheFileUnlessReadPast) {
 TEST(LostFixes, WithoutLongitudeLeaveTheFiringEmpty) {
   auto records = Firings(3, 2);
   records[2].east = records[3].east = 0;
-  Reading r;
-  r.file(SyscalFile(records));
+  Reading r(SyscalFile(records));
   ASSERT_EQ(r.firings(), 3U);
   EXPECT_TRUE(r.firing(2).SenzaFix);
   EXPECT_EQ(r.firing(2).Rho[1], 0.0F);
@@ -168,8 +151,7 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
   records[0].rho = std::numeric_limits<float>::quiet_NaN();
   records[2].depth = records[3].depth = std::numeric_limits<float>::infinity();
   records[4].north = records[5].north = std::numeric_limits<float>::quiet_NaN();
-  Reading r;
-  r.file(SyscalFile(records));
+  Reading r(SyscalFile(records));
   ASSERT_EQ(r.firings(), 2U);
   EXPECT_TRUE(std::isnan(r.firing(1).Rho[1]));
   EXPECT_TRUE(std::isinf(r.firing(2).Val12));
@@ -177,11 +159,9 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
       r.says("3 records with a reading, electrode or depth that is not a finite number, the first is record 1: kept"));
   EXPECT_TRUE(r.read.findings.anyFault());
 
-  Reading past;
-  past.options.span = ReadSpan::PastLostFixes;
   records[4].north = records[5].north = 4524.0F;
   records[2].east = records[3].east = -std::numeric_limits<float>::infinity();
-  past.file(SyscalFile(records));
+  const Reading past(SyscalFile(records), ReadSpan::PastLostFixes);
   ASSERT_EQ(past.firings(), 3U);
   EXPECT_TRUE(past.firing(2).SenzaFix);
   EXPECT_TRUE(past.says("2 records with a position that is not a finite number"));
@@ -199,34 +179,38 @@ TEST(UtmFiles, FillEastingAndNorthingOnly) {
   EXPECT_EQ(r.firing(2).Lat, 0);
 }
 
-TEST(Sizes, ShortOfARecordAreNamed) {
-  const std::string whole = SyscalFile(Firings(5, 2));
-  struct Case {
-    std::string content;
-    std::size_t firings;
-    const char* words;
-    const char* format;
-  };
-  const Case cases[] = {{"", 0, "is empty", ""},
-                        {std::string(1046, '\0'), 0, "1046 bytes, at least 1047", ""},
-                        {std::string(1047, '\0'), 0, "holds no record", "syscal"},
-                        {whole.substr(0, whole.size() - 100), 5, "204 of 304 bytes", "syscal"},
-                        {whole + std::string(100, 'x'), 5, "100 bytes behind the last record", "syscal"},
-                        {std::string(5000, 'x'), 0, "neither a Syscal file nor a text export", ""}};
-  for (const Case& c : cases) {
-    Reading r;
-    r.file(c.content);
-    EXPECT_EQ(r.firings(), c.firings) << c.words;
-    EXPECT_TRUE(r.says(c.words)) << c.words;
-    EXPECT_TRUE(r.read.findings.anyFault()) << c.words;
-    EXPECT_EQ(r.read.summary.format, c.format) << c.words;
-    EXPECT_TRUE(!r.read.summary.format.empty() || r.read.findings.entries().size() == 1) << c.words;
+/// A file's content, the firings it gives, part of what is said, and its format.
+struct ContentCase {
+  std::string content;
+  std::size_t firings;
+  const char* words;
+  const char* format;
+};
+
+void ExpectRead(const std::vector<ContentCase>& cases) {
+  for (const ContentCase& c : cases) {
+    SCOPED_TRACE(c.words);
+    Reading r(c.content);
+    EXPECT_EQ(r.firings(), c.firings);
+    EXPECT_TRUE(*c.words == '\0' || r.says(c.words));
+    EXPECT_EQ(r.read.findings.anyFault(), *c.words != '\0');
+    EXPECT_EQ(r.read.summary.format, c.format);
+    EXPECT_TRUE(!r.read.summary.format.empty() || r.read.findings.entries().size() == 1);
   }
 }
 
+TEST(Sizes, ShortOfARecordAreNamed) {
+  const std::string whole = SyscalFile(Firings(5, 2));
+  ExpectRead({{"", 0, "is empty", ""},
+              {std::string(1046, '\0'), 0, "1046 bytes, at least 1047", ""},
+              {std::string(1047, '\0'), 0, "holds no record", "syscal"},
+              {whole.substr(0, whole.size() - 100), 5, "204 of 304 bytes", "syscal"},
+              {whole + std::string(100, 'x'), 5, "100 bytes behind the last record", "syscal"},
+              {std::string(5000, 'x'), 0, "neither a Syscal file nor a text export", ""}});
+}
+
 TEST(Sizes, BeyondSixteenBitsOfRecordsAreReadWhole) {
-  Reading r;
-  r.file(SyscalFile(Firings(3300, 10), 1, 280));
+  Reading r(SyscalFile(Firings(3300, 10), 1, 280));
   EXPECT_EQ(r.firings(), 3300U);
   EXPECT_EQ(r.firing(3300).Rho[10], 3300.1F);
 }
@@ -251,37 +235,19 @@ TEST(Kinds, OtherThanReadableOnesAreRefusedByName) {
   type[1031] = 6;
   named.replace(17, 10, "SYSCAL Pro");
   named[0] = 6;
-  struct Case {
-    std::string content;
-    std::size_t firings;
-    const char* words;
-  };
-  const Case cases[] = {{version, 0, "newer kind (.binx, version 6)"},
-                        {version.substr(0, 900), 0, "newer kind"},
-                        {type, 0, "newer kind"},
-                        {newer, 3, ""},
-                        {named, 3, ""},
-                        {Noise(30000, false), 0, "neither a Syscal file nor a text export"},
-                        {Noise(30000, true), 0, "neither a Syscal file nor a text export"}};
-  for (const Case& c : cases) {
-    Reading r;
-    r.file(c.content);
-    EXPECT_EQ(r.firings(), c.firings) << c.words;
-    EXPECT_TRUE(*c.words == '\0' || r.says(c.words)) << c.words;
-    EXPECT_EQ(r.read.findings.anyFault(), c.firings == 0) << c.words;
-    EXPECT_EQ(r.read.summary.format.empty(), c.firings == 0) << c.words;
-  }
+  ExpectRead({{version, 0, "newer kind (.binx, version 6)", ""},
+              {version.substr(0, 900), 0, "newer kind", ""},
+              {type, 0, "newer kind", ""},
+              {newer, 3, "", "syscal"},
+              {named, 3, "", "syscal"},
+              {Noise(30000, false), 0, "neither a Syscal file nor a text export", ""},
+              {Noise(30000, true), 0, "neither a Syscal file nor a text export", ""}});
 }
 
 TEST(Kinds, TextExportsAreToldWithAndWithoutByteOrderMark) {
-  EXPECT_TRUE(TestataDiTesto("distance;x"));
-  EXPECT_TRUE(
-      TestataDiTesto("\xEF\xBB\xBF"
-                     "Distance"));
-  EXPECT_FALSE(
-      TestataDiTesto("\xEF\xBB\xBF"
-                     "Distanc"));
-  EXPECT_FALSE(TestataDiTesto(" DISTANCE"));
+  const std::string mark = "\xEF\xBB\xBF";
+  EXPECT_TRUE(TestataDiTesto("distance;x") && TestataDiTesto(mark + "Distance"));
+  EXPECT_FALSE(TestataDiTesto(mark + "Distanc") || TestataDiTesto(" DISTANCE"));
   const FileRead missing = LeggiFile("/nowhere/at.all", {});
   EXPECT_TRUE(missing.summary.format.empty());
   ASSERT_EQ(missing.findings.entries().size(), 1U);
@@ -311,7 +277,7 @@ TEST(Changes, WhileAFileIsReadAreAFault) {
     });
     EXPECT_TRUE(report.summary.format.empty());
     ASSERT_EQ(report.findings.entries().size(), 1U);
-    EXPECT_NE(report.findings.entries()[0].reason.find("while it was read"), std::string::npos);
+    EXPECT_NE(test::Told(report.findings).find("while it was read"), std::string::npos);
   }
 }
 
@@ -322,10 +288,8 @@ TEST(OldRecords, AreLoadedAsTheyStand) {
   content[1029 + 248 + 247] = 'z';
   const OldSyscalFile old = LeggiBin2(folder.write("old.bin", content), 248);
   ASSERT_EQ(old.RecordBin.size(), 2U);
-  EXPECT_EQ(old.RecordBin(1)[0], std::byte{'a'});
-  EXPECT_EQ(old.RecordBin(2)[247], std::byte{'z'});
-  EXPECT_EQ(old.HeaderBin.size(), 1030U);
-  EXPECT_EQ(old.HeaderBin.back(), 'a') << "the header's last byte is the first of record 1";
+  EXPECT_TRUE(old.RecordBin(1)[0] == std::byte{'a'} && old.RecordBin(2)[247] == std::byte{'z'});
+  EXPECT_EQ(old.HeaderBin, content.substr(0, 1030)) << "the header's last byte is the first of record 1";
   EXPECT_TRUE(LeggiBin2(folder.write("short.bin", "x"), 248).RecordBin.empty());
 }
 

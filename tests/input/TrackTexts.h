@@ -3,29 +3,21 @@
 
 #include <cmath>
 #include <string>
-#include <vector>
 
 #include "base/NumberText.h"
 #include "base/OleDate.h"
 #include "input/TrackFile.h"
+#include "support/SurveyFiles.h"
 
 namespace corvan::test {
 
-/// "2026-06-15 08:00:00 4.5" for a fix with a depth, "... -" for one without.
-inline std::vector<std::string> TimesAndDepths(const TrackRead& read) {
-  std::vector<std::string> list;
+/// The fixes as "08:00:00 4.5, 08:00:03 -": time and depth, the date before them where it is not 2026-06-15.
+inline std::string TimesAndDepths(const TrackRead& read) {
+  std::string list;
   for (const PuntoGPSEst& fix : read.fixes) {
-    const std::string depth = fix.haProf ? TestoNumero(std::round(fix.Prof * 1e6) / 1e6) : "-";
-    list.push_back(TestoDataOra(DaGiorni(fix.DataOra)) + " " + depth);
-  }
-  return list;
-}
-
-/// The findings as "fault: ..." and "note: ...".
-inline std::vector<std::string> Said(const TrackRead& read) {
-  std::vector<std::string> list;
-  for (const Finding& finding : read.findings.entries()) {
-    list.push_back((finding.severity == Severity::Fault ? "fault: " : "note: ") + finding.reason);
+    const std::string when = TestoDataOra(DaGiorni(fix.DataOra));
+    list += (list.empty() ? "" : ", ") + when.substr(when.starts_with("2026-06-15 ") ? 11 : 0) + " ";
+    list += fix.haProf ? TestoNumero(std::round(fix.Prof * 1e6) / 1e6) : "-";
   }
   return list;
 }

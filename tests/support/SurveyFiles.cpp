@@ -41,6 +41,12 @@ std::vector<std::string> CrLfLines(const std::string& text) {
   return lines;
 }
 
+std::string Told(const Findings& findings) {
+  std::string told;
+  for (const Finding& f : findings.entries()) told += (f.severity == Severity::Fault ? "!" : "-") + f.reason + "\n";
+  return told;
+}
+
 Answer ScriptedAnswers::MsgBox(const MessageRequest& request) {
   messages.push_back({request.question, PromptDi(request), TestoDi(request.question).title, request.details, ""});
   return messageAnswer;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/Dialogs.h"
+#include "base/Findings.h"
 #include "survey/RecordSyscalPro.h"
 
 namespace corvan::test {
@@ -34,6 +35,9 @@ class TempFolder {
 std::string Slurp(const std::filesystem::path& path);
 /// The pieces between CR LF pairs; the file must end in one.
 std::vector<std::string> CrLfLines(const std::string& text);
+
+/// The findings, one a line, faults behind "!", notes behind "-".
+std::string Told(const Findings& findings);
 
 /// A box as the user sees it.
 struct Box {
