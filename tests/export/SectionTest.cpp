@@ -7,6 +7,7 @@
 #include <cmath>
 #include <string>
 
+#include "support/SurveyFiles.h"
 #include "support/Surveys.h"
 #include "track/TrackAnalysis.h"
 
@@ -21,16 +22,15 @@ struct Fixture {
   Survey survey;
   SectionRequest request;
 
-  explicit Fixture(const std::vector<Firing>& firings) : survey(test::Measurements(firings)) {
+  explicit Fixture(const std::vector<Firing>& firings, TruePosition position = TruePosition::AsStored)
+      : survey(test::Measurements(firings)) {
     request.E2 = survey.NumMisure();
+    request.position = position;
   }
   Section extract() { return EstraiSezione(survey, request, findings); }
   double trueX(std::size_t k) const { return survey.Misure(k).Deriv[3]; }
   double trueY(std::size_t k) const { return survey.Misure(k).Deriv[4]; }
-  bool says(const std::string& words) const {
-    return std::any_of(findings.entries().begin(), findings.entries().end(),
-                       [&](const Finding& f) { return f.reason.find(words) != std::string::npos; });
-  }
+  bool says(const std::string& words) const { return test::Told(findings).find(words) != std::string::npos; }
 };
 
 TEST(Records, HoldThePlacesSnappedToTheElectrodeGrid) {
@@ -40,53 +40,41 @@ TEST(Records, HoldThePlacesSnappedToTheElectrodeGrid) {
   ASSERT_EQ(s.NqpBin(), 20);
   const Quadrupole r = s.RecordOut(11 + 3);  // second point, channel 4
   // D = 7: A = Fix((-5 + 7 + 60) / 5) 5 + 3 = 63, B = 68, M = E4 35 -> Fix(42 / 5) 5 + 3 = 43, N = 38.
-  EXPECT_EQ(r.x[0], 63);
-  EXPECT_EQ(r.x[1], 68);
-  EXPECT_EQ(r.x[2], 43);
-  EXPECT_EQ(r.x[3], 38);
+  EXPECT_EQ(r.x, (std::array<float, 4>{63, 68, 43, 38}));
+  EXPECT_EQ(r.z, (std::array<float, 4>{})) << "no depths unless asked";
   EXPECT_EQ(r.channel, 4);
-  EXPECT_EQ(r.current, 1000.5F);
-  EXPECT_EQ(r.potential, 4.5F);
-  EXPECT_EQ(r.resistivity, 2.04F);
-  EXPECT_EQ(r.z[0], 0) << "no depths unless asked";
-  EXPECT_EQ(r.est, 300007.0F);
-  EXPECT_EQ(r.nord, 5e6F);
+  EXPECT_EQ((std::array{r.current, r.potential, r.resistivity}), (std::array{1000.5F, 4.5F, 2.04F}));
+  EXPECT_EQ((std::array{r.est, r.nord}), (std::array{300007.0F, 5e6F}));
   EXPECT_EQ(s.RecordOut(1).x[0], 58);
 }
 
-struct DirectionCase {
-  const char* name;
-  std::vector<Firing> track;
-  double dx, dy;  ///< expected shift of the true position, m
-};
-
-class TruePositions : public ::testing::TestWithParam<DirectionCase> {};
-
-TEST_P(TruePositions, LieBehindTheBoatByTheLag) {
-  Fixture f(GetParam().track);
-  f.request.position = TruePosition::BehindBoat;
-  f.request.OffsetCavo = 7.5;  // lag 2.5 + 7.5
-  f.extract();
-  for (std::size_t k = 1; k <= GetParam().track.size(); ++k) {
-    EXPECT_NEAR(f.trueX(k) - f.survey.Misure(k).UTMx, GetParam().dx, 1e-6) << GetParam().name;
-    EXPECT_NEAR(f.trueY(k) - f.survey.Misure(k).UTMy, GetParam().dy, 1e-6) << GetParam().name;
+// A lag of 10 m, the cable's 2.5 and the offset's 7.5: along a 3-4-5 slope it is 6 m and 8 m.
+TEST(TruePositions, LieBehindTheBoatByTheLag) {
+  struct Case {
+    const char* name;
+    double dx, dy;  ///< expected shift of the true position, m
+    std::vector<Firing> track;
+  };
+  const Case cases[] = {{"northeast", -6, -8, {{300000, 5e6}, {300030, 5000040}, {300060, 5000080}}},
+                        {"southwest", 6, 8, {{300060, 5000080}, {300030, 5000040}, {300000, 5e6}}},
+                        {"southeast", -6, 8, {{300000, 5e6}, {300030, 4999960}}},
+                        {"west", 10, 0, {{300060, 5e6}, {300000, 5e6}}},
+                        {"north", 0, -10, {{300000, 5e6}, {300000, 5000040}}},
+                        {"south", 0, 10, {{300000, 5000040}, {300000, 5e6}}},
+                        {"one point", 10, 0, {{300000, 5e6}}}};
+  for (const Case& c : cases) {
+    Fixture f(c.track, TruePosition::BehindBoat);
+    f.request.OffsetCavo = 7.5;
+    f.extract();
+    for (std::size_t k = 1; k <= c.track.size(); ++k) {
+      EXPECT_NEAR(f.trueX(k) - f.survey.Misure(k).UTMx, c.dx, 1e-6) << c.name;
+      EXPECT_NEAR(f.trueY(k) - f.survey.Misure(k).UTMy, c.dy, 1e-6) << c.name;
+    }
   }
 }
 
-// A lag of 10 m: along a 3-4-5 slope it is 6 m and 8 m.
-INSTANTIATE_TEST_SUITE_P(
-    Directions, TruePositions,
-    ::testing::Values(DirectionCase{"northeast", {{300000, 5e6}, {300030, 5000040}, {300060, 5000080}}, -6, -8},
-                      DirectionCase{"southwest", {{300060, 5000080}, {300030, 5000040}, {300000, 5e6}}, 6, 8},
-                      DirectionCase{"southeast", {{300000, 5e6}, {300030, 4999960}}, -6, 8},
-                      DirectionCase{"west", {{300060, 5e6}, {300000, 5e6}}, 10, 0},
-                      DirectionCase{"north", {{300000, 5e6}, {300000, 5000040}}, 0, -10},
-                      DirectionCase{"south", {{300000, 5000040}, {300000, 5e6}}, 0, 10},
-                      DirectionCase{"one point", {{300000, 5e6}}, 10, 0}));
-
 TEST(TruePosition, RepeatedGivesTheSame) {
-  Fixture f({{300000, 5e6}, {300030, 5000040}});
-  f.request.position = TruePosition::BehindBoat;
+  Fixture f({{300000, 5e6}, {300030, 5000040}}, TruePosition::BehindBoat);
   f.extract();
   const double x = f.trueX(2);
   f.extract();
@@ -107,19 +95,16 @@ TEST(Depths, AreThoseUnderEachElectrode) {
   // Channel 10: M = E10 at 5 -> -13 -> first depth; N = E11 at 0 likewise. Channel 5: M at 30 -> 12 -> 3, N at 25 -> 7
   // -> 2.
   EXPECT_EQ(s.RecordOut(10).z[2], 1);
-  EXPECT_EQ(s.RecordOut(5).z[2], 3);
-  EXPECT_EQ(s.RecordOut(5).z[3], 2);
-  EXPECT_EQ(s.Profilo(2).prof, 2);
-  EXPECT_EQ(s.Profilo(4).distanza, 30);
+  EXPECT_TRUE(s.RecordOut(5).z[2] == 3 && s.RecordOut(5).z[3] == 2);
+  EXPECT_TRUE(s.Profilo(2).prof == 2 && s.Profilo(4).distanza == 30);
   // Profile of true positions: C1 of point p at 55 + 10 (p - 1), looked up 18 m before that.
   EXPECT_EQ(s.ProfiloVero(1).prof, 4);
 }
 
 TEST(LostFixes, KeepPlaceInTheProfileAndGiveNoGeometry) {
-  Fixture f({{0, 0}, {300000, 5e6, 1, 2}, {0, 0}, {300007, 5e6, 1, 3}, {0, 0}});
+  Fixture f({{0, 0}, {300000, 5e6, 1, 2}, {0, 0}, {300007, 5e6, 1, 3}, {0, 0}}, TruePosition::BehindBoat);
   f.survey.Misure(3).Scartata = true;
   f.request.echoSounder = true;
-  f.request.position = TruePosition::BehindBoat;
   Section s = f.extract();
   EXPECT_EQ(s.points, 4) << "left out: one; without position but not left out: its readings are written";
   EXPECT_EQ(s.Profilo(1).est, 300000) << "before the first kept point: that one";
@@ -148,28 +133,23 @@ TEST(ZeroSpacing, LeavesPlacesZeroAndSaysSo) {
   f.request.OffsetCavo = 3;
   Section s = f.extract();
   EXPECT_EQ(s.NqpBin(), 20);
-  EXPECT_EQ(s.RecordOut(1).x[0], 0);
-  EXPECT_EQ(s.RecordOut(1).resistivity, 1.01F);
-  EXPECT_TRUE(f.findings.anyFault());
+  EXPECT_TRUE(s.RecordOut(1).x[0] == 0 && s.RecordOut(1).resistivity == 1.01F && f.findings.anyFault());
 }
 
 // Sections written one after the other must not lean on each other: along a meridian the easting is the stored one.
 TEST(TruePosition, OfAMeridianDoesNotRememberAnEarlierSection) {
-  Fixture f({{300000, 5e6}, {300000, 5000040}, {300030, 5000080}});
-  f.request.position = TruePosition::BehindBoat;
+  Fixture f({{300000, 5e6}, {300000, 5000040}, {300030, 5000080}}, TruePosition::BehindBoat);
   f.extract();
   f.request.E2 = 2;
   EXPECT_EQ(f.extract().RecordOut.points()(2).estVero, 300000);
 }
 
 TEST(TruePosition, OfABendIsNoted) {
-  Fixture straight({{300000, 5e6}, {300100, 5000001}, {300200, 5e6}});
-  straight.request.position = TruePosition::BehindBoat;
+  Fixture straight({{300000, 5e6}, {300100, 5000001}, {300200, 5e6}}, TruePosition::BehindBoat);
   straight.extract();
   EXPECT_FALSE(straight.says("bends"));
   // Fitted y = 10: the middle point lies 20 m off, the lag is 2.5 m.
-  Fixture bent({{300000, 5e6}, {300100, 5000030}, {300200, 5e6}});
-  bent.request.position = TruePosition::BehindBoat;
+  Fixture bent({{300000, 5e6}, {300100, 5000030}, {300200, 5e6}}, TruePosition::BehindBoat);
   bent.extract();
   EXPECT_TRUE(bent.says("20 m from the straight line"));
   EXPECT_FALSE(bent.findings.anyFault());
@@ -201,8 +181,7 @@ TEST(Records, WithBothPotentialElectrodesAtOnePlaceAreTold) {
   f.survey.cavo.PosCavo = {0, 50, 47.5F, 45, 42.5F, 40, 37.5F, 35, 32.5F, 30, 27.5F, 25, 55, 60};
   f.extract();
   // Spacing 5 on a cable of 2.5: of E1 50 and E2 47.5 the second falls on 45 with E3. Five pairs of ten coincide.
-  EXPECT_TRUE(f.says("10 of 20 records"));
-  EXPECT_TRUE(f.says("the first is channel 2 of measurement 1"));
+  EXPECT_TRUE(f.says("10 of 20 records") && f.says("the first is channel 2 of measurement 1"));
 }
 
 }  // namespace

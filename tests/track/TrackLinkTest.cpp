@@ -47,19 +47,16 @@ Survey SurveyAt(const std::vector<double>& seconds, const std::vector<PuntoGPSEs
 
 TEST(TimeLinks, InterpolateBetweenFixesAndTakeTheEndsOutside) {
   Survey s = SurveyAt({10, 12.4, 15, 5, 40}, {Fix(10, 100, 0, 2), Fix(20, 200, 50, 4)});
+  s.Misure(1).Interpolata = true;
   const TimeLink link = LinkDataGPST(s, 0);
-  EXPECT_EQ(s.Misure(1).UTMx, 100);
-  EXPECT_DOUBLE_EQ(s.Misure(2).UTMx, 120) << "whole seconds";
+  const double x[] = {100, 120, 150, 100, 200};  // 12.4 s in whole seconds
+  for (std::size_t k = 1; k <= 5; ++k) EXPECT_DOUBLE_EQ(s.Misure(k).UTMx, x[k - 1]) << k;
   EXPECT_DOUBLE_EQ(s.Misure(3).UTMy, 25);
   EXPECT_EQ(s.Misure(3).Val12, 3);
   EXPECT_NEAR(s.Misure(3).Lat, s.tracciaEst.PuntiGPSEst(1).GeoB + 50e-6, 1e-9) << "the crossed coordinates";
-  EXPECT_EQ(s.Misure(4).UTMx, 100);
-  EXPECT_EQ(s.Misure(5).UTMx, 200);
   EXPECT_EQ(std::get<Grid>(s.Misure(3).sorgente), (Grid{150, 25, 33, Hemisphere::North}));
-  EXPECT_EQ(link.exact, 1U);
-  EXPECT_EQ(link.between, 2U);
-  EXPECT_EQ(link.outside, 2U);
-  EXPECT_EQ(link.farthest, 20);
+  EXPECT_EQ(std::tuple(link.exact, link.between, link.outside, link.farthest), std::tuple(1UL, 2UL, 2UL, 20.0));
+  EXPECT_FALSE(s.Misure(1).Interpolata) << "or the next analysis would take the position away";
 }
 
 TEST(TimeLinks, ShiftTheClockOfTheMeasurements) {
@@ -68,13 +65,16 @@ TEST(TimeLinks, ShiftTheClockOfTheMeasurements) {
   EXPECT_DOUBLE_EQ(s.Misure(1).UTMx, 1.5);
 }
 
-TEST(TimeLinks, LeaveMeasurementsWithoutATime) {
-  Survey s = SurveyAt({10, 10}, {Fix(10, 1, 0, 0)});
+TEST(TimeLinks, LeaveMeasurementsWithoutATimeAndDoNotCountEmptyFirings) {
+  Survey s = SurveyAt({10, 10, 10, 10}, {Fix(10, 1, 0, 0)});
   s.Misure(1).Tempo = std::numeric_limits<double>::quiet_NaN();
   s.Misure(2).NumFile = 1;
   s.files.push_back({});
   s.files[0].recordLength = 280;  // what stands at the time's place is the next record
-  EXPECT_EQ(LinkDataGPST(s, 0).withoutTime, 2U);
+  s.Misure(3).letture = 0;
+  s.Misure(3).Tempo = 0;
+  const TimeLink link = LinkDataGPST(s, 0);
+  EXPECT_EQ(std::pair(link.withoutTime, link.exact), std::pair(2UL, 1UL));
   EXPECT_EQ(s.Misure(2).Val12, 99);
 }
 
@@ -142,8 +142,7 @@ TEST(PlaceLinks, StretchTheMeasurementsAlongTheTrack) {
   Survey s = Along({0, 5, 10, 15, 20, 25});
   // 20 m of measurements 1..5 on 30 m of track from fix 1 to 4: s = 2/3.
   EXPECT_EQ(Link(s, {{1, 5}, {1, 4}}), PlaceLink::Linked);
-  const double x[] = {0, 7.5, 15, 22.5, 30};
-  for (std::size_t k = 1; k <= 5; ++k) EXPECT_NEAR(s.Misure(k).UTMx, x[k - 1], 1e-9) << k;
+  for (std::size_t k = 1; k <= 5; ++k) EXPECT_NEAR(s.Misure(k).UTMx, 7.5 * static_cast<double>(k - 1), 1e-9) << k;
   EXPECT_FLOAT_EQ(s.Misure(2).Val12, 1.75F);
   EXPECT_FLOAT_EQ(s.Misure(3).Val12, 3.25F);
   EXPECT_EQ(s.Misure(6).Val12, 99) << "outside the connections nothing changes";
@@ -152,9 +151,7 @@ TEST(PlaceLinks, StretchTheMeasurementsAlongTheTrack) {
 TEST(PlaceLinks, WalkDownwardsAndPutPairsInOrder) {
   Survey s = Along({0, 10, 20});
   EXPECT_EQ(Link(s, {{3, 1}, {1, 4}}), PlaceLink::Linked);
-  EXPECT_NEAR(s.Misure(1).UTMx, 30, 1e-9);
-  EXPECT_NEAR(s.Misure(2).UTMx, 15, 1e-9);
-  EXPECT_EQ(s.Misure(3).UTMx, 0);
+  for (std::size_t k = 1; k <= 3; ++k) EXPECT_NEAR(s.Misure(k).UTMx, 45.0 - 15.0 * static_cast<double>(k), 1e-9) << k;
 }
 
 // 4.3 / (4.3 / 30) is 29.999999999999996 in doubles: 4.3 m of measurements on 30 m of track.
@@ -204,24 +201,8 @@ TEST(Holes, OfOverAMinuteAreCountedAndTheLongestTold) {
   Survey s =
       SurveyAt({5, 40, 100, 3000, 5000}, {Fix(0, 0, 0, 1), Fix(60, 1, 0, 1), Fix(121, 2, 0, 1), Fix(3721, 3, 0, 1)});
   const TimeLink link = LinkDataGPST(s, 0);
-  EXPECT_EQ(link.notes.holes, 2U) << "60 s are none; behind the last fix there is none";
-  EXPECT_EQ(link.notes.longestHole, 3600);
-}
-
-TEST(Empty, FiringsAreNotLinkedNorCounted) {
-  Survey s = SurveyAt({10, 10}, {Fix(10, 1, 0, 2)});
-  s.Misure(1).letture = 0;
-  s.Misure(1).Tempo = 0;
-  const TimeLink link = LinkDataGPST(s, 0);
-  EXPECT_EQ(link.withoutTime, 0U);
-  EXPECT_EQ(link.exact, 1U);
-}
-
-TEST(Interpolated, MeasurementsKeepWhatALinkGives) {
-  Survey s = SurveyAt({10}, {Fix(10, 1, 0, 2)});
-  s.Misure(1).Interpolata = true;
-  LinkDataGPST(s, 0);
-  EXPECT_FALSE(s.Misure(1).Interpolata) << "or the next analysis would take the position away";
+  EXPECT_EQ(std::pair(link.notes.holes, link.notes.longestHole), std::pair(2UL, 3600.0))
+      << "60 s are none; behind the last fix there is none";
 }
 
 }  // namespace
