@@ -16,8 +16,10 @@ namespace corvan {
 namespace {
 
 namespace fs = std::filesystem;
+using test::Reason;
 using test::Slurp;
 using test::TempFolder;
+using test::Write;
 
 std::vector<std::string> Hidden(const fs::path& folder) {
   std::vector<std::string> names;
@@ -28,63 +30,38 @@ std::vector<std::string> Hidden(const fs::path& folder) {
   return names;
 }
 
-template <class Action>
-std::string Reason(Action&& action) {
-  try {
-    action();
-  } catch (const FileError& error) {
-    return error.reason();
-  }
-  return "no error";
-}
-
-void Write(const fs::path& path, std::string_view text) {
-  FileWriter out(path);
-  out.write(text);
-  out.close();
-}
-
-struct LinkCase {
-  const char* asked;
-  const char* real;
-  bool there;  ///< an older file stands at the real place
-};
-
-class Links : public ::testing::TestWithParam<LinkCase> {};
-
-TEST_P(Links, AreFollowedToThePlaceThatIsReplaced) {
-  const auto& [asked, real, there] = GetParam();
-  const TempFolder folder;
-  fs::create_directory(folder / "far");
-  fs::create_symlink("far/data.bin", folder / "one");
-  fs::create_symlink(folder / "one", folder / "two");  // absolute, then relative
-  fs::create_symlink("../plain", folder / "far/back");
-  fs::create_symlink("far", folder / "away");
-  if (there) folder.write(real, "older");
-  {
+TEST(Links, AreFollowedToThePlaceThatIsReplaced) {
+  struct Case {
+    const char* asked;
+    const char* real;
+    bool there;  ///< an older file stands at the real place
+  };
+  const Case cases[] = {{"plain", "plain", true},       {"plain", "plain", false},     {"one", "far/data.bin", true},
+                        {"one", "far/data.bin", false}, {"two", "far/data.bin", true}, {"two", "far/data.bin", false},
+                        {"far/back", "plain", false},   {"away/new", "far/new", false}};
+  for (const auto& [asked, real, there] : cases) {
+    SCOPED_TRACE(asked);
+    const TempFolder folder;
+    fs::create_directory(folder / "far");
+    fs::create_symlink("far/data.bin", folder / "one");
+    fs::create_symlink(folder / "one", folder / "two");  // absolute, then relative
+    fs::create_symlink("../plain", folder / "far/back");
+    fs::create_symlink("far", folder / "away");
+    if (there) folder.write(real, "older");
     FileWriter out(folder / asked);
     out.write(std::string(3'000'000, 'n'));
     const auto beside = Hidden((folder / real).parent_path());
     ASSERT_EQ(beside.size(), 1U);
     const std::string start = "." + fs::path(real).filename().string() + ".corvan-" + std::to_string(getpid()) + "-";
-    EXPECT_EQ(beside[0].substr(0, start.size()), start);
+    EXPECT_TRUE(beside[0].starts_with(start)) << beside[0];
     EXPECT_EQ(fs::exists(folder / real), there);
     EXPECT_TRUE(!there || Slurp(folder / real) == "older");
     out.close();
+    EXPECT_EQ(Slurp(folder / real), std::string(3'000'000, 'n'));
+    EXPECT_TRUE(!fs::is_symlink(folder / real) && fs::is_symlink(folder / "one") && fs::is_symlink(folder / "two"));
+    EXPECT_TRUE(Hidden(folder.path()).empty() && Hidden(folder / "far").empty());
   }
-  EXPECT_EQ(Slurp(folder / real), std::string(3'000'000, 'n'));
-  EXPECT_FALSE(fs::is_symlink(folder / real));
-  EXPECT_TRUE(fs::is_symlink(folder / "one") && fs::is_symlink(folder / "two"));
-  EXPECT_TRUE(Hidden(folder.path()).empty() && Hidden(folder / "far").empty());
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, Links,
-                         ::testing::Values(LinkCase{"plain", "plain", true}, LinkCase{"plain", "plain", false},
-                                           LinkCase{"one", "far/data.bin", true},
-                                           LinkCase{"one", "far/data.bin", false},
-                                           LinkCase{"two", "far/data.bin", true},
-                                           LinkCase{"two", "far/data.bin", false}, LinkCase{"far/back", "plain", false},
-                                           LinkCase{"away/new", "far/new", false}));
 
 TEST(Writer, KeepsTheFolderThatItBeganIn) {
   const TempFolder folder;
@@ -230,47 +207,37 @@ int InChild(Body&& body) {
   return status;
 }
 
-struct SignalCase {
-  int signal;
-  bool ignored;
-  std::size_t left;  ///< hidden files
-};
-
-class Signals : public ::testing::TestWithParam<SignalCase> {};
-
-TEST_P(Signals, LeaveTheOlderFileWholeInTheMiddleOfAWriting) {
-  const auto& [signal, ignored, left] = GetParam();
-  for (const std::string& name : {std::string("old"), std::string(240, 'l')}) {
-    const TempFolder folder;
-    folder.write(name, "older");
-    const int status = InChild([&] {
-      if (ignored) std::signal(signal, SIG_IGN);
-      PulisciAlleInterruzioni();
-      FileWriter first(folder / "other");  // closed again: its name is no longer looked after
-      first.close();
-      FileWriter out(folder / name);
-      out.write(std::string(2'000'000, 'n'));
-      raise(signal);
-      out.close();
-    });
-    if (ignored) {
-      EXPECT_TRUE(WIFEXITED(status));
-    } else {
-      EXPECT_TRUE(WIFSIGNALED(status));
-      EXPECT_EQ(WTERMSIG(status), signal);
+TEST(Signals, LeaveTheOlderFileWholeInTheMiddleOfAWriting) {
+  struct Case {
+    int signal;
+    bool ignored;
+    std::size_t left;  ///< hidden files
+  };
+  const Case cases[] = {{SIGKILL, false, 1}, {SIGTERM, false, 0}, {SIGINT, false, 0},
+                        {SIGHUP, false, 0},  {SIGHUP, true, 0},   {SIGPIPE, false, 0}};
+  for (const Case& c : cases) {
+    for (const std::string& name : {std::string("old"), std::string(240, 'l')}) {
+      SCOPED_TRACE(std::to_string(c.signal) + " " + name);
+      const TempFolder folder;
+      folder.write(name, "older");
+      const int status = InChild([&] {
+        if (c.ignored) std::signal(c.signal, SIG_IGN);
+        PulisciAlleInterruzioni();
+        Write(folder / "other", "");  // closed again: its name is no longer looked after
+        FileWriter out(folder / name);
+        out.write(std::string(2'000'000, 'n'));
+        raise(c.signal);
+        out.close();
+      });
+      EXPECT_TRUE(c.ignored ? WIFEXITED(status) : WIFSIGNALED(status) && WTERMSIG(status) == c.signal) << status;
+      EXPECT_EQ(Slurp(folder / name), c.ignored ? std::string(2'000'000, 'n') : "older");
+      EXPECT_TRUE(fs::exists(folder / "other"));
+      EXPECT_EQ(Hidden(folder.path()).size(), c.left);
+      Write(folder / name, "next");
+      EXPECT_TRUE(Hidden(folder.path()).empty());
     }
-    EXPECT_EQ(Slurp(folder / name), ignored ? std::string(2'000'000, 'n') : "older");
-    EXPECT_TRUE(fs::exists(folder / "other"));
-    EXPECT_EQ(Hidden(folder.path()).size(), left);
-    Write(folder / name, "next");
-    EXPECT_TRUE(Hidden(folder.path()).empty());
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, Signals,
-                         ::testing::Values(SignalCase{SIGKILL, false, 1}, SignalCase{SIGTERM, false, 0},
-                                           SignalCase{SIGINT, false, 0}, SignalCase{SIGHUP, false, 0},
-                                           SignalCase{SIGHUP, true, 0}, SignalCase{SIGPIPE, false, 0}));
 
 TEST(Writer, NeverTakesThePlaceOfAClosedStandardStream) {
   const TempFolder folder;

@@ -19,45 +19,30 @@
 namespace corvan {
 namespace {
 
-struct MaskCase {
-  const char* mask;
-  double value;
-  const char* text;
-};
-
-class MaskedNumbers : public ::testing::TestWithParam<MaskCase> {};
-
-TEST_P(MaskedNumbers, AreWrittenAsOlderFilesHoldThem) {
-  const auto& [mask, value, text] = GetParam();
-  EXPECT_EQ(FormattaNumero(value, mask), text) << mask << " of " << value;
-}
-
 // The masks of the section table, the profiles, the angles, the KML and the boxes; worked out by hand.
-INSTANTIATE_TEST_SUITE_P(
-    Table, MaskedNumbers,
-    ::testing::Values(
-        MaskCase{"#####0.##", 0, "0."}, MaskCase{"#####0.##", 12, "12."}, MaskCase{"#####0.##", 0.125, "0.13"},
-        MaskCase{"#####0.##", -0.004, "0."}, MaskCase{"#####0.##", 99.996, "100."},
-        MaskCase{"#####0.##", 2.675, "2.68"}, MaskCase{"#####0.##", static_cast<double>(2.675F), "2.67"},
-        MaskCase{"#####0.##", 1234567.891, "1234567.89"}, MaskCase{"#####0.##", 0.005, "0.01"},
-        MaskCase{"#####0.##", -1.5, "-1.5"}, MaskCase{"##0.#", 90, "90."}, MaskCase{"##0.#", 0.05, "0.1"},
-        MaskCase{"##0.#", -0.04, "0."}, MaskCase{"##0.#", 89.95, "90."}, MaskCase{"##0.#", -180, "-180."},
-        MaskCase{"#########.0#", 0, ".0"}, MaskCase{"#########.0#", -0.25, "-.25"},
-        MaskCase{"#########.0#", 12, "12.0"}, MaskCase{"#########.0#", static_cast<double>(12.345F), "12.35"},
-        MaskCase{"#########.0#", static_cast<double>(4512345.68F), "4512345.5"}, MaskCase{"#######0.0#", 0.005, "0.01"},
-        MaskCase{"#######0.0#", -3.999, "-4.0"}, MaskCase{"#######0.0#", -0.001, "0.0"},
-        MaskCase{"#######0.0#", 4512345.678, "4512345.68"}, MaskCase{"####0.0", -0.05, "-0.1"},
-        MaskCase{"####0.0", 0.25, "0.3"}, MaskCase{"####0.0", 12345678, "12345678.0"}, MaskCase{"#0", 9.5, "10"},
-        MaskCase{"00", 7, "07"}, MaskCase{"##0.00000000000000", 12.3, "12.30000000000000"},
-        MaskCase{"#######0.00", 1e17, "100000000000000000.00"},
-        MaskCase{"#######0.00", 999999999999999.0, "999999999999999.00"},
-        MaskCase{"#######0.00", 9.999999999999999e-10, "0.00"}, MaskCase{"#####0.##", -0.005, "-0.01"},
-        MaskCase{"#####0.##", -0.00499, "0."}, MaskCase{"##0.00000", -0.0, "0.00000"},
-        MaskCase{"##0.00000", 99.999995, "100.00000"}, MaskCase{"##0.00000", -999.9999951, "-1000.00000"},
-        MaskCase{"##0.00000", 1.00002, "1.00002"}, MaskCase{"0.0##", 10.01, "10.01"}, MaskCase{"0.0##", 10.1, "10.1"},
-        MaskCase{"#######0.00", 49999999999999.004, "49999999999999.00"},
-        MaskCase{"#0.###", 99999999999.9995, "100000000000."}, MaskCase{"#0.##", 0.285, "0.29"},
-        MaskCase{"##0.0", std::numeric_limits<double>::quiet_NaN(), ""}));
+TEST(MaskedNumbers, AreWrittenAsOlderFilesHoldThem) {
+  const std::pair<const char*, std::vector<std::pair<double, const char*>>> cases[] = {
+      {"#####0.##", {{0, "0."}, {12, "12."}, {0.125, "0.13"}, {-0.004, "0."}, {99.996, "100."}, {-1.5, "-1.5"}}},
+      {"#####0.##", {{2.675, "2.68"}, {2.675F, "2.67"}, {1234567.891, "1234567.89"}, {0.005, "0.01"}}},
+      {"#####0.##", {{-0.005, "-0.01"}, {-0.00499, "0."}}},
+      {"##0.#", {{90, "90."}, {0.05, "0.1"}, {-0.04, "0."}, {89.95, "90."}, {-180, "-180."}}},
+      {"#########.0#", {{0, ".0"}, {-0.25, "-.25"}, {12, "12.0"}, {12.345F, "12.35"}, {4512345.68F, "4512345.5"}}},
+      {"#######0.0#", {{0.005, "0.01"}, {-3.999, "-4.0"}, {-0.001, "0.0"}, {4512345.678, "4512345.68"}}},
+      {"####0.0", {{-0.05, "-0.1"}, {0.25, "0.3"}, {12345678, "12345678.0"}}},
+      {"#0", {{9.5, "10"}}},
+      {"00", {{7, "07"}}},
+      {"##0.00000000000000", {{12.3, "12.30000000000000"}}},
+      {"#######0.00", {{1e17, "100000000000000000.00"}, {999999999999999.0, "999999999999999.00"}}},
+      {"#######0.00", {{9.999999999999999e-10, "0.00"}, {49999999999999.004, "49999999999999.00"}}},
+      {"##0.00000", {{-0.0, "0.00000"}, {99.999995, "100.00000"}, {-999.9999951, "-1000.00000"}, {1.00002, "1.00002"}}},
+      {"0.0##", {{10.01, "10.01"}, {10.1, "10.1"}}},
+      {"#0.###", {{99999999999.9995, "100000000000."}}},
+      {"#0.##", {{0.285, "0.29"}}},
+      {"##0.0", {{std::nan(""), ""}}}};
+  for (const auto& [mask, texts] : cases) {
+    for (const auto& [value, text] : texts) EXPECT_EQ(FormattaNumero(value, mask), text) << mask << " of " << value;
+  }
+}
 
 /// The same text by arithmetic on the whole number of 15 digits: the rule, put down a second time.
 std::string ByWholeNumbers(double value, const Mask& mask) {
@@ -87,26 +72,13 @@ double Awkward(std::mt19937_64& random) {
   const auto below = [&random](std::uint64_t limit) { return static_cast<double>(random() % limit); };
   const double power = std::pow(10.0, below(12));
   const double sign = random() % 2 == 0 ? 1.0 : -1.0;
-  double value = 0.0;
-  switch (random() % 6) {
-    case 0:
-      value = static_cast<double>(static_cast<float>(below(100'000'000) / power));
-      break;
-    case 1:
-      value = (below(10'000'000) + 0.5) / power;  // a decimal half
-      break;
-    case 2:
-      value = std::round(below(1000) * power) / power - 1.0 / power;  // nines
-      break;
-    case 3:
-      value = below(1'000'000'000'000'000'000U) / power;
-      break;
-    case 4:
-      value = std::ldexp(below(1U << 20U), static_cast<int>(random() % 120) - 80);
-      break;
-    default:
-      value = below(40'000'000'000'000U) / 1e10;
-  }
+  const double values[] = {static_cast<float>(below(100'000'000) / power),
+                           (below(10'000'000) + 0.5) / power,                      // a decimal half
+                           std::round(below(1000) * power) / power - 1.0 / power,  // nines
+                           below(1'000'000'000'000'000'000U) / power,
+                           std::ldexp(below(1U << 20U), static_cast<int>(random() % 120) - 80),
+                           below(40'000'000'000'000U) / 1e10};
+  double value = values[random() % 6];
   for (std::uint64_t k = random() % 5; k > 0; --k) value = std::nextafter(value, random() % 2 == 0 ? 0.0 : 1e300);
   return sign * value;
 }
@@ -125,57 +97,34 @@ TEST(NumbersOfEverySize, AreTheSameByWhicheverWayTheyAreRounded) {
   }
 }
 
-struct ValCase {
-  const char* text;
-  double value;
-};
-
-class LeadingNumbers : public ::testing::TestWithParam<ValCase> {};
-
-TEST_P(LeadingNumbers, AreReadAndTheRestIsIgnored) {
-  EXPECT_EQ(Val(GetParam().text), GetParam().value) << GetParam().text;
+TEST(LeadingNumber, IsReadAndTheRestIgnored) {
+  const std::pair<const char*, double> cases[] = {
+      {"", 0},           {"  12.5 m", 12.5}, {"12,5", 12},  {"+3", 3},      {"+-3", 0},
+      {"-.5", -0.5},     {".", 0},           {"-", 0},      {"1.2.3", 1.2}, {"1e3x", 1000},
+      {"1e", 1},         {"1e+", 1},         {"inf", 0},    {"-nan", 0},    {"0x1F", 0},
+      {"E5", 0},         {"\t7", 7},         {"1e-999", 0}, {"0e999", 0},   {"0.0000001e-320", 0},
+      {"5e-324", 5e-324}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, LeadingNumbers,
-                         ::testing::Values(ValCase{"", 0}, ValCase{"  12.5 m", 12.5}, ValCase{"12,5", 12},
-                                           ValCase{"+3", 3}, ValCase{"+-3", 0}, ValCase{"-.5", -0.5}, ValCase{".", 0},
-                                           ValCase{"-", 0}, ValCase{"1.2.3", 1.2}, ValCase{"1e3x", 1000},
-                                           ValCase{"1e", 1}, ValCase{"1e+", 1}, ValCase{"inf", 0}, ValCase{"-nan", 0},
-                                           ValCase{"0x1F", 0}, ValCase{"E5", 0}, ValCase{"\t7", 7},
-                                           ValCase{"1e-999", 0}, ValCase{"0e999", 0}, ValCase{"0.0000001e-320", 0},
-                                           ValCase{"5e-324", 5e-324}));
-
-struct FormCase {
-  const char* text;
-  double value;
-  TextForm form;
-};
-
-class NumberForms : public ::testing::TestWithParam<FormCase> {};
-
-TEST_P(NumberForms, TellANumberFromWhatOnlyBeginsAsOne) {
-  const auto& [text, value, form] = GetParam();
-  const NumeroLetto number = LeggiNumero(text);
-  EXPECT_EQ(number.value, value) << text;
-  EXPECT_EQ(number.form, form) << text;
-  EXPECT_EQ(SoloNumero(text), form == TextForm::Number) << text;
-  NumberCheck check;
-  EXPECT_EQ(check.leggi(text), value);
-  EXPECT_EQ(check.count(), form == TextForm::Number || form == TextForm::Empty ? 0U : 1U) << text;
+TEST(NumberForms, TellANumberFromWhatOnlyBeginsAsOne) {
+  const std::pair<TextForm, std::vector<std::pair<const char*, double>>> cases[] = {
+      {TextForm::Number, {{" \t-45.25\t ", -45.25}, {"+.5e1", 5}, {"1.", 1}}},
+      {TextForm::Empty, {{"", 0}, {" \t", 0}}},
+      {TextForm::Comma, {{"45,4", 45}, {"7 ,5", 7}, {",5", 0}, {"-,5", 0}}},
+      {TextForm::Tail, {{"12.5 m", 12.5}, {"1.2.3", 1.2}, {"1e", 1}, {"0x1F", 0}, {"4524.5N", 4524.5}}},
+      {TextForm::Word, {{"-", 0}, {"inf", 0}, {"---", 0}, {"N 45", 0}}}};
+  for (const auto& [form, texts] : cases) {
+    for (const auto& [text, value] : texts) {
+      const NumeroLetto number = LeggiNumero(text);
+      EXPECT_TRUE(number.value == value && number.form == form) << text;
+      EXPECT_EQ(SoloNumero(text), form == TextForm::Number) << text;
+      NumberCheck check;
+      EXPECT_EQ(check.leggi(text), value);
+      EXPECT_EQ(check.count(), form == TextForm::Number || form == TextForm::Empty ? 0U : 1U) << text;
+    }
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, NumberForms,
-                         ::testing::Values(FormCase{" \t-45.25\t ", -45.25, TextForm::Number},
-                                           FormCase{"+.5e1", 5, TextForm::Number}, FormCase{"1.", 1, TextForm::Number},
-                                           FormCase{"", 0, TextForm::Empty}, FormCase{" \t", 0, TextForm::Empty},
-                                           FormCase{"45,4", 45, TextForm::Comma}, FormCase{"7 ,5", 7, TextForm::Comma},
-                                           FormCase{",5", 0, TextForm::Comma}, FormCase{"-,5", 0, TextForm::Comma},
-                                           FormCase{"12.5 m", 12.5, TextForm::Tail},
-                                           FormCase{"1.2.3", 1.2, TextForm::Tail}, FormCase{"1e", 1, TextForm::Tail},
-                                           FormCase{"0x1F", 0, TextForm::Tail},
-                                           FormCase{"4524.5N", 4524.5, TextForm::Tail},
-                                           FormCase{"-", 0, TextForm::Word}, FormCase{"inf", 0, TextForm::Word},
-                                           FormCase{"---", 0, TextForm::Word}, FormCase{"N 45", 0, TextForm::Word}));
 
 TEST(NumberChecks, CountAndQuoteTheFirst) {
   NumberCheck check;
@@ -193,7 +142,7 @@ TEST(NumberChecks, CountAndQuoteTheFirst) {
   EXPECT_EQ(box.detto(), "1 value is not a number from end to end: \"1" + shown + "...\" read as 1");
 }
 
-TEST(LeadingNumber, AreTheNearestDoubleWhateverTheirLength) {
+TEST(LeadingNumber, IsTheNearestDoubleWhateverItsLength) {
   std::mt19937_64 random(7);
   for (int k = 0; k < 20000; ++k) {
     std::string text = std::to_string(random() >> (random() % 64));
@@ -208,7 +157,7 @@ TEST(LeadingNumber, AreTheNearestDoubleWhateverTheirLength) {
   EXPECT_TRUE(std::signbit(Val("-0")));
 }
 
-TEST(LeadingNumber, TooLargeForADoubleAreAnErrorAndNeverInfinity) {
+TEST(LeadingNumber, TooLargeForADoubleIsAnErrorAndNeverInfinity) {
   for (const char* text : {"1e999", "-1e999", "1e+99999999999999999999", "123456e304"})
     EXPECT_THROW(Val(text), RunTimeError) << text;
   EXPECT_EQ(Val("1e-99999999999999999999"), 0.0);

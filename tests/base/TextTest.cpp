@@ -19,32 +19,23 @@ namespace {
 
 using namespace std::string_literals;
 
-struct FieldCase {
-  std::string line;
-  std::string separator;
-  std::size_t k;
-  double value;
-  std::string settled;  ///< the separator afterwards
-};
-
-class Fields : public ::testing::TestWithParam<FieldCase> {};
-
-TEST_P(Fields, AreCutAsTheTextReadersExpect) {
-  FieldCase c = GetParam();
-  EXPECT_EQ(EstraiCampo(c.line, c.separator, c.k), c.value);
-  EXPECT_EQ(c.separator, c.settled);
+TEST(Fields, AreCutAsTheTextReadersExpect) {
+  struct Case {
+    std::string line, separator;
+    std::size_t k;
+    double value;
+    std::string settled;  ///< the separator afterwards
+  };
+  const std::string nul = "5"s + '\0' + "6";
+  const Case cases[] = {{"1;2;3", "", 2, 2, ";"}, {"1;2;3", "", 4, 0, ";"},       {";1;2", "", 1, 1, ";"},
+                        {";;1", ";", 1, 0, ";"},  {"  5   6  7 ", "", 3, 7, " "}, {"5\t6 7", "", 2, 6, "\t"},
+                        {nul, "", 2, 6, "\0"s},   {"5 ; 6 ", "", 2, 6, ";"},      {" ", "", 1, 0, ""},
+                        {"1,2,3", "", 1, 1, " "}, {"4 5;6", " ", 2, 5, " "},      {"a;12,5", "", 2, 12, ";"}};
+  for (Case c : cases) {
+    EXPECT_EQ(EstraiCampo(c.line, c.separator, c.k), c.value) << c.line;
+    EXPECT_EQ(c.separator, c.settled) << c.line;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Table, Fields,
-                         ::testing::Values(FieldCase{"1;2;3", "", 2, 2, ";"}, FieldCase{"1;2;3", "", 4, 0, ";"},
-                                           FieldCase{";1;2", "", 1, 1, ";"}, FieldCase{";;1", ";", 1, 0, ";"},
-                                           FieldCase{"  5   6  7 ", "", 3, 7, " "}, FieldCase{"5\t6 7", "", 2, 6, "\t"},
-                                           FieldCase{"5\0"
-                                                     "6"s,
-                                                     "", 2, 6, "\0"s},
-                                           FieldCase{"5 ; 6 ", "", 2, 6, ";"}, FieldCase{" ", "", 1, 0, ""},
-                                           FieldCase{"1,2,3", "", 1, 1, " "}, FieldCase{"4 5;6", " ", 2, 5, " "},
-                                           FieldCase{"a;12,5", "", 2, 12, ";"}));
 
 TEST(FieldCursors, OfOneLineWalkedOnceAgreeWithThoseCutOneByOne) {
   const std::string line = "  ;a; b ;;c d;  ";
@@ -124,24 +115,10 @@ TEST(PrintZones, BeginEvery14ColumnsAndDropTrailingBlanks) {
 
 TEST(Files, NameTheReasonTheyCannotBeReadOrWritten) {
   const test::TempFolder folder;
-  const auto reason = [](auto&& action) {
-    try {
-      action();
-    } catch (const FileError& error) {
-      return error.reason();
-    }
-    return "no error"s;
-  };
-  EXPECT_EQ(reason([&] { LeggiTutto(folder / "missing"); }), "No such file or directory");
-  EXPECT_EQ(reason([&] { LeggiTutto(folder.path()); }), "is a folder");
-  EXPECT_EQ(reason([&] { LeggiTutto("/dev/null"); }), "is not a regular file");
-  EXPECT_EQ(reason([&] { FileWriter(folder / "no/such/folder"); }), "No such file or directory");
-  EXPECT_EQ(reason([&] {
-              FileWriter full("/dev/full");
-              full.write("x");
-              full.close();
-            }),
-            "No space left on device");
+  EXPECT_EQ(test::Reason([&] { LeggiTutto(folder / "missing"); }), "No such file or directory");
+  EXPECT_EQ(test::Reason([&] { LeggiTutto(folder.path()); }), "is a folder");
+  EXPECT_EQ(test::Reason([&] { LeggiTutto("/dev/null"); }), "is not a regular file");
+  EXPECT_EQ(test::Reason([&] { test::Write("/dev/full", "x"); }), "No space left on device");
 }
 
 TEST(Files, LongerThanOneChunkKeepEveryByteInOrder) {

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/File.h"
+
 namespace corvan::test {
 
 TempFolder::TempFolder() {
@@ -28,6 +30,21 @@ std::string Slurp(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file) << path;
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void Write(const std::filesystem::path& path, std::string_view text) {
+  FileWriter out(path);
+  out.write(text);
+  out.close();
+}
+
+std::string Reason(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const FileError& error) {
+    return error.reason();
+  }
+  return "no error";
 }
 
 std::vector<std::string> CrLfLines(const std::string& text) {

@@ -5,8 +5,10 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/Dialogs.h"
@@ -33,6 +35,10 @@ class TempFolder {
 };
 
 std::string Slurp(const std::filesystem::path& path);
+/// Writes a file whole, as the program does.
+void Write(const std::filesystem::path& path, std::string_view text);
+/// Why an action fails with a file, or "no error".
+std::string Reason(const std::function<void()>& action);
 /// The pieces between CR LF pairs; the file must end in one.
 std::vector<std::string> CrLfLines(const std::string& text);
 
