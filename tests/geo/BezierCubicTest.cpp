@@ -12,12 +12,11 @@ TEST(BezierCurves, BeginAndEndAtTheirEndPoints) {
   bezier.NofInterpPoint(5);
   const Array1<double> x = bezier.GetXInterpolated(), y = bezier.GetYInterpolated();
   // (0,0) (1,0) (1,1) (0,1): x = 3 t (1 - t), y = 3 t^2 - 2 t^3.
-  EXPECT_EQ(x(1), 0);
-  EXPECT_DOUBLE_EQ(x(2), 0.5625);
-  EXPECT_DOUBLE_EQ(x(3), 0.75);
-  EXPECT_EQ(x(5), 0);
-  EXPECT_DOUBLE_EQ(y(2), 0.15625);
-  EXPECT_EQ(y(5), 1);
+  const double expected[][2] = {{0, 0}, {0.5625, 0.15625}, {0.75, 0.5}, {0.5625, 0.84375}, {0, 1}};
+  for (std::size_t i = 1; i <= 5; ++i) {
+    EXPECT_DOUBLE_EQ(x(i), expected[i - 1][0]) << i;
+    EXPECT_DOUBLE_EQ(y(i), expected[i - 1][1]) << i;
+  }
   bezier.SetBasePoints(1, 10, 2, 20, 3, 30, 4, 40);
   bezier.NofInterpPoint(2);
   EXPECT_EQ(bezier.GetXInterpolated()(1), 1);

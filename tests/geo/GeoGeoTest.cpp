@@ -33,32 +33,28 @@ GeoGeo Converter(Dialogs& dialogs, const Point& p) {
   return geo;
 }
 
-class SeriesPoints : public ::testing::TestWithParam<Point> {};
-
-TEST_P(SeriesPoints, KeepTheDeviatingCoefficients) {
-  test::ScriptedAnswers dialogs;
-  const Point& p = GetParam();
-  GeoGeo geo = Converter(dialogs, p);
-  geo.Lat(TestoNumero(p.lat));
-  geo.Lon(TestoNumero(p.lon));
-  ASSERT_TRUE(geo.Geo2UTM());
-  EXPECT_NEAR(geo.UTMx(), p.x, 1e-4);
-  EXPECT_NEAR(geo.UTMy(), p.y, 1e-4);
-}
-
 // From a separate evaluation of the series in Python; the textbook coefficients differ by up to 8 cm here, two
 // neighbouring datums by metres.
-INSTANTIATE_TEST_SUITE_P(Globe, SeriesPoints,
-                         ::testing::Values(Point{"WGS84", 45.4, 12.3, 33, 288685.5168, 5030933.4458},
-                                           Point{"WGS84", 0.5, 3.0, 31, 500000.0, 55265.0385},
-                                           Point{"WGS84", -33.85, 151.2, 56, 333471.8133, 6253018.0967},
-                                           Point{"WGS84", 60.25, 24.9, 35, 383764.9397, 6681103.3953},
-                                           Point{"WGS84", 83.9, -177.1, 1, 498813.6148, 9316931.1998},
-                                           Point{"wgs84 ", 45.4, 12.3, 32, 758272.6755, 5032685.7458},
-                                           Point{"International 1924, Hayford 1909", 45.4, 12.3, 33, 288675.6790,
-                                                 5031027.7171},
-                                           Point{"Bessel 1841", 45.4, 12.3, 33, 288711.1027, 5030423.1990},
-                                           Point{"everest 1830", 20.5, 78.9, 44, 280985.4749, 2267722.8174}));
+TEST(Series, KeepsItsDeviatingCoefficients) {
+  const Point points[] = {{"WGS84", 45.4, 12.3, 33, 288685.5168, 5030933.4458},
+                          {"WGS84", 0.5, 3.0, 31, 500000.0, 55265.0385},
+                          {"WGS84", -33.85, 151.2, 56, 333471.8133, 6253018.0967},
+                          {"WGS84", 60.25, 24.9, 35, 383764.9397, 6681103.3953},
+                          {"WGS84", 83.9, -177.1, 1, 498813.6148, 9316931.1998},
+                          {"wgs84 ", 45.4, 12.3, 32, 758272.6755, 5032685.7458},
+                          {"International 1924, Hayford 1909", 45.4, 12.3, 33, 288675.6790, 5031027.7171},
+                          {"Bessel 1841", 45.4, 12.3, 33, 288711.1027, 5030423.1990},
+                          {"everest 1830", 20.5, 78.9, 44, 280985.4749, 2267722.8174}};
+  test::ScriptedAnswers dialogs;
+  for (const Point& p : points) {
+    GeoGeo geo = Converter(dialogs, p);
+    geo.Lat(TestoNumero(p.lat));
+    geo.Lon(TestoNumero(p.lon));
+    ASSERT_TRUE(geo.Geo2UTM());
+    EXPECT_NEAR(geo.UTMx(), p.x, 1e-4) << p.datum << p.lat;
+    EXPECT_NEAR(geo.UTMy(), p.y, 1e-4) << p.datum << p.lat;
+  }
+}
 
 // The first point from PROJ (cs2cs, +ellps=WGS84), near the central meridian; the others, three degrees from it, from a
 // separate evaluation in Python, where the textbook's sign gives 45.401591991 and -33.859261706.
@@ -138,10 +134,9 @@ TEST(Rejections, ShowTheirMessageAndFallBack) {
   EXPECT_EQ(geo.LatLonFormat(), "");
   EXPECT_EQ(geo.Lat(), "");
   ASSERT_EQ(dialogs.messages.size(), 2U);
-  EXPECT_EQ(dialogs.messages[0].prompt, "Wrong Datum Name");
-  EXPECT_EQ(dialogs.messages[0].title, "");
-  EXPECT_EQ(dialogs.messages[1].prompt, "Only DMMSS DMM.MMM D.DDDD formats allowed");
-  EXPECT_EQ(dialogs.messages[1].title, "Warning");
+  const auto told = [&](std::size_t k) { return dialogs.messages[k].title + ": " + dialogs.messages[k].prompt; };
+  EXPECT_EQ(told(0), ": Wrong Datum Name");
+  EXPECT_EQ(told(1), "Warning: Only DMMSS DMM.MMM D.DDDD formats allowed");
 }
 
 TEST(Faults, LeaveTheLastPointAndSaySo) {
@@ -157,37 +152,33 @@ TEST(Faults, LeaveTheLastPointAndSaySo) {
   EXPECT_EQ(geo.UTMx(), 1e200);
 }
 
-struct AngleCase {
-  const char* text;
-  AngleFormat format;
-  double degrees;
-  const char* written;
-};
-
-class Angles : public ::testing::TestWithParam<AngleCase> {};
-
-TEST_P(Angles, AreReadAndWrittenAsWholes) {
-  const auto& [text, format, degrees, written] = GetParam();
-  EXPECT_NEAR(GradiDaTesto(text, format), degrees, 1e-12) << text;
-  EXPECT_EQ(TestoDaGradi(degrees, format), written) << text;
-  EXPECT_NEAR(GradiDaTesto(TestoNumero(NumeroDaGradi(degrees, format)), format), degrees, 1e-12);
+TEST(Angles, AreReadAndWrittenAsWholes) {
+  constexpr AngleFormat D = AngleFormat::D_DDDD, Dmm = AngleFormat::DMM_MMM, Dmmss = AngleFormat::DMMSS;
+  struct Case {
+    const char* text;
+    AngleFormat format;
+    double degrees;
+    const char* written;
+  };
+  const Case cases[] = {{"453000.0", Dmmss, 45.5, "453000.0"},
+                        {"4530", Dmm, 45.5, "4530.00"},
+                        {" 45°30,5' ", Dmm, 45.0 + 30.5 / 60, "4530.50"},
+                        {"-0030.0", Dmm, -0.5, "-030.00"},
+                        {"5.25", Dmm, 0.0875, "005.25"},
+                        {"5.25", Dmmss, 5.25 / 3600, "00005.25"},
+                        {"-123456.785", Dmmss, -(12 + 34 / 60.0 + 56.785 / 3600), "-123456.79"},
+                        {"", Dmm, 0, "000.00"},
+                        {"45.5.6", D, 45.5, "45.5000"},
+                        {"45.99999999995", D, 45.99999999995, "46.0000"},
+                        {"4559.9999999", Dmm, 45 + 59.9999999 / 60, "4600.00"},
+                        {"455959.999", Dmmss, 45 + 59 / 60.0 + 59.999 / 3600, "460000.0"},
+                        {"-000000.001", Dmmss, -0.001 / 3600, "00000.0"}};
+  for (const auto& [text, format, degrees, written] : cases) {
+    EXPECT_NEAR(GradiDaTesto(text, format), degrees, 1e-12) << text;
+    EXPECT_EQ(TestoDaGradi(degrees, format), written) << text;
+    EXPECT_NEAR(GradiDaTesto(TestoNumero(NumeroDaGradi(degrees, format)), format), degrees, 1e-12) << text;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, Angles,
-    ::testing::Values(AngleCase{"453000.0", AngleFormat::DMMSS, 45.5, "453000.0"},
-                      AngleCase{"4530", AngleFormat::DMM_MMM, 45.5, "4530.00"},
-                      AngleCase{" 45°30,5' ", AngleFormat::DMM_MMM, 45.0 + 30.5 / 60, "4530.50"},
-                      AngleCase{"-0030.0", AngleFormat::DMM_MMM, -0.5, "-030.00"},
-                      AngleCase{"5.25", AngleFormat::DMM_MMM, 0.0875, "005.25"},
-                      AngleCase{"5.25", AngleFormat::DMMSS, 5.25 / 3600, "00005.25"},
-                      AngleCase{"-123456.785", AngleFormat::DMMSS, -(12 + 34 / 60.0 + 56.785 / 3600), "-123456.79"},
-                      AngleCase{"", AngleFormat::DMM_MMM, 0, "000.00"},
-                      AngleCase{"45.5.6", AngleFormat::D_DDDD, 45.5, "45.5000"},
-                      AngleCase{"45.99999999995", AngleFormat::D_DDDD, 45.99999999995, "46.0000"},
-                      AngleCase{"4559.9999999", AngleFormat::DMM_MMM, 45 + 59.9999999 / 60, "4600.00"},
-                      AngleCase{"455959.999", AngleFormat::DMMSS, 45 + 59 / 60.0 + 59.999 / 3600, "460000.0"},
-                      AngleCase{"-000000.001", AngleFormat::DMMSS, -0.001 / 3600, "00000.0"}));
 
 TEST(AnglesAsNumbers, CarryAPieceThatRoundsToSixty) {
   EXPECT_EQ(NumeroDaGradi(45.99999999999999, AngleFormat::DMM_MMM), 4600.0);
@@ -195,8 +186,6 @@ TEST(AnglesAsNumbers, CarryAPieceThatRoundsToSixty) {
   EXPECT_EQ(NumeroDaGradi(-0.5, AngleFormat::DMM_MMM), -30.0);
 }
 
-// Karney 2011, table of WGS84 values: rectifying radius 6367449.1458 m, alpha1 = 8.3773182062446994e-4,
-// beta1 = 8.3773216405794875e-4; the polar radius stored to the millimetre moves them in the eighth digit.
 TEST(AnglesAsNumbers, OfAnyLengthReadAsTheirTextDoes) {
   std::mt19937_64 random(11);
   for (int k = 0; k < 60000; ++k) {
@@ -211,6 +200,8 @@ TEST(AnglesAsNumbers, OfAnyLengthReadAsTheirTextDoes) {
   }
 }
 
+// Karney 2011, table of WGS84 values: rectifying radius 6367449.1458 m, alpha1 = 8.3773182062446994e-4,
+// beta1 = 8.3773216405794875e-4; the polar radius stored to the millimetre moves them in the eighth digit.
 TEST(ZoneConstants, AreThoseOfTheKruegerSeries) {
   const ZoneConstants k = InizializzaUTM(33);
   EXPECT_NEAR(k.rectifyingRadius, 6367449.1458, 1e-3);

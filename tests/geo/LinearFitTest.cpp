@@ -16,14 +16,11 @@ Array1<double> Values(std::initializer_list<double> list) {
 
 // Worked by hand: x 1..4, y 6 5 7 10 gives b = 1.4, a = 3.5, residual sum 4.2; Sx = 10, Sxx = 30, delta = 20.
 TEST(LinearFit, GivesCoefficientsVariancesAndResiduals) {
-  const auto x = Values({0, 1, 2, 3, 4, 99});
-  const auto y = Values({0, 6, 5, 7, 10, 99});
+  const auto x = Values({0, 1, 2, 3, 4, 99}), y = Values({0, 6, 5, 7, 10, 99});
   LinearFit fit;
-  std::int32_t i1 = 5;
-  std::int32_t i2 = 2;
+  std::int32_t i1 = 5, i2 = 2;
   fit.LinFit(x, y, i1, i2);
-  EXPECT_EQ(i1, 2);
-  EXPECT_EQ(i2, 5);
+  EXPECT_TRUE(i1 == 2 && i2 == 5);
   EXPECT_NEAR(fit.b(), 1.4, 1e-12);
   EXPECT_NEAR(fit.a(), 3.5, 1e-12);
   EXPECT_NEAR(fit.ChiSq(), 4.2, 1e-12);
@@ -34,11 +31,9 @@ TEST(LinearFit, GivesCoefficientsVariancesAndResiduals) {
 }
 
 TEST(LinearFit, KeepsVerticalAndCountWhereTheDescriptionSaysSo) {
-  const auto x = Values({3, 3, 3, 4});
-  const auto y = Values({1, 2, 5, 7});
+  const auto x = Values({3, 3, 3, 4}), y = Values({1, 2, 5, 7});
   LinearFit fit;
-  std::int32_t i1 = 1;
-  std::int32_t i2 = 3;
+  std::int32_t i1 = 1, i2 = 3;
   fit.LinFit(x, y, i1, i2);
   EXPECT_TRUE(fit.Vertical());
   EXPECT_EQ(fit.b(), 0);
@@ -50,8 +45,7 @@ TEST(LinearFit, KeepsVerticalAndCountWhereTheDescriptionSaysSo) {
   EXPECT_TRUE(fit.Vertical()) << "only a new object clears it";
   i1 = i2;
   fit.LinFit(x, y, i1, i2);
-  EXPECT_EQ(fit.b(), 0);
-  EXPECT_EQ(fit.N(), 2);
+  EXPECT_TRUE(fit.b() == 0 && fit.N() == 2);
   i2 = 5;
   EXPECT_THROW(fit.LinFit(x, y, i1, i2), RunTimeError);
 }

@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include <cmath>
-#include <limits>
+#include <utility>
 
 namespace corvan {
 namespace {
@@ -29,16 +27,12 @@ TEST(ColourScale, IsLinearClampedAndRedInTheLowByte) {
 }
 
 TEST(ColourScale, LeavesTheColourWhereThereIsNone) {
-  EXPECT_EQ(Colour(5, 5, 5), -1);
-  EXPECT_EQ(Colour(5, 5, 6), -1);
-  EXPECT_EQ(Colour(5, 0, std::numeric_limits<float>::quiet_NaN()), -1);
+  EXPECT_TRUE(Colour(5, 5, 5) == -1 && Colour(5, 5, 6) == -1 && Colour(5, 0, std::nanf("")) == -1);
 }
 
 TEST(ColourParts, AreSplitAndNeverNegative) {
   const ColourParts parts = ScomponiColore(0x3EFE05);
-  EXPECT_EQ(parts.Rosso, 0x05);
-  EXPECT_EQ(parts.Verde, 0xFE);
-  EXPECT_EQ(parts.Blu, 0x3E);
+  EXPECT_TRUE(parts.Rosso == 0x05 && parts.Verde == 0xFE && parts.Blu == 0x3E);
   EXPECT_EQ(ScomponiColore(-1).Blu, 0);
 }
 

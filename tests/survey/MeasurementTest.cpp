@@ -43,10 +43,7 @@ TEST(Labels, TellFileTimePlaceAndDistance) {
   s.Misure(1).NumFile = 0;
   EXPECT_EQ(FileDi(s, s.Misure(1)), "");
   PuntoGPSEst fix;
-  fix.GeoA = 4530.5;
-  fix.GeoB = 1215.25;
-  fix.Progressiva = 17.25;
-  fix.Prof = 3.5;
+  fix.GeoA = 4530.5, fix.GeoB = 1215.25, fix.Progressiva = 17.25, fix.Prof = 3.5;
   s.tracciaEst.PuntiGPSEst.append(fix);
   EXPECT_EQ(DescriviFix(s, 1), " GPS: 1 Lg.1215.25 Lt.4530.5 D.Prog. 17.3 Depth: 3.5");
 }
@@ -63,20 +60,15 @@ TEST(SectionRecords, ShareTheElectrodesOfTheirFiring) {
       p.potential.at(c) = base + 20 + static_cast<float>(c);
       p.resistivity.at(c) = base + 40 + static_cast<float>(c);
     }
-    p.current = base + 60;
-    p.nord = base + 61;
-    p.est = base + 62;
+    p.current = base + 60, p.nord = base + 61, p.est = base + 62;
     records.append(p);
   }
   ASSERT_EQ(records.size(), 20U);
   const Quadrupole q = records(17);  // channel 7 of the second: E7 and E8, C1 is 12, C2 13
   EXPECT_EQ(q.x, (std::array<float, 4>{212, 213, 207, 208}));
   EXPECT_EQ(q.z, (std::array<float, 4>{32, 33, 27, 28}));
-  EXPECT_EQ(q.potential, 227);
-  EXPECT_EQ(q.resistivity, 247);
-  EXPECT_EQ(q.current, 260);
-  EXPECT_EQ(q.nord, 261);
-  EXPECT_EQ(q.est, 262);
+  EXPECT_EQ((std::array{q.potential, q.resistivity, q.current, q.nord, q.est}),
+            (std::array<float, 5>{227, 247, 260, 261, 262}));
   EXPECT_EQ(q.channel, 7);
 }
 

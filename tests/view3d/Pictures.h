@@ -1,11 +1,11 @@
 // A picture in memory without fonts, and surveys to paint on it.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "picture/BufferCanvas.h"
@@ -13,8 +13,12 @@
 
 namespace corvan::test {
 
+struct Pixels {
+  std::vector<std::uint32_t> held;
+};
+
 /// Eight pixels a letter; keeps what was written and where.
-class TestCanvas : public BufferCanvas {
+class TestCanvas : private Pixels, public BufferCanvas {
  public:
   struct Text {
     PuntoPixel place;
@@ -22,13 +26,10 @@ class TestCanvas : public BufferCanvas {
   };
 
   TestCanvas(std::int32_t width, std::int32_t height)
-      : TestCanvas(width, std::vector<std::uint32_t>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height),
-                                                     0xFFFFFFFF)) {}
+      : Pixels{std::vector<std::uint32_t>(static_cast<std::size_t>(width * height), 0xFFFFFFFF)},
+        BufferCanvas(PixelBuffer{held.data(), width, height, width}) {}
 
-  void Poligono(std::span<const PuntoPixel> corners, Colour colour) override {
-    polygon.assign(corners.begin(), corners.end());
-    polygonColour = colour;
-  }
+  void Poligono(std::span<const PuntoPixel>, Colour) override {}
   void Testo(const PuntoPixel& place, std::string_view text, Colour) override {
     texts.push_back({place, std::string(text)});
   }
@@ -41,20 +42,9 @@ class TestCanvas : public BufferCanvas {
     const PixelBuffer p = picture();
     return p.pixels[y * p.stride + x] & 0xFFFFFFU;
   }
-  const std::vector<std::uint32_t>& pixels() const { return *pixels_; }
+  const std::vector<std::uint32_t>& pixels() const { return held; }
 
-  std::vector<PuntoPixel> polygon;
-  Colour polygonColour = 0;
   std::vector<Text> texts;
-
- private:
-  TestCanvas(std::int32_t width, std::vector<std::uint32_t> pixels)
-      : TestCanvas(width, std::make_shared<std::vector<std::uint32_t>>(std::move(pixels))) {}
-  TestCanvas(std::int32_t width, const std::shared_ptr<std::vector<std::uint32_t>>& pixels)
-      : BufferCanvas(PixelBuffer{pixels->data(), width, static_cast<std::int32_t>(pixels->size()) / width, width}),
-        pixels_(pixels) {}
-
-  std::shared_ptr<std::vector<std::uint32_t>> pixels_;
 };
 
 /// A survey as the analysis leaves it: scene origin (300000, 5000000), cells 10 m high.
@@ -65,6 +55,12 @@ inline Survey SurveyOf(const std::vector<Firing>& firings) {
   survey.traccia.AltezzaCella = 10;
   survey.traccia.EstensioneX = survey.traccia.EstensioneY = 100;
   return survey;
+}
+
+inline void ExpectPoint(const Punto3D& p, float x, float y, float z, const char* what) {
+  EXPECT_FLOAT_EQ(p.x, x) << what;
+  EXPECT_FLOAT_EQ(p.y, y) << what;
+  EXPECT_FLOAT_EQ(p.z, z) << what;
 }
 
 }  // namespace corvan::test

@@ -6,30 +6,24 @@
 #include <cmath>
 
 #include "base/Errors.h"
+#include "Pictures.h"
 #include "view3d/ViewState.h"
 
 namespace corvan {
 namespace {
+
+using test::ExpectPoint;
 
 constexpr Punto3D Origin{};
 
 TEST(Rotations, TurnTheSameWayAboutEveryAxis) {
   const Punto3D p{1, 2, 3, 7};
   // A quarter turn takes the first of the two coordinates to the second with a minus, the second to the first.
-  const Punto3D x = RuotaX(p, Origin, Pi / 2), y = RuotaY(p, Origin, Pi / 2), z = RuotaZ(p, Origin, Pi / 2);
-  EXPECT_FLOAT_EQ(x.y, 3);
-  EXPECT_FLOAT_EQ(x.z, -2);
-  EXPECT_FLOAT_EQ(y.x, 3);
-  EXPECT_FLOAT_EQ(y.z, -1);
-  EXPECT_FLOAT_EQ(z.x, 2);
-  EXPECT_FLOAT_EQ(z.y, -1);
-  EXPECT_EQ(x.x, 1);
-  EXPECT_EQ(y.y, 2);
-  EXPECT_EQ(z.z, 3);
-  EXPECT_EQ(z.w, 7) << "the value is carried along";
-  const Punto3D about = RuotaZ({5, 1, 0, 0}, {4, 1, 0, 0}, Pi / 2);
-  EXPECT_FLOAT_EQ(about.x, 4);
-  EXPECT_FLOAT_EQ(about.y, 0);
+  ExpectPoint(RuotaX(p, Origin, Pi / 2), 1, 3, -2, "X");
+  ExpectPoint(RuotaY(p, Origin, Pi / 2), 3, 2, -1, "Y");
+  ExpectPoint(RuotaZ(p, Origin, Pi / 2), 2, -1, 3, "Z");
+  EXPECT_EQ(RuotaZ(p, Origin, Pi / 2).w, 7) << "the value is carried along";
+  ExpectPoint(RuotaZ({5, 1, 0, 0}, {4, 1, 0, 0}, Pi / 2), 4, 0, 0, "about another point");
 }
 
 TEST(Pixels, AreRoundedHalvesToEvenAndHeldToTheirRange) {
@@ -37,50 +31,39 @@ TEST(Pixels, AreRoundedHalvesToEvenAndHeldToTheirRange) {
     double v, w1, w2;
     std::int32_t p1, p2, pixel;
   };
-  const Case cases[] = {{0.5, 0, 1, 0, 5, 2},  // 2.5
-                        {0.7, 0, 1, 0, 5, 4},  // 3.5
+  // Halves: 2.5, 3.5, -2.5, 12.5 and 1 + 0.5; without width the middle, 639.5.
+  const Case cases[] = {{0.5, 0, 1, 0, 5, 2},
+                        {0.7, 0, 1, 0, 5, 4},
                         {-0.5, 0, 1, 0, 5, -2},
                         {0.5, 0, 1, 10, 15, 12},
-                        {0.25, 0, 1, 1, 3, 1},  // 1 + 0.5 to even 0
+                        {0.25, 0, 1, 1, 3, 1},
+                        {7, 3, 3, 0, 1279, 640},
                         {1, 0, 1, 800, 0, 0},
-                        {7, 3, 3, 0, 1279, 640},  // no width: the middle, 639.5 to even
                         {1e30, 0, 1, 0, 100, 2147483647},
                         {-1e30, 0, 1, 0, 100, -2147483647 - 1},
                         {1e300, 0, 1e-300, 0, 100, 2147483647}};
   for (const Case& c : cases) EXPECT_EQ(MappaPixelX(c.v, c.w1, c.w2, c.p1, c.p2), c.pixel) << c.v;
 }
 
-Punto3D Crossing(Punto3D a, Punto3D b, Punto3D c, Punto3D d) { return IntersecaRette(a, b, c, d); }
-
 TEST(Lines, CrossWhateverTheirSlopes) {
-  const auto point = [](float x, float y) { return Punto3D{x, y, 0, 0}; };
+  const auto crossing = [](Punto3D a, Punto3D b, Punto3D c, Punto3D d) { return IntersecaRette(a, b, c, d); };
   // Line P1-P3 with line P2-P4.
-  const Punto3D plain = Crossing(point(0, 0), point(0, 2), point(2, 2), point(2, 0));
-  EXPECT_FLOAT_EQ(plain.x, 1);
-  EXPECT_FLOAT_EQ(plain.y, 1);
-  const Punto3D first = Crossing(point(3, 0), point(0, 1), point(3, 5), point(2, 5));
-  EXPECT_FLOAT_EQ(first.x, 3);
-  EXPECT_FLOAT_EQ(first.y, 7);
-  const Punto3D second = Crossing(point(0, 1), point(3, 0), point(2, 5), point(3, 5));
-  EXPECT_FLOAT_EQ(second.x, 3);
-  EXPECT_FLOAT_EQ(second.y, 7);
-  const Punto3D both = Crossing(point(0, 1), point(4, 3), point(0, 5), point(4, 7));
-  EXPECT_FLOAT_EQ(both.x, 2);
-  EXPECT_FLOAT_EQ(both.y, 4);
+  ExpectPoint(crossing({0, 0}, {0, 2}, {2, 2}, {2, 0}), 1, 1, 0, "plain");
+  ExpectPoint(crossing({3, 0}, {0, 1}, {3, 5}, {2, 5}), 3, 7, 0, "the first is vertical");
+  ExpectPoint(crossing({0, 1}, {3, 0}, {2, 5}, {3, 5}), 3, 7, 0, "the second is vertical");
+  ExpectPoint(crossing({0, 1}, {4, 3}, {0, 5}, {4, 7}), 2, 4, 0, "both are vertical");
   // Parallel, slopes 0: tilted to y 0.1 -> -0.1 over 2 and 1.1 -> 0.9 over 4, slopes -0.1 and -0.05.
-  Punto3D a = point(0, 0), b = point(0, 1), c = point(2, 0), d = point(4, 1);
+  Punto3D a{0, 0}, b{0, 1}, c{2, 0}, d{4, 1};
   const Punto3D tilted = IntersecaRette(a, b, c, d);
   EXPECT_NEAR(tilted.x, -20, 1e-4);
   EXPECT_NEAR(tilted.y, 2.1, 1e-5);
   EXPECT_FLOAT_EQ(a.y, 0.1F) << "the caller's points are tilted too";
-  EXPECT_THROW(Crossing(point(0, 0), point(0, 0), point(2, 0), point(2, 0)), RunTimeError) << "one and the same";
+  EXPECT_THROW(crossing({0, 0}, {0, 0}, {2, 0}, {2, 0}), RunTimeError) << "one and the same";
 }
 
 TEST(Vectors, HaveProductsAndAngles) {
   const Punto3D n = ProdottoVettore({1, 2, 3, 9}, {4, 5, 6, 9});
-  EXPECT_EQ(n.x, -3);
-  EXPECT_EQ(n.y, 6);
-  EXPECT_EQ(n.z, -3);
+  ExpectPoint(n, -3, 6, -3, "product");
   EXPECT_EQ(n.w, 0);
   EXPECT_DOUBLE_EQ(CosenoAngolo({0, 2, 0, 0}, {0, 3, 4, 0}), 0.6);
   EXPECT_EQ(CosenoAngolo({}, {0, 3, 4, 0}), 1.0);
@@ -99,8 +82,7 @@ ViewState View(double east, double north) {
 
 TEST(Window, HoldsTheSurveyWithSquarePixelsAndABandBelow) {
   ViewState view = View(100, 300);
-  EXPECT_EQ(view.FinestraBase.xmin, -225);  // 300 high, 1200 to 800 wide
-  EXPECT_EQ(view.FinestraBase.xmax, 225);
+  EXPECT_TRUE(view.FinestraBase.xmin == -225 && view.FinestraBase.xmax == 225);  // 300 high, 1200 to 800 wide
   EXPECT_EQ(view.Finestra.zmin, -150);
   EXPECT_FLOAT_EQ(view.Finestra.zmax, 180) << "1.2 times as far below the middle";
   view.ZoomFattore = 2;
@@ -112,8 +94,7 @@ TEST(Window, HoldsTheSurveyWithSquarePixelsAndABandBelow) {
 
 TEST(Window, HasItsVanishingPointUnderTheMarker) {
   ViewState view = View(100, 300);
-  EXPECT_EQ(view.marker.FugaX, 0) << "without a marker in the middle";
-  EXPECT_EQ(view.marker.DistanzaFuga, 225);
+  EXPECT_TRUE(view.marker.FugaX == 0 && view.marker.DistanzaFuga == 225) << "without a marker in the middle";
   EXPECT_FLOAT_EQ(view.marker.OrizzonteZ, 0.005F);
   view.marker.posto = true;
   view.marker.MarcatoreX = UnitaMarcatore(300, 1200);

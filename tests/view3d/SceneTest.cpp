@@ -10,6 +10,7 @@
 namespace corvan {
 namespace {
 
+using test::ExpectPoint;
 using test::SurveyOf;
 
 Scene SceneOf(const Survey& survey) {
@@ -19,12 +20,6 @@ Scene SceneOf(const Survey& survey) {
   GeneraContorno(scene, survey);
   GeneraEchoSounder(scene, survey);
   return scene;
-}
-
-void ExpectPoint(const Punto3D& p, float x, float y, float z, const char* what) {
-  EXPECT_FLOAT_EQ(p.x, x) << what;
-  EXPECT_FLOAT_EQ(p.y, y) << what;
-  EXPECT_FLOAT_EQ(p.z, z) << what;
 }
 
 TEST(Cells, ReachHalfWayToTheirNeighboursOfTheSameLine) {
