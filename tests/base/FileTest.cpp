@@ -145,6 +145,8 @@ TEST(Writer, KeepsTheOrderOfSmallAndLargePieces) {
   }
   out.close();
   EXPECT_EQ(Slurp(folder / "x"), all);
+  EXPECT_EQ(LeggiTutto(folder / "x").text(), all);
+  EXPECT_EQ(LeggiInizio(folder / "x", 4).text(), all.substr(0, 4));
 }
 
 TEST(Writer, OnAFullDiskLeavesTheOlderFileAndNothingElse) {

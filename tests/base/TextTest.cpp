@@ -121,17 +121,6 @@ TEST(Files, NameTheReasonTheyCannotBeReadOrWritten) {
   EXPECT_EQ(test::Reason([&] { test::Write("/dev/full", "x"); }), "No space left on device");
 }
 
-TEST(Files, LongerThanOneChunkKeepEveryByteInOrder) {
-  const test::TempFolder folder;
-  std::string content;
-  for (int k = 0; content.size() < 3'000'000; ++k) content += std::to_string(k) + ",";
-  FileWriter out(folder / "big");
-  for (std::size_t at = 0; at < content.size(); at += 777'777) out.write(std::string_view(content).substr(at, 777'777));
-  out.close();
-  EXPECT_EQ(LeggiTutto(folder / "big").text(), content);
-  EXPECT_EQ(LeggiInizio(folder / "big", 4).text(), "0,1,");
-}
-
 TEST(Texts, ShowNoControlCharacterToATerminal) {
   EXPECT_EQ(Visibile("a\x1B[31m\x07\t\r\n\x7F z"), "a\\x1B[31m\\x07\\x09\\x0D\\x0A\\x7F z");
   EXPECT_EQ(Visibile("\0"s), "\\x00");

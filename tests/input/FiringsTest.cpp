@@ -245,23 +245,6 @@ INSTANTIATE_TEST_SUITE_P(
                                  Each(Each(Injections(2), SetCurrent), Moored, NoChannels), "~123456789X",
                                  "-10 records share the first position"}));
 
-TEST(FiringNumbers, AreAskedForOnlyWhereTheFileContradictsItself) {
-  const test::TempFolder folder;
-  std::vector<std::int32_t> asked;
-  ReadOptions options;
-  options.channels = [&asked](std::int32_t usual) {
-    asked.push_back(usual);
-    return std::string();
-  };
-  LeggiFile(folder.write("equal.bin", test::SyscalFile(Injections(3))), options);
-  EXPECT_TRUE(asked.empty());
-  const FileRead read =
-      LeggiFile(folder.write("counted.bin", test::SyscalFile(Each(Injections(3), Counting))), options);
-  EXPECT_EQ(asked, std::vector<std::int32_t>{5});
-  EXPECT_EQ(read.largestChannel, 14);
-  EXPECT_EQ(read.summary.channels, 5);
-}
-
 bool Same(const Misura& a, const Misura& b) {
   return a.letture == b.letture && a.Rho == b.Rho && a.CanaleA == b.CanaleA && a.Elettrodi == b.Elettrodi &&
          a.Lat == b.Lat && a.Lon == b.Lon && a.Val180 == b.Val180 && a.Val12 == b.Val12 && a.Tempo == b.Tempo;

@@ -1,10 +1,11 @@
 // NMEA 0183 logs: which sentences make fixes, whose they are, which day it is, which depth belongs to which fix.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <optional>
+#include <random>
 
 #include "base/OleDate.h"
+#include "input/NmeaDepths.h"
 #include "input/TrackFile.h"
 #include "TrackTexts.h"
 
@@ -272,45 +273,40 @@ TEST(Nmea, TakesAKindWhoseChecksumsAreAllWrong) {
   EXPECT_EQ(Told(read.findings), "!every RMC sentence has a wrong checksum: they are taken\n");
 }
 
-/// A log as a boat brings it home: a cold start, two days, two receivers of different clocks and places, a loss of fix,
-/// a sounder every third second.
-TEST(Nmea, ReadsTheLogOfTwoDays) {
-  const auto clock = [](int second) {
-    std::string text = std::to_string(1'000'000 + second / 3600 * 10000 + second / 60 % 60 * 100 + second % 60);
-    return text.substr(1);
-  };
-  std::string log = Rmc("000007.00", "060180", "GP", "V");
-  const std::map<int, const char*> midway{
-      {0, "4.5"},                       // its own depth stands midway to the cold start's clock
-      {1, "4.5"},     {149, "148.5"},   // this depth, and the one before fix 150, stand midway
-      {150, "154.5"},                   // between the days
-      {151, "154.5"}, {299, "298.5"}};  // no depth follows the last fix
-  std::string expected;
-  for (int k = 0; k < 300; ++k) {
-    const bool second = k >= 150;  // from 23:59:00 to 00:01:29, then two days later from 09:00:00 on
-    const int time = second ? 9 * 3600 + k - 150 : (86400 - 60 + k) % 86400;
-    const bool lost = k >= 200 && k < 220;
-    const std::string date = second ? "180626" : k < 60 ? "150626" : "160626";
-    const std::string latitude = std::to_string(24000 + k);
-    if (k % 3 == 0) log += Sentence("SDDPT," + std::to_string(k + 1) + ",0.5");
-    log += Sentence("GPGGA," + clock(time) + ",45" + latitude.substr(0, 2) + "." + latitude.substr(2) +
-                    ",N,01218.5,E," + (lost ? "0" : "1"));
-    if (k % 10 == 0) log += Rmc(clock(time), date, "GP", lost ? "V" : "A");
-    if (k % 2 == 0) log += Sentence("GNGGA," + clock((time + 18) % 86400) + ",4620.0,N,01310.0,E,1");
-    if (lost) continue;
-    // Depths stand half a second before fixes 0, 3, 6, ...: fixes 1 are as near to the one before as to the one behind,
-    // fixes 2 nearer to the one behind.
-    const int nearest = k % 3 == 2 ? k + 1 : k - k % 3;
-    const auto odd = midway.find(k);
-    const std::string day = second ? "2026-06-18 " : k < 60 ? "" : "2026-06-16 ", hms = clock(time);
-    expected += (expected.empty() ? "" : ", ") + day + hms.substr(0, 2) + ":" + hms.substr(2, 2) + ":" + hms.substr(4);
-    expected += " " + (odd != midway.end() ? odd->second : std::to_string(nearest + 1) + ".5");
+/// The nearest depth, looked for among all of them.
+std::optional<double> PlainDepth(const std::vector<TimedDepth>& depths, std::int64_t time, std::size_t place) {
+  constexpr std::int64_t reach = 6;
+  std::int64_t nearest = reach;
+  for (const TimedDepth& d : depths) nearest = std::min(nearest, std::abs(d.time - time));
+  const TimedDepth *last = nullptr, *first = nullptr;  // before the place in the log, behind it
+  for (const TimedDepth& d : depths) {
+    if (std::abs(d.time - time) != nearest) continue;
+    if (d.place <= place) {
+      if (last == nullptr || d.place > last->place || d.time <= last->time) last = &d;
+    } else if (first == nullptr || (d.place == first->place && d.time < first->time)) {
+      first = &d;
+    }
   }
-  const TrackRead read = LeggiFileNav(log, {});
-  EXPECT_EQ(TimesAndDepths(read), expected);
-  EXPECT_EQ(Told(read.findings),
-            "-the date changes other than at midnight 1 time (line 293)\n-23 position sentences without a fix (the "
-            "first in line 1)\n-150 fixes of other talkers (GN 150) left out: GP, with 280, is read\n");
+  if (last == nullptr) last = first;
+  return last == nullptr ? std::nullopt : std::optional(last->metres);
+}
+
+TEST(NmeaDepths, AreThoseOfASearchThroughAllOfThemWhateverTheirOrder) {
+  std::mt19937 random(17);
+  for (unsigned round = 0; round < 400; ++round) {
+    std::vector<TimedDepth> depths;
+    std::int64_t time = 0;
+    for (std::size_t k = 0; k < random() % 40; ++k) {
+      time = round % 2 == 0 ? static_cast<std::int64_t>(random() % 60) : time + random() % 3;
+      depths.push_back({time, k / 2, static_cast<double>(k)});
+    }
+    DepthsByTime index(depths);
+    for (unsigned k = 0; k < 60; ++k) {  // rising as a rule
+      const std::int64_t moment = random() % 4 == 0 ? random() % 60 : k;
+      const std::size_t place = random() % 25;
+      ASSERT_EQ(index.vicino(moment, place, 6), PlainDepth(depths, moment, place)) << round << " " << k;
+    }
+  }
 }
 
 }  // namespace

@@ -83,11 +83,12 @@ TEST(ShortRecords, TakeTheirPositionFromTheNextRecord) {
 TEST(Grouping, AsksOnceAFileWhenUsualLengthAndLargestChannelDiffer) {
   Reading r;
   auto records = Firings(6, 2);
-  for (RecordValues& v : records) v.channel = 0;
+  for (RecordValues& v : records) v.channel = 14;
   r.file(SyscalFile(records));
   EXPECT_EQ(r.asked, std::vector<std::int32_t>{2});
   EXPECT_EQ(r.firings(), 6U) << "an empty answer keeps the usual length";
-  EXPECT_TRUE(r.says("firings have 2 records as a rule, the largest channel number stored is 0: read with 2 a firing"));
+  EXPECT_TRUE(
+      r.says("firings have 2 records as a rule, the largest channel number stored is 14: read with 2 a firing"));
   r.answer = "5 channels";
   r.file(SyscalFile(records));
   EXPECT_EQ(r.firings(), 3U) << "12 records in fives";

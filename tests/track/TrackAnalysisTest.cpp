@@ -122,6 +122,7 @@ TEST(CellHeight, IsTheMeanStepWithinTheLines) {
   Fixture one({{300000, 5e6}});
   one.run();
   EXPECT_EQ(one.survey.traccia.AltezzaCella, 5) << "the electrode spacing";
+  EXPECT_TRUE(one.survey.traccia.PassoMedio == 0 && !one.findings.anyFault());
   Fixture each({{300000, 5e6}, {300700, 5e6, 2}});
   each.survey.cavo.PosCavo[13] = 55;
   each.run();
@@ -242,14 +243,6 @@ TEST(Sources, ThatCannotBeConvertedCountAsLost) {
   f.survey.Misure.append(far);
   EXPECT_EQ(f.run().bad, 2U);
   EXPECT_TRUE(f.m(2).UTMx == 0 && f.m(3).Lat == 0 && f.findings.anyFault());
-}
-
-TEST(OneMeasurement, ComesToItsEnd) {
-  Fixture f({{300000, 5e6}});
-  f.run();
-  EXPECT_EQ(f.survey.traccia.PassoMedio, 0);
-  EXPECT_EQ(f.survey.traccia.PuntiGPS.size(), 1U);
-  EXPECT_FALSE(f.findings.anyFault());
 }
 
 TEST(Translation, MovesTheTracksPointsAndNoDistance) {

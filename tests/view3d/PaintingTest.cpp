@@ -149,11 +149,11 @@ struct Prepared {
   ColourRange colours{0, 64};
   ViewState view;
 
-  explicit Prepared(Survey given, std::int32_t width = 300, std::int32_t height = 200) : survey(std::move(given)) {
+  explicit Prepared(Survey given) : survey(std::move(given)) {
     CreaFourArray(scene, survey);
     GeneraTraiettoria(scene, survey);
     GeneraContorno(scene, survey);
-    view.AreaPixel = {0, width, 0, height};
+    view.AreaPixel = {0, 300, 0, 200};
     update();
   }
   void update() {
