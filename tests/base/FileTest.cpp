@@ -124,12 +124,7 @@ TEST(Writer, NamesWhyItCannotBegin) {
 TEST(Writer, GivenUpLeavesTheOlderFileAndNothingElse) {
   const TempFolder folder;
   folder.write("old", "older");
-  {
-    FileWriter out(folder / "old");
-    FileWriter fresh(folder / "fresh");
-    out.write(std::string(2'000'000, 'n'));
-    fresh.write("n");
-  }
+  for (const char* name : {"old", "fresh"}) FileWriter(folder / name).write(std::string(2'000'000, 'n'));
   EXPECT_EQ(Slurp(folder / "old"), "older");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
 }

@@ -58,12 +58,17 @@ std::string NoDepths(int count) {
   return "-" + n + " of " + n + (count == 1 ? " fix has" : " fixes have") + " no depth: no sentence tells one\n";
 }
 
+std::string Voids(int count, int line) {
+  return "-" + std::to_string(count) + (count == 1 ? " position sentence" : " position sentences") +
+         " without a fix (" + (count == 1 ? "" : "the first in ") + "line " + std::to_string(line) + ")\n";
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Dates, NmeaLogs,
     ::testing::Values(
         LogCase{"the date of a sentence without fix is none",
                 Rmc("235950", "060180", "GP", "V") + Gga("080000") + Rmc("080001"), "08:00:00 -, 08:00:01 -",
-                "-1 position sentence without a fix (line 1)\n" + NoDepths(2)},
+                Voids(1, 1) + NoDepths(2)},
         LogCase{"two days in one log, the second's first fix told before its date",
                 Rmc("110000") + Gga("110001") + Gga("133000") + Rmc("133000", "170626") + Gga("133001"),
                 "11:00:00 -, 11:00:01 -, 2026-06-17 13:30:00 -, 2026-06-17 13:30:01 -",
@@ -98,17 +103,16 @@ INSTANTIATE_TEST_SUITE_P(
                     NoDepths(2)},
         LogCase{"the day of the first fix given, void sentences and a midnight around it",
                 Rmc("235900", "", "GP", "V") + Gga("235958") + Gga("000003"), "23:59:58 -, 2026-06-16 00:00:03 -",
-                "-1 position sentence without a fix (line 1)\n" + NoDepths(2), DateTime{2026, 6, 15}},
+                Voids(1, 1) + NoDepths(2), DateTime{2026, 6, 15}},
         LogCase{"the day of the first fix given though the log tells it", Rmc("080000"), "08:00:00 -",
                 "-the log tells its dates: the day given for its first fix is not used\n" + NoDepths(1),
                 DateTime{2026, 6, 20}},
         LogCase{"a receiver that counts from 0 after a restart passes no midnight",
                 Rmc("150000") + Void("000001") + Void("000002") + Gga("150100"), "15:00:00 -, 15:01:00 -",
-                "-2 position sentences without a fix (the first in line 2)\n" + NoDepths(2)},
+                Voids(2, 2) + NoDepths(2)},
         LogCase{"one that had no fix from before midnight until after noon does",
                 Rmc("230000") + Void("235900") + Void("000100") + Void("110000") + Gga("223000"),
-                "23:00:00 -, 2026-06-16 22:30:00 -",
-                "-3 position sentences without a fix (the first in line 2)\n" + NoDepths(2)},
+                "23:00:00 -, 2026-06-16 22:30:00 -", Voids(3, 2) + NoDepths(2)},
         LogCase{"a sentence from before midnight that comes late",
                 Rmc("235958") + Gga("000000") + Gga("235959") + Gga("000001"),
                 "23:59:58 -, 2026-06-16 00:00:00 -, 23:59:59 -, 2026-06-16 00:00:01 -", NoDepths(4)},
@@ -128,16 +132,15 @@ INSTANTIATE_TEST_SUITE_P(
         LogCase{
             "before it in the log, though a clock set back makes it later in time",  // at 3 s and 1 s of a fix at 2 s
             Rmc("080003") + Dpt("1") + Void("080003") + Gga("080002") + Void("080001") + Dpt("2") + Void("080001"),
-            "08:00:03 1, 08:00:02 1", "-3 position sentences without a fix (the first in line 3)\n"},
+            "08:00:03 1, 08:00:02 1", Voids(3, 3)},
         LogCase{"before the first time", Dpt("1") + Dpt("2") + Rmc("080000"), "08:00:00 2"},
         LogCase{"between sentences of one time",  // at 0 s, nearer than the one at 0.5 s
                 Gga("080000") + Dpt("1") + Rmc("080000") + Dpt("2") + Gga("080001"), "08:00:00 1, 08:00:01 2"},
         LogCase{"five seconds away",  // the mean of 4 s and 6 s
-                Rmc("080000") + Void("080004") + Dpt("1") + Void("080006"), "08:00:00 1",
-                "-2 position sentences without a fix (the first in line 2)\n"},
+                Rmc("080000") + Void("080004") + Dpt("1") + Void("080006"), "08:00:00 1", Voids(2, 2)},
         LogCase{"a millisecond more", Rmc("080000") + Void("080004.001") + Dpt("1") + Void("080006.001"), "08:00:00 -",
-                "-2 position sentences without a fix (the first in line 2)\n-1 of 1 fix has no depth near enough in "
-                "time\n"},
+                Voids(2, 2) + "-1 of 1 fix has no depth near enough in "
+                              "time\n"},
         LogCase{"half the median spacing of 20 s", Rmc("080000") + Dpt("1") + Gga("080020") + Gga("080040"),
                 "08:00:00 1, 08:00:20 1, 08:00:40 -", "-1 of 3 fixes has no depth near enough in time\n"},
         LogCase{"half the median of 12 s and 20 s is 8 s",
@@ -169,8 +172,9 @@ INSTANTIATE_TEST_SUITE_P(
                 "-1 fix of other talkers (GP 1) left out: GN, with 2, is read\n" + NoDepths(2)},
         LogCase{"the first heard of equals, void sentences heard too",
                 Gga("075959", "GN", "0") + Rmc("080000") + Rmc("080005", "150626", "GN"), "08:00:05 -",
-                "-1 position sentence without a fix (line 1)\n-1 fix of other talkers (GP 1) left out: GN, with 1, is "
-                "read\n" +
+                Voids(1, 1) +
+                    "-1 fix of other talkers (GP 1) left out: GN, with 1, is "
+                    "read\n" +
                     NoDepths(1)},
         LogCase{"another talker's clock moves no depth and no midnight",
                 Rmc("235959") + Gga("100000", "GN") + Dpt("1") + Gga("100000", "GN") + Gga("000001"),

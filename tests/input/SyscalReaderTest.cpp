@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <limits>
@@ -40,7 +41,10 @@ struct Reading {
   void file(const std::string& content) { read = LeggiFile(folder.write("file.bin", content), options); }
   const Misura& firing(std::size_t g) const { return read.measurements.at(g - 1); }
   std::size_t firings() const { return read.measurements.size(); }
-  bool says(const std::string& part) const { return test::Told(read.findings).find(part) != std::string::npos; }
+  bool says(std::initializer_list<const char*> parts) const {
+    const std::string told = test::Told(read.findings);
+    return std::all_of(parts.begin(), parts.end(), [&](auto part) { return told.find(part) != std::string::npos; });
+  }
 };
 
 TEST(RecordLengths, FollowTheTypeWord) {
@@ -77,7 +81,7 @@ TEST(ShortRecords, TakeTheirPositionFromTheNextRecord) {
   r.file(SyscalFile(records, 0, 248));
   ASSERT_EQ(r.firings(), 3U);
   EXPECT_EQ(r.firing(1).Lon, 1218.5);
-  EXPECT_TRUE(r.says("248 bytes"));
+  EXPECT_TRUE(r.says({"248 bytes"}));
 }
 
 TEST(Grouping, AsksOnceAFileWhenUsualLengthAndLargestChannelDiffer) {
@@ -88,22 +92,22 @@ TEST(Grouping, AsksOnceAFileWhenUsualLengthAndLargestChannelDiffer) {
   EXPECT_EQ(r.asked, std::vector<std::int32_t>{2});
   EXPECT_EQ(r.firings(), 6U) << "an empty answer keeps the usual length";
   EXPECT_TRUE(
-      r.says("firings have 2 records as a rule, the largest channel number stored is 14: read with 2 a firing"));
+      r.says({"firings have 2 records as a rule, the largest channel number stored is 14: read with 2 a firing"}));
   r.answer = "5 channels";
   r.file(SyscalFile(records));
   EXPECT_EQ(r.firings(), 3U) << "12 records in fives";
-  EXPECT_TRUE(r.says("read with 5 a firing (--channels), whatever the borders"));
-  EXPECT_TRUE(r.says("\"5 channels\" is no number from end to end: read as 5"));
-  EXPECT_TRUE(r.says("the last firing has 2 of 5 channels"));
+  EXPECT_TRUE(
+      r.says({"read with 5 a firing (--channels), whatever the borders",
+              "\"5 channels\" is no number from end to end: read as 5", "the last firing has 2 of 5 channels"}));
 }
 
 TEST(Grouping, GroupsChannelsAboveTenWithoutStoringThem) {
   Reading r(SyscalFile(Firings(1, 12)));
   EXPECT_EQ(r.read.summary.channels, 12);
   EXPECT_EQ(r.firing(1).Rho[10], 1.1F);
-  EXPECT_TRUE(r.says("channels 11 to 12 of each firing are not stored"));
+  EXPECT_TRUE(r.says({"channels 11 to 12 of each firing are not stored"}));
   r.file(SyscalFile(Firings(1, 11)));
-  EXPECT_TRUE(r.says("channel 11 of each firing is not stored"));
+  EXPECT_TRUE(r.says({"channel 11 of each firing is not stored"}));
 }
 
 TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
@@ -125,15 +129,15 @@ TEST(LostFixes, EndTheFileUnlessReadPast) {
   Reading r(SyscalFile(records));
   ASSERT_EQ(r.firings(), 2U);
   EXPECT_EQ(r.firing(1).Rho[1], 2.01F);
-  EXPECT_TRUE(r.says("fix lost at record 7: 6 records from there on left out, 4 of them with a position"));
-  EXPECT_TRUE(r.says("2 records before the first position"));
+  EXPECT_TRUE(r.says({"fix lost at record 7: 6 records from there on left out, 4 of them with a position",
+                      "2 records before the first position"}));
 
   Reading past(SyscalFile(records), ReadSpan::PastLostFixes);
   ASSERT_EQ(past.firings(), 5U);
   EXPECT_TRUE(past.firing(3).SenzaFix);
   EXPECT_EQ(past.firing(3).Rho[2], 4.02F) << "the readings of a firing without fix are kept";
   EXPECT_FALSE(past.read.findings.anyFault());
-  EXPECT_TRUE(past.says("2 records without position kept as bad fixes, the first is record 7"));
+  EXPECT_TRUE(past.says({"2 records without position kept as bad fixes, the first is record 7"}));
 }
 
 TEST(LostFixes, WithoutLongitudeLeaveTheFiringEmpty) {
@@ -141,10 +145,8 @@ TEST(LostFixes, WithoutLongitudeLeaveTheFiringEmpty) {
   records[2].east = records[3].east = 0;
   Reading r(SyscalFile(records));
   ASSERT_EQ(r.firings(), 3U);
-  EXPECT_TRUE(r.firing(2).SenzaFix);
-  EXPECT_EQ(r.firing(2).Rho[1], 0.0F);
-  EXPECT_TRUE(Vuota(r.firing(2)));
-  EXPECT_TRUE(r.says("2 records with a longitude or easting of 0"));
+  EXPECT_TRUE(r.firing(2).SenzaFix && r.firing(2).Rho[1] == 0 && Vuota(r.firing(2)));
+  EXPECT_TRUE(r.says({"2 records with a longitude or easting of 0"}));
 }
 
 TEST(NonFinite, PositionsAreLostAndReadingsStay) {
@@ -154,18 +156,16 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
   records[4].north = records[5].north = std::numeric_limits<float>::quiet_NaN();
   Reading r(SyscalFile(records));
   ASSERT_EQ(r.firings(), 2U);
-  EXPECT_TRUE(std::isnan(r.firing(1).Rho[1]));
-  EXPECT_TRUE(std::isinf(r.firing(2).Val12));
-  EXPECT_TRUE(
-      r.says("3 records with a reading, electrode or depth that is not a finite number, the first is record 1: kept"));
-  EXPECT_TRUE(r.read.findings.anyFault());
+  EXPECT_TRUE(std::isnan(r.firing(1).Rho[1]) && std::isinf(r.firing(2).Val12));
+  EXPECT_TRUE(r.says(
+      {"!3 records with a reading, electrode or depth that is not a finite number, the first is record 1: kept"}));
 
   records[4].north = records[5].north = 4524.0F;
   records[2].east = records[3].east = -std::numeric_limits<float>::infinity();
   const Reading past(SyscalFile(records), ReadSpan::PastLostFixes);
   ASSERT_EQ(past.firings(), 3U);
   EXPECT_TRUE(past.firing(2).SenzaFix);
-  EXPECT_TRUE(past.says("2 records with a position that is not a finite number"));
+  EXPECT_TRUE(past.says({"2 records with a position that is not a finite number"}));
 }
 
 TEST(UtmFiles, FillEastingAndNorthingOnly) {
@@ -175,9 +175,8 @@ TEST(UtmFiles, FillEastingAndNorthingOnly) {
   for (RecordValues& v : records) v.north = 5030000.5F, v.east += 290000.0F;
   records[2].north = records[3].north = 5030010.5F;
   r.file(SyscalFile(records));
-  EXPECT_EQ(r.firing(2).UTMy, 5030010.5);
-  EXPECT_EQ(r.firing(2).UTMx, 291218.03125);
-  EXPECT_EQ(r.firing(2).Lat, 0);
+  const Misura& m = r.firing(2);
+  EXPECT_EQ((std::array{m.UTMx, m.UTMy, m.Lat}), (std::array{291218.03125, 5030010.5, 0.0}));
 }
 
 /// A file's content, the firings it gives, part of what is said, and its format.
@@ -193,7 +192,7 @@ void ExpectRead(const std::vector<ContentCase>& cases) {
     SCOPED_TRACE(c.words);
     Reading r(c.content);
     EXPECT_EQ(r.firings(), c.firings);
-    EXPECT_TRUE(*c.words == '\0' || r.says(c.words));
+    EXPECT_TRUE(*c.words == '\0' || r.says({c.words}));
     EXPECT_EQ(r.read.findings.anyFault(), *c.words != '\0');
     EXPECT_EQ(r.read.summary.format, c.format);
     EXPECT_TRUE(!r.read.summary.format.empty() || r.read.findings.entries().size() == 1);
@@ -259,7 +258,7 @@ TEST(Formats, OfPositionsAreChecked) {
   Reading r;
   r.options.layout = AngleFormat::D_DDDD;
   r.file(SyscalFile(Firings(3, 2)));
-  EXPECT_TRUE(r.says("are degrees and minutes (--coords ddmm), read as decimal degrees (--coords dd): 3 of 3"));
+  EXPECT_TRUE(r.says({"are degrees and minutes (--coords ddmm), read as decimal degrees (--coords dd): 3 of 3"}));
   EXPECT_EQ(r.firing(2).Lat, static_cast<double>(4524.0F + 2.0F / 128)) << "read as it was asked for";
   r.options.layoutChosen = false;
   r.file(SyscalFile(Firings(3, 2)));
