@@ -112,8 +112,6 @@ struct FiringCase {
   ReadSpan span = ReadSpan::ToFirstLostFix;
 };
 
-void PrintTo(const FiringCase& c, std::ostream* out) { *out << c.what; }
-
 std::string Whole(int firings) {
   std::string text;
   for (int g = 0; g < firings; ++g) text += " 12345";
@@ -130,120 +128,101 @@ std::string Readings(const FileRead& read) {
   return text;
 }
 
-class FiringTable : public ::testing::TestWithParam<FiringCase> {};
+const FiringCase Cases[] = {
+    // Which borders are told.
+    {"whole", Injections(3), "12345 12345 12345"},
+    {"lost record", Lost(Injections(4), {8}), "12345 1245 12345 12345",
+     "!1 firing lost records, it is firing 2 (from record 6 on) with 4 of 5 records: 1 read by channel"},
+    {"lost across a border", Lost(Injections(4), {5, 6}), "1234 2345 12345 12345",
+     "!2 firings lost records, the first is firing 1 (from record 1 on) with 4 of 5 records: 2 read"},
+    {"current saturates", Lost(Each(Injections(4), SetCurrent), {8}), "12345 1245 12345 12345", "!lost records"},
+    {"position does not change", Lost(Each(Injections(4), Moored), {8}), "12345 1245 12345 12345", "!lost records"},
+    {"position and time step inside a firing", Lost(Each(Injections(12), Steps), {13}), "12345 12345 1245" + Whole(9),
+     "!lost records"},
+    {"one current differs", Each(Injections(3), Glitch), "12345 12345 12345"},
+    {"only the channel number tells", Lost(Each(Injections(5, 10), SetCurrent, Moored), {25}),
+     "123456789X 123456789X 12346789X 123456789X 123456789X", "!lost records"},
+    {"only the position tells", Each(Injections(3), SetCurrent, NoChannels), "~12345 12345 12345"},
+    {"low bits at 248", Lost(Each(Injections(4), Land(0)), {8}), "12345 1245 12345 12345", "!lost records"},
+    {"places of M and N", Lost(Each(Injections(5), Counting), {8}), "12345 1245 12345 12345 12345", "!lost records"},
+    {"places of a moving cable", Lost(Each(Injections(5), Rolling, Counting), {8}), "12345 1245 12345 12345 12345",
+     "!lost records"},
+    {"first and last firing cut", Lost(Injections(4), {1, 2, 18, 19, 20}), "345 12345 12345 12",
+     "!2 firings lost records"},
+    {"one run between the first and the last tells the length", Lost(Injections(3), {8}), "~1234 5 1234 1234 5",
+     "!2 firings lost records"},
+    {"the larger of equally frequent lengths", Lost(Injections(6), {8, 13}), "12345 1245 1245 12345 12345 12345",
+     "!2 firings"},
+    // How runs are cut.
+    {"own number in the high bits, smaller", LandFirings({5, 5, 3, 5, 5}, {}), "12345 12345 123 12345 12345"},
+    {"own number in the high bits, larger", LandFirings({5, 5, 7, 5, 5}, {}), "12345 12345 1234567 12345 12345"},
+    {"own number and a record lost", LandFirings({5, 5, 7, 5, 5}, {12}), "12345 12345 134567 12345 12345",
+     "!firing 3 (from record 11 on) with 6 of 7 records"},
+    {"high bits that tell no number", Lost(Each(Injections(4), Land(1)), {8}), "12345 1245 12345 12345", "!4 of 5"},
+    {"high bits below the number", Lost(Each(Injections(4, 2), Land(1)), {3}), "12 2 12 12",
+     "!with 1 of 2 records: 1 read by channel"},
+    {"two firings without border between", Each(Injections(6), NoChannels, Joined),
+     "~12345 12345 12345 12345 12345 12345"},
+    {"a record twice", Repeated(Injections(5), 8), "12345 12345 12345 12345 12345",
+     "!1 record equal to the one before dropped"},
+    {"a record twice in a firing that lost others", Lost(Repeated(Injections(4), 8), {7, 11}), "12345 134 12345 12345",
+     "!1 record of such firings left out for want of a channel number of their own"},
+    {"lost without channel numbers", Lost(Each(Injections(4), NoChannels), {8}), "~12345 - 12345 12345",
+     "!1 left without reading"},
+    {"nothing left but channels above ten", Lost(Injections(4, 12), {13, 14, 15, 16, 17, 18, 19, 20, 21, 22}),
+     "123456789X - 123456789X 123456789X", "!firing 2 (from record 13 on) with 2 of 12 records"},
+    {"cut at the end of the file", Lost(Each(Injections(4), NoChannels), {19, 20}), "~12345 12345 12345 123",
+     "!with 3 of 5 records: 1 read in order"},
+    {"begins before the first position", Each(Injections(11), NoFix(1, 7)), "345" + Whole(9),
+     "-firing 1 (from record 8 on) has 3 of 5 records, the others being among those"},
+    {"the same without channel numbers", Each(Injections(4), NoChannels, NoFix(1, 7)), "~- 12345 12345",
+     "-1 left without reading"},
+    {"begins inside two firings without border between",
+     Each(Each(Injections(12), NoChannels), JoinedAtStart, NoFix(1, 3)), "~-" + Whole(11),
+     "-firing 1 (from record 4 on) has 2 of 5 records"},
+    {"fix lost inside a firing", Each(Injections(4), NoFix(14, 14)), "12345 12345 123", "!fix lost at record 14"},
+    {"the same read past", Each(Injections(4), NoFix(14, 14)), "12345 12345 12345 12345",
+     "-1 record without position kept", "", ReadSpan::PastLostFixes},
+    // How many channels there are.
+    {"single channel", Injections(5, 1), "1 1 1 1 1"},
+    {"single channel, constant current", test::Firings(5, 1), "1 1 1 1 1"},
+    {"one record", Injections(1, 1), "1", "-no border between firings is sure"},
+    {"two records", Injections(1, 2), "12"},
+    {"ten records of one firing", Injections(1, 10), "123456789X"},
+    {"two firings", Injections(2, 5), "12345 12345"},
+    {"answer in force", Each(Injections(4), NoChannels), "~123 123 123 123 123 123 12", "-read with 3 a firing", "3"},
+    {"answer that is the usual length", Lost(Each(Injections(4), NoChannels), {8}), "~12345 - 12345 12345",
+     "!1 left without reading", "5"},
+    {"no border: the run of equal latitudes", Each(Each(Injections(2), SetCurrent), Moored, NoChannels), "~123456789X",
+     "-10 records share the first position"}};
 
-TEST_P(FiringTable, FindTheirReadings) {
-  const FiringCase& row = GetParam();
-  const test::TempFolder folder;
-  ReadOptions options;
-  options.span = row.span;
-  options.channels = [&row](std::int32_t) { return row.answer; };
-  const FileRead read = LeggiFile(folder.write("file.bin", test::SyscalFile(row.records)), options);
-  const bool kept = row.readings.front() != '~', fault = row.says.starts_with('!');
-  EXPECT_EQ((kept ? "" : "~") + Readings(read), row.readings);
-  EXPECT_EQ(read.summary.firings, read.measurements.size());
-  EXPECT_EQ(read.findings.anyFault(), fault);
-  const auto says = [&](const Finding& f) {
-    return (f.severity == Severity::Fault) == fault && f.reason.find(row.says.substr(1)) != std::string::npos;
-  };
-  const auto& said = read.findings.entries();
-  EXPECT_TRUE(row.says.empty() || std::any_of(said.begin(), said.end(), says)) << test::Told(read.findings);
-  for (const Misura& m : read.measurements) {
-    const bool nothing = m.SenzaFix && m.Lat == 0 && m.Val180 == 0 && m.NumFile == 0;
-    EXPECT_TRUE(nothing || !Vuota(m)) << "an empty firing keeps something of its records";
-    for (std::size_t c = 1; kept && c <= MaxChannels; ++c) {
-      const float hundredths = std::round((m.Rho[c] - std::floor(m.Rho[c])) * 100.0F);
-      EXPECT_EQ(static_cast<std::size_t>(hundredths), HaLettura(m, c) ? c : 0) << m.Rho[c];
+TEST(FiringTable, FindTheirReadings) {
+  for (const FiringCase& row : Cases) {
+    SCOPED_TRACE(row.what);
+    const test::TempFolder folder;
+    ReadOptions options;
+    options.span = row.span;
+    options.channels = [&row](std::int32_t) { return row.answer; };
+    const FileRead read = LeggiFile(folder.write("file.bin", test::SyscalFile(row.records)), options);
+    const bool kept = row.readings.front() != '~', fault = row.says.starts_with('!');
+    EXPECT_EQ((kept ? "" : "~") + Readings(read), row.readings);
+    EXPECT_EQ(read.summary.firings, read.measurements.size());
+    EXPECT_EQ(read.findings.anyFault(), fault);
+    const auto says = [&](const Finding& f) {
+      return (f.severity == Severity::Fault) == fault && f.reason.find(row.says.substr(1)) != std::string::npos;
+    };
+    const auto& said = read.findings.entries();
+    EXPECT_TRUE(row.says.empty() || std::any_of(said.begin(), said.end(), says)) << test::Told(read.findings);
+    for (const Misura& m : read.measurements) {
+      const bool nothing = m.SenzaFix && m.Lat == 0 && m.Val180 == 0 && m.NumFile == 0;
+      EXPECT_TRUE(nothing || !Vuota(m)) << "an empty firing keeps something of its records";
+      for (std::size_t c = 1; kept && c <= MaxChannels; ++c) {
+        const float hundredths = std::round((m.Rho[c] - std::floor(m.Rho[c])) * 100.0F);
+        EXPECT_EQ(static_cast<std::size_t>(hundredths), HaLettura(m, c) ? c : 0) << m.Rho[c];
+      }
     }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Borders, FiringTable,
-    ::testing::Values(
-        FiringCase{"whole", Injections(3), "12345 12345 12345"},
-        FiringCase{"lost record", Lost(Injections(4), {8}), "12345 1245 12345 12345",
-                   "!1 firing lost records, it is firing 2 (from record 6 on) with 4 of 5 records: 1 read by channel"},
-        FiringCase{"lost across a border", Lost(Injections(4), {5, 6}), "1234 2345 12345 12345",
-                   "!2 firings lost records, the first is firing 1 (from record 1 on) with 4 of 5 records: 2 read"},
-        FiringCase{"current saturates", Lost(Each(Injections(4), SetCurrent), {8}), "12345 1245 12345 12345",
-                   "!lost records"},
-        FiringCase{"position does not change", Lost(Each(Injections(4), Moored), {8}), "12345 1245 12345 12345",
-                   "!lost records"},
-        FiringCase{"position and time step inside a firing", Lost(Each(Injections(12), Steps), {13}),
-                   "12345 12345 1245" + Whole(9), "!lost records"},
-        FiringCase{"one current differs", Each(Injections(3), Glitch), "12345 12345 12345"},
-        FiringCase{"only the channel number tells", Lost(Each(Injections(5, 10), SetCurrent, Moored), {25}),
-                   "123456789X 123456789X 12346789X 123456789X 123456789X", "!lost records"},
-        FiringCase{"only the position tells", Each(Injections(3), SetCurrent, NoChannels), "~12345 12345 12345"},
-        FiringCase{"low bits at 248", Lost(Each(Injections(4), Land(0)), {8}), "12345 1245 12345 12345",
-                   "!lost records"},
-        FiringCase{"places of M and N", Lost(Each(Injections(5), Counting), {8}), "12345 1245 12345 12345 12345",
-                   "!lost records"},
-        FiringCase{"places of a moving cable", Lost(Each(Injections(5), Rolling, Counting), {8}),
-                   "12345 1245 12345 12345 12345", "!lost records"},
-        FiringCase{"first and last firing cut", Lost(Injections(4), {1, 2, 18, 19, 20}), "345 12345 12345 12",
-                   "!2 firings lost records"},
-        FiringCase{"one run between the first and the last tells the length", Lost(Injections(3), {8}),
-                   "~1234 5 1234 1234 5", "!2 firings lost records"},
-        FiringCase{"the larger of equally frequent lengths", Lost(Injections(6), {8, 13}),
-                   "12345 1245 1245 12345 12345 12345", "!2 firings"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Cutting, FiringTable,
-    ::testing::Values(FiringCase{"own number in the high bits, smaller", LandFirings({5, 5, 3, 5, 5}, {}),
-                                 "12345 12345 123 12345 12345"},
-                      FiringCase{"own number in the high bits, larger", LandFirings({5, 5, 7, 5, 5}, {}),
-                                 "12345 12345 1234567 12345 12345"},
-                      FiringCase{"own number and a record lost", LandFirings({5, 5, 7, 5, 5}, {12}),
-                                 "12345 12345 134567 12345 12345", "!firing 3 (from record 11 on) with 6 of 7 records"},
-                      FiringCase{"high bits that tell no number", Lost(Each(Injections(4), Land(1)), {8}),
-                                 "12345 1245 12345 12345", "!4 of 5"},
-                      FiringCase{"high bits below the number", Lost(Each(Injections(4, 2), Land(1)), {3}), "12 2 12 12",
-                                 "!with 1 of 2 records: 1 read by channel"},
-                      FiringCase{"two firings without border between", Each(Injections(6), NoChannels, Joined),
-                                 "~12345 12345 12345 12345 12345 12345"},
-                      FiringCase{"a record twice", Repeated(Injections(5), 8), "12345 12345 12345 12345 12345",
-                                 "!1 record equal to the one before dropped"},
-                      FiringCase{"a record twice in a firing that lost others",
-                                 Lost(Repeated(Injections(4), 8), {7, 11}), "12345 134 12345 12345",
-                                 "!1 record of such firings left out for want of a channel number of their own"},
-                      FiringCase{"lost without channel numbers", Lost(Each(Injections(4), NoChannels), {8}),
-                                 "~12345 - 12345 12345", "!1 left without reading"},
-                      FiringCase{"nothing left but channels above ten",
-                                 Lost(Injections(4, 12), {13, 14, 15, 16, 17, 18, 19, 20, 21, 22}),
-                                 "123456789X - 123456789X 123456789X",
-                                 "!firing 2 (from record 13 on) with 2 of 12 records"},
-                      FiringCase{"cut at the end of the file", Lost(Each(Injections(4), NoChannels), {19, 20}),
-                                 "~12345 12345 12345 123", "!with 3 of 5 records: 1 read in order"},
-                      FiringCase{"begins before the first position", Each(Injections(11), NoFix(1, 7)),
-                                 "345" + Whole(9),
-                                 "-firing 1 (from record 8 on) has 3 of 5 records, the others being among those"},
-                      FiringCase{"the same without channel numbers", Each(Injections(4), NoChannels, NoFix(1, 7)),
-                                 "~- 12345 12345", "-1 left without reading"},
-                      FiringCase{"begins inside two firings without border between",
-                                 Each(Each(Injections(12), NoChannels), JoinedAtStart, NoFix(1, 3)), "~-" + Whole(11),
-                                 "-firing 1 (from record 4 on) has 2 of 5 records"},
-                      FiringCase{"fix lost inside a firing", Each(Injections(4), NoFix(14, 14)), "12345 12345 123",
-                                 "!fix lost at record 14"},
-                      FiringCase{"the same read past", Each(Injections(4), NoFix(14, 14)), "12345 12345 12345 12345",
-                                 "-1 record without position kept", "", ReadSpan::PastLostFixes}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, FiringTable,
-    ::testing::Values(FiringCase{"single channel", Injections(5, 1), "1 1 1 1 1"},
-                      FiringCase{"single channel, constant current", test::Firings(5, 1), "1 1 1 1 1"},
-                      FiringCase{"one record", Injections(1, 1), "1", "-no border between firings is sure"},
-                      FiringCase{"two records", Injections(1, 2), "12"},
-                      FiringCase{"ten records of one firing", Injections(1, 10), "123456789X"},
-                      FiringCase{"two firings", Injections(2, 5), "12345 12345"},
-                      FiringCase{"answer in force", Each(Injections(4), NoChannels), "~123 123 123 123 123 123 12",
-                                 "-read with 3 a firing", "3"},
-                      FiringCase{"answer that is the usual length", Lost(Each(Injections(4), NoChannels), {8}),
-                                 "~12345 - 12345 12345", "!1 left without reading", "5"},
-                      FiringCase{"no border: the run of equal latitudes",
-                                 Each(Each(Injections(2), SetCurrent), Moored, NoChannels), "~123456789X",
-                                 "-10 records share the first position"}));
 
 bool Same(const Misura& a, const Misura& b) {
   return a.letture == b.letture && a.Rho == b.Rho && a.CanaleA == b.CanaleA && a.Elettrodi == b.Elettrodi &&

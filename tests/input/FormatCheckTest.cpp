@@ -46,8 +46,8 @@ TEST(Formats, AreNamedWhenTheNumbersFitAnother) {
       {"minutes as degrees",
        Degrees,
        {{45.5, 12.5}, {4524.5, 1218.25}},
-       "(--coords ddmm), read as decimal degrees (--coords dd): 1 of 2 positions is over 90 or 180 "
-       "degrees, at line 12"},
+       "(--coords ddmm), read as decimal degrees (--coords dd): 1 of 2 positions is over 90 or 180 degrees, at line "
+       "12"},
       {"a longitude alone",
        Degrees,
        {{45.5, 180.25}, {91, 0.5}},

@@ -55,106 +55,93 @@ struct TextCase {
   std::size_t lines = 0;
 };
 
-std::ostream& operator<<(std::ostream& out, const TextCase& c) { return out << c.what; }
-
 /// A table's line after its header's.
 std::string Row(const std::string& second, const std::string& depth, const std::string& easting = "288685.5",
                 const std::string& northing = "5030933.25") {
   return "1;x;15/06/2026;08:00:" + second + ";;;;" + depth + ";;" + easting + ";" + northing + "\r\n";
 }
 
-class TextTracks : public ::testing::TestWithParam<TextCase> {};
+const TextCase Texts[] = {
+    {"blank lines make no fix, a depth of 0 is one", Table, Row("00", "4.5") + "\r\n  \r\n" + Row("03", "0"),
+     "08:00:00 4.5, 08:00:03 0", "", 5},
+    {"no position", Table,
+     Row("00", "1", "0", "5030933") + Row("01", "2", "288685", "") + Row("02", "3", "288685", "0.00") + Row("03", "4"),
+     "08:00:03 4", "-3 lines without a position left out (the first in line 2)\n"},
+    {"no depth", Table, Row("00", "") + Row("01", "--") + Row("02", "n/a") + Row("03", "4"),
+     "08:00:00 -, 08:00:01 -, 08:00:02 -, 08:00:03 4",
+     "!2 depths are no numbers (the first in line 3): their fixes have none\n-3 of 4 fixes have no depth\n"},
+    {"decimal commas and tails", Table, Row("00", "4,5") + Row("01", "4m", "288685,75", "5030933.25"),
+     "08:00:00 4, 08:00:01 4",
+     "!3 values are not numbers from end to end, the first in line 2, field 8: \"4,5\" read as 4\n"},
+    {"a position that is a word", Table, Row("00", "4", "east"), "",
+     "!1 value is not a number from end to end in line 2, field 10: \"east\" read as 0\n-1 line without a position "
+     "left out (line 2)\n"},
+    {"a date that is none ends the track before its position is looked at", Table,
+     Row("00", "4") + "2;x;soon;08:00;;;;4;;0;0\n\n" + Row("02", "4"), "08:00:00 4",
+     "!line 3: \"soon 08:00\" is no date and time\n!2 lines from line 3 on left out\n"},
+    {"a number too large ends it", Table, Row("00", "4") + Row("01", "1e999") + Row("02", "4"), "08:00:00 4",
+     "!line 3: number too large: 1e999\n!2 lines from line 3 on left out\n"},
+    {"a position on no grid", Table, Row("00", "4", "1e300"), "",
+     "!1 line with a position on no grid left out (line 2)\n"},
+    {"commas separate nothing", Table, "1,15/06/2026,08:00,4\n", "",
+     "!line 2: \" \" is no date and time\n!1 line from line 2 on left out\n"},
+    {"50 m/s and a little more, by whole seconds and one at least", Table,
+     Row("00", "1", "288600") + Row("01", "1", "288650") + Row("01.4", "1", "288700") + Row("04", "1", "288850") +
+         Row("04", "1", "288900.5") + Row("03", "1", "289000"),
+     "08:00:00 1, 08:00:01 1, 08:00:01 1, 08:00:04 1, 08:00:04 1, 08:00:03 1",
+     "!2 steps of over 50 m/s, the first in line 6 (51 m in 1 s): every fix is kept\n"},
+    {"latitudes and longitudes instead of metres", Table,
+     Row("00", "1", "1218.5", "4524.5") + Row("01", "1", "1218.5", "8999"), "08:00:00 1, 08:00:01 1",
+     "!every northing is below 9000 m and every easting below 18000 m: they look like degrees and minutes (ddmm), a "
+     "table holds UTM metres\n!a step of over 50 m/s in line 3 (4475 m in 1 s): every fix is kept\n"},
+    {"any line end and any separator, line by line", Six,
+     "\xEF\xBB\xBF"
+     "15/06/2026 08:00:00 7 4524.5 1218.5 3.25\r2026-06-15;08:00:05;2;4524.5;1218.5;4\n\r\n"
+     "15.6.26\t08:00:07\t1\t4524.5\t1218.5\t\r",
+     "08:00:00 3.25, 08:00:05 4, 08:00:07 -", "-1 of 3 fixes has no depth\n", 4},
+    {"no position", Six,
+     "15/06/2026 08:00:00 1 0 1218.5 3\n15/06/2026;08:00:01;1;4524.5;;3\n"
+     "15/06/2026 08:00:02 1 4524.5 0000.0 3\n15/06/2026 08:00:03 1\n",
+     "", "-4 lines without a position left out (the first in line 1)\n"},
+    {"beyond the poles and the date line", Six,
+     "15/06/2026 08:00:00 1 9000 18000 3\n15/06/2026 08:00:00 1 9000.1 1218.5 3\n"
+     "15/06/2026 08:00:02 1 4524.5 -18000.1 3\n15/06/2026 08:00:02 1 9000 -18000 3\n",
+     "08:00:00 3, 08:00:02 3",
+     "!2 lines with a latitude over 90 or a longitude over 180 degrees left out (the first in line 2)\n"},
+    {"degrees, minutes and seconds", Six, "15/06/2026 08:00:00 1 452430 121830 3\n", "",
+     "!1 line with a latitude over 90 or a longitude over 180 degrees left out (line 1): the numbers look like "
+     "degrees, minutes and seconds (ddmmss)\n"},
+    {"metres", Six, "15/06/2026 08:00:00 1 5030933 288685 3\n", "",
+     "!1 line with a latitude over 90 or a longitude over 180 degrees left out (line 1): the numbers look like UTM "
+     "metres, six columns hold angles\n"},
+    {"decimal degrees", Six, "15/06/2026 08:00:00 1 45.408 12.308 3\n", "08:00:00 3",
+     "!every latitude is below 91 and every longitude below 181: the numbers look like decimal degrees (dd)\n"},
+    {"texts that are no numbers, in positions, depths and elsewhere", Six,
+     "15/06/2026 08:00:00 x 4524.5 1218.5 3\n15/06/2026;08:00:01;70000;4524.5;1218,5;3\n"
+     "15/06/2026 08:00:02 1 4524.5N 1218.5 3,5\n15/06/2026;08:00:03;1;45\xC2\xB0 24.5';1218.5;3\n",
+     "08:00:00 3, 08:00:01 3, 08:00:02 3, 08:00:03 3",
+     "!3 values are not numbers from end to end, the first in line 2, field 5: \"1218,5\" read as 1218.5\n-2 values of "
+     "field 3 no 16-bit number (the first in line 1)\n"},
+    {"one mistyped digit",
+     Six,  // a degree of latitude, by cs2cs 3751.419 m and 111101.305 m on the grid, and back
+     "15/06/2026 08:00:00 1 4524.5 1218.5 3\n15/06/2026 08:00:02 1 4624.5 1218.5 3\n"
+     "15/06/2026 08:00:04 1 4524.5 1218.5 3\n",
+     "08:00:00 3, 08:00:02 3, 08:00:04 3",
+     "!2 steps of over 50 m/s, the first in line 2 (111165 m in 2 s): every fix is kept\n"},
+    {"across 180 degrees", Six,  // 0.02 minutes of longitude on the equator's neighbour: 37 m
+     "15/06/2026 08:00:00 1 0001 17959.99 3\n15/06/2026 08:00:01 1 0001 -17959.99 3\n", "08:00:00 3, 08:00:01 3"},
+    {"a header is no date", Six, "date time n lat lon depth\n15/06/2026 08:00:00 1 4524.5 1218.5 3\n", "",
+     "!line 1: \"date time\" is no date and time\n!2 lines from line 1 on left out\n"}};
 
-TEST_P(TextTracks, GiveTheseFixes) {
-  const TextCase& c = GetParam();
-  const TrackRead read = LeggiTraccia(c.kind, (c.kind == Table ? "h;e;a;d\r\n" : "") + c.content, {Dmm, {}});
-  EXPECT_EQ(TimesAndDepths(read), c.fixes);
-  EXPECT_EQ(Told(read.findings), c.told);
-  EXPECT_TRUE(c.lines == 0 || read.lines == c.lines) << read.lines;
+TEST(TextTracks, GiveTheseFixes) {
+  for (const TextCase& c : Texts) {
+    SCOPED_TRACE(c.what);
+    const TrackRead read = LeggiTraccia(c.kind, (c.kind == Table ? "h;e;a;d\r\n" : "") + c.content, {Dmm, {}});
+    EXPECT_EQ(TimesAndDepths(read), c.fixes);
+    EXPECT_EQ(Told(read.findings), c.told);
+    EXPECT_TRUE(c.lines == 0 || read.lines == c.lines) << read.lines;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Tables, TextTracks,
-    ::testing::Values(
-        TextCase{"blank lines make no fix, a depth of 0 is one", Table,
-                 Row("00", "4.5") + "\r\n  \r\n" + Row("03", "0"), "08:00:00 4.5, 08:00:03 0", "", 5},
-        TextCase{"no position", Table,
-                 Row("00", "1", "0", "5030933") + Row("01", "2", "288685", "") + Row("02", "3", "288685", "0.00") +
-                     Row("03", "4"),
-                 "08:00:03 4", "-3 lines without a position left out (the first in line 2)\n"},
-        TextCase{
-            "no depth", Table, Row("00", "") + Row("01", "--") + Row("02", "n/a") + Row("03", "4"),
-            "08:00:00 -, 08:00:01 -, 08:00:02 -, 08:00:03 4",
-            "!2 depths are no numbers (the first in line 3): their fixes have none\n-3 of 4 fixes have no depth\n"},
-        TextCase{"decimal commas and tails", Table, Row("00", "4,5") + Row("01", "4m", "288685,75", "5030933.25"),
-                 "08:00:00 4, 08:00:01 4",
-                 "!3 values are not numbers from end to end, the first in line 2, field 8: \"4,5\" read as 4\n"},
-        TextCase{"a position that is a word", Table, Row("00", "4", "east"), "",
-                 "!1 value is not a number from end to end in line 2, field 10: \"east\" read as 0\n-1 line without a "
-                 "position left out (line 2)\n"},
-        TextCase{"a date that is none ends the track before its position is looked at", Table,
-                 Row("00", "4") + "2;x;soon;08:00;;;;4;;0;0\n\n" + Row("02", "4"), "08:00:00 4",
-                 "!line 3: \"soon 08:00\" is no date and time\n!2 lines from line 3 on left out\n"},
-        TextCase{"a number too large ends it", Table, Row("00", "4") + Row("01", "1e999") + Row("02", "4"),
-                 "08:00:00 4", "!line 3: number too large: 1e999\n!2 lines from line 3 on left out\n"},
-        TextCase{"a position on no grid", Table, Row("00", "4", "1e300"), "",
-                 "!1 line with a position on no grid left out (line 2)\n"},
-        TextCase{"commas separate nothing", Table, "1,15/06/2026,08:00,4\n", "",
-                 "!line 2: \" \" is no date and time\n!1 line from line 2 on left out\n"},
-        TextCase{"50 m/s and a little more, by whole seconds and one at least", Table,
-                 Row("00", "1", "288600") + Row("01", "1", "288650") + Row("01.4", "1", "288700") +
-                     Row("04", "1", "288850") + Row("04", "1", "288900.5") + Row("03", "1", "289000"),
-                 "08:00:00 1, 08:00:01 1, 08:00:01 1, 08:00:04 1, 08:00:04 1, 08:00:03 1",
-                 "!2 steps of over 50 m/s, the first in line 6 (51 m in 1 s): every fix is kept\n"},
-        TextCase{"latitudes and longitudes instead of metres", Table,
-                 Row("00", "1", "1218.5", "4524.5") + Row("01", "1", "1218.5", "8999"), "08:00:00 1, 08:00:01 1",
-                 "!every northing is below 9000 m and every easting below 18000 m: they look like degrees and minutes "
-                 "(ddmm), a table holds UTM metres\n!a step of over 50 m/s in line 3 (4475 m in 1 s): every fix is "
-                 "kept\n"}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Columns, TextTracks,
-    ::testing::Values(
-        TextCase{"any line end and any separator, line by line", Six,
-                 "\xEF\xBB\xBF"
-                 "15/06/2026 08:00:00 7 4524.5 1218.5 3.25\r2026-06-15;08:00:05;2;4524.5;1218.5;4\n\r\n"
-                 "15.6.26\t08:00:07\t1\t4524.5\t1218.5\t\r",
-                 "08:00:00 3.25, 08:00:05 4, 08:00:07 -", "-1 of 3 fixes has no depth\n", 4},
-        TextCase{"no position", Six,
-                 "15/06/2026 08:00:00 1 0 1218.5 3\n15/06/2026;08:00:01;1;4524.5;;3\n"
-                 "15/06/2026 08:00:02 1 4524.5 0000.0 3\n15/06/2026 08:00:03 1\n",
-                 "", "-4 lines without a position left out (the first in line 1)\n"},
-        TextCase{"beyond the poles and the date line", Six,
-                 "15/06/2026 08:00:00 1 9000 18000 3\n15/06/2026 08:00:00 1 9000.1 1218.5 3\n"
-                 "15/06/2026 08:00:02 1 4524.5 -18000.1 3\n15/06/2026 08:00:02 1 9000 -18000 3\n",
-                 "08:00:00 3, 08:00:02 3",
-                 "!2 lines with a latitude over 90 or a longitude over 180 degrees left out (the first in line 2)\n"},
-        TextCase{"degrees, minutes and seconds", Six, "15/06/2026 08:00:00 1 452430 121830 3\n", "",
-                 "!1 line with a latitude over 90 or a longitude over 180 degrees left out (line 1): the numbers look "
-                 "like degrees, minutes and seconds (ddmmss)\n"},
-        TextCase{"metres", Six, "15/06/2026 08:00:00 1 5030933 288685 3\n", "",
-                 "!1 line with a latitude over 90 or a longitude over 180 degrees left out (line 1): the numbers look "
-                 "like UTM metres, six columns hold angles\n"},
-        TextCase{
-            "decimal degrees", Six, "15/06/2026 08:00:00 1 45.408 12.308 3\n", "08:00:00 3",
-            "!every latitude is below 91 and every longitude below 181: the numbers look like decimal degrees (dd)\n"},
-        TextCase{"texts that are no numbers, in positions, depths and elsewhere", Six,
-                 "15/06/2026 08:00:00 x 4524.5 1218.5 3\n15/06/2026;08:00:01;70000;4524.5;1218,5;3\n"
-                 "15/06/2026 08:00:02 1 4524.5N 1218.5 3,5\n15/06/2026;08:00:03;1;45\xC2\xB0 24.5';1218.5;3\n",
-                 "08:00:00 3, 08:00:01 3, 08:00:02 3, 08:00:03 3",
-                 "!3 values are not numbers from end to end, the first in line 2, field 5: \"1218,5\" read as "
-                 "1218.5\n-2 values of field 3 no 16-bit number (the first in line 1)\n"},
-        TextCase{"one mistyped digit",
-                 Six,  // a degree of latitude, by cs2cs 3751.419 m and 111101.305 m on the grid, and back
-                 "15/06/2026 08:00:00 1 4524.5 1218.5 3\n15/06/2026 08:00:02 1 4624.5 1218.5 3\n"
-                 "15/06/2026 08:00:04 1 4524.5 1218.5 3\n",
-                 "08:00:00 3, 08:00:02 3, 08:00:04 3",
-                 "!2 steps of over 50 m/s, the first in line 2 (111165 m in 2 s): every fix is kept\n"},
-        TextCase{"across 180 degrees", Six,  // 0.02 minutes of longitude on the equator's neighbour: 37 m
-                 "15/06/2026 08:00:00 1 0001 17959.99 3\n15/06/2026 08:00:01 1 0001 -17959.99 3\n",
-                 "08:00:00 3, 08:00:01 3"},
-        TextCase{"a header is no date", Six, "date time n lat lon depth\n15/06/2026 08:00:00 1 4524.5 1218.5 3\n", "",
-                 "!line 1: \"date time\" is no date and time\n!2 lines from line 1 on left out\n"}));
 
 TEST(Tables, KeepTheirNumbersOnAGridOfNoZone) {
   const TrackRead read = LeggiFileCSV("h\n" + Row("00", "4"), {});
