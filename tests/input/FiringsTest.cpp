@@ -67,6 +67,9 @@ void Joined(RecordValues& v, std::size_t k) {
 void JoinedAtStart(RecordValues& v, std::size_t k) {
   if (k < 10) v.current = 1.0F, v.north = 4524.5F, v.east = 1218.5F;
 }
+void NoLongitude(RecordValues& v, std::size_t k) {
+  if (k == 2 || k == 3) v.east = 0;
+}
 Change NoFix(std::size_t from, std::size_t to) {
   return [from, to](RecordValues& v, std::size_t k) {
     if (k + 1 >= from && k < to) v.north = v.east = 0;
@@ -105,7 +108,8 @@ Records Repeated(Records records, std::size_t number) {
 struct FiringCase {
   const char* what;
   Records records;
-  /// Channels with a reading, firing by firing; behind "~" the rho of a reading does not name its channel.
+  /// Channels with a reading, firing by firing, "?" behind those of one without position; behind "~" the rho of a
+  /// reading does not name its channel.
   std::string readings;
   std::string says = {};  ///< part of a fault behind "!", of a note and no fault behind "-"; empty: no fault
   const char* answer = "";
@@ -123,7 +127,7 @@ std::string Readings(const FileRead& read) {
   for (const Misura& m : read.measurements) {
     text += text.empty() ? "" : " ";
     for (std::size_t c = 1; c <= MaxChannels; ++c) text += HaLettura(m, c) ? std::string(1, "0123456789X"[c]) : "";
-    if (Vuota(m)) text += "-";
+    if (Vuota(m) || m.SenzaFix) text += Vuota(m) ? "-" : "?";
   }
   return text;
 }
@@ -180,6 +184,12 @@ const FiringCase Cases[] = {
     {"begins inside two firings without border between",
      Each(Each(Injections(12), NoChannels), JoinedAtStart, NoFix(1, 3)), "~-" + Whole(11),
      "-firing 1 (from record 4 on) has 2 of 5 records"},
+    {"begins without position", Each(Injections(5, 1), NoFix(1, 1)), "1 1 1 1", "-1 record before the first position"},
+    {"fix lost between firings", Each(Injections(6, 2), NoFix(1, 2), NoFix(7, 8)), "12 12",
+     "!fix lost at record 7: 6 records from there on left out, 4 of them with a position"},
+    {"the same read past", Each(Injections(6, 2), NoFix(1, 2), NoFix(7, 8)), "12 12 12? 12 12",
+     "-2 records without position kept as bad fixes, the first is record 7", "", ReadSpan::PastLostFixes},
+    {"no longitude", Each(Injections(3, 2), NoLongitude), "12 - 12", "!2 records with a longitude or easting of 0"},
     {"fix lost inside a firing", Each(Injections(4), NoFix(14, 14)), "12345 12345 123", "!fix lost at record 14"},
     {"the same read past", Each(Injections(4), NoFix(14, 14)), "12345 12345 12345 12345",
      "-1 record without position kept", "", ReadSpan::PastLostFixes},
@@ -189,6 +199,8 @@ const FiringCase Cases[] = {
     {"one record", Injections(1, 1), "1", "-no border between firings is sure"},
     {"two records", Injections(1, 2), "12"},
     {"ten records of one firing", Injections(1, 10), "123456789X"},
+    {"eleven channels", Injections(1, 11), "123456789X", "!channel 11 of each firing is not stored"},
+    {"twelve channels", Injections(2, 12), "123456789X 123456789X", "!channels 11 to 12 of each firing are not stored"},
     {"two firings", Injections(2, 5), "12345 12345"},
     {"answer in force", Each(Injections(4), NoChannels), "~123 123 123 123 123 123 12", "-read with 3 a firing", "3"},
     {"answer that is the usual length", Lost(Each(Injections(4), NoChannels), {8}), "~12345 - 12345 12345",

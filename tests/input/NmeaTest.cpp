@@ -133,6 +133,10 @@ const LogCase Logs[] = {
      Dpt("") + Sentence("SDDBT,,f,7,M,,F") + Sentence("SDDBS,,f,0,M,,F") + Rmc("080000"), "08:00:00 0",
      "-1 depth of other sentences not used: DBS serves the whole log\n"},
     {"DBT where nothing else is there", Sentence("SDDBT,22.9,f,7,M,3.8,F") + Rmc("080000"), "08:00:00 7"},
+    {"a kind whose checksums are all wrong",
+     "$GPRMC,080000,A,4524.5,N,01218.5,E,1,2,150626,,*57\n" + Sentence("SDDBS,,f,3.0,M,,F") +
+         "$GPRMC,080001,A,4524.5,N,01218.5,E,1,2,150626,,*57\n" + Sentence("SDDBS,,f,3.1,M,,F"),
+     "08:00:00 3, 08:00:01 3.1", "!every RMC sentence has a wrong checksum: they are taken\n"},
     {"an offset or depth that is no number",
      Sentence("SDDPT,4,x,") + Dpt("4e1") + Sentence("SDDPT,-,0") + Rmc("080000"), "08:00:00 -",
      "!3 DPT sentences that cannot be read left out (the first in line 1)\n" + NoDepths(1)},
@@ -242,17 +246,6 @@ TEST(Nmea, ReadsASentenceWhereverNulBytesStandInIt) {
   for (const char c : rmc + gga) wide += {c, '\0'};
   EXPECT_EQ(GenereDaContenuto(wide), TrackKind::Nmea) << "two bytes a letter";
   EXPECT_EQ(LeggiFileNav(wide, {}).fixes.size(), 2U);
-}
-
-TEST(Nmea, TakesAKindWhoseChecksumsAreAllWrong) {
-  std::string log;
-  for (int k = 0; k < 3; ++k) {
-    log += "$GPRMC,08000" + std::to_string(k) + ",A,4524.5,N,01218.5,E,1,2,150626,,*57\n";
-    log += Sentence("SDDBS,,f,3." + std::to_string(k) + ",M,,F");
-  }
-  const TrackRead read = LeggiFileNav(log, {});
-  EXPECT_EQ(TimesAndDepths(read), "08:00:00 3, 08:00:01 3, 08:00:02 3.2");
-  EXPECT_EQ(Told(read.findings), "!every RMC sentence has a wrong checksum: they are taken\n");
 }
 
 /// The nearest depth, looked for among all of them.

@@ -101,15 +101,6 @@ TEST(Grouping, AsksOnceAFileWhenUsualLengthAndLargestChannelDiffer) {
               "\"5 channels\" is no number from end to end: read as 5", "the last firing has 2 of 5 channels"}));
 }
 
-TEST(Grouping, GroupsChannelsAboveTenWithoutStoringThem) {
-  Reading r(SyscalFile(Firings(1, 12)));
-  EXPECT_EQ(r.read.summary.channels, 12);
-  EXPECT_EQ(r.firing(1).Rho[10], 1.1F);
-  EXPECT_TRUE(r.says({"channels 11 to 12 of each firing are not stored"}));
-  r.file(SyscalFile(Firings(1, 11)));
-  EXPECT_TRUE(r.says({"channel 11 of each firing is not stored"}));
-}
-
 TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
   auto records = Firings(3, 1);
   for (RecordValues& v : records) v.channel = 7;
@@ -121,32 +112,6 @@ TEST(Grouping, EndsTheReaderForAChannelNumberBelowOneOrTooLarge) {
     EXPECT_TRUE(r.read.findings.anyFault()) << answer;
     EXPECT_EQ(r.read.summary.format, "syscal") << answer;
   }
-}
-
-TEST(LostFixes, EndTheFileUnlessReadPast) {
-  auto records = Firings(6, 2);
-  for (std::size_t k : {0U, 1U, 6U, 7U}) records[k].north = records[k].east = 0;  // firings 1 and 4
-  Reading r(SyscalFile(records));
-  ASSERT_EQ(r.firings(), 2U);
-  EXPECT_EQ(r.firing(1).Rho[1], 2.01F);
-  EXPECT_TRUE(r.says({"fix lost at record 7: 6 records from there on left out, 4 of them with a position",
-                      "2 records before the first position"}));
-
-  Reading past(SyscalFile(records), ReadSpan::PastLostFixes);
-  ASSERT_EQ(past.firings(), 5U);
-  EXPECT_TRUE(past.firing(3).SenzaFix);
-  EXPECT_EQ(past.firing(3).Rho[2], 4.02F) << "the readings of a firing without fix are kept";
-  EXPECT_FALSE(past.read.findings.anyFault());
-  EXPECT_TRUE(past.says({"2 records without position kept as bad fixes, the first is record 7"}));
-}
-
-TEST(LostFixes, WithoutLongitudeLeaveTheFiringEmpty) {
-  auto records = Firings(3, 2);
-  records[2].east = records[3].east = 0;
-  Reading r(SyscalFile(records));
-  ASSERT_EQ(r.firings(), 3U);
-  EXPECT_TRUE(r.firing(2).SenzaFix && r.firing(2).Rho[1] == 0 && Vuota(r.firing(2)));
-  EXPECT_TRUE(r.says({"2 records with a longitude or easting of 0"}));
 }
 
 TEST(NonFinite, PositionsAreLostAndReadingsStay) {
