@@ -189,7 +189,8 @@ std::vector<PlainCell> PlainCells(const Prepared& p) {
       if (v.projection == Projection::Perspective) {
         const double shifted = turned[i].x + (static_cast<double>(v.FinestraIniziale.zmax) - turned[i].y);
         Punto3D p1 = seen, p2{static_cast<float>(shifted), seen.y, 0, 0};
-        Punto3D p3{v.marker.FugaX, v.marker.OrizzonteZ, 0, 0}, p4{v.marker.FugaX - v.marker.DistanzaFuga, v.marker.OrizzonteZ, 0, 0};
+        Punto3D p3{v.marker.FugaX, v.marker.OrizzonteZ, 0, 0},
+            p4{v.marker.FugaX - v.marker.DistanzaFuga, v.marker.OrizzonteZ, 0, 0};
         seen = IntersecaRette(p1, p2, p3, p4);
       }
       const auto& w = v.Finestra;
