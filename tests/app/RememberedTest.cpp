@@ -1,0 +1,193 @@
+// What is kept between two starts, and what a damaged memory does.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <QApplication>
+#include <QFile>
+#include <QMainWindow>
+#include <QScreen>
+#include <QTest>
+#include <QToolBar>
+
+#include "app/RecentMenu.h"
+#include "app/Remembered.h"
+#include "support/SurveyFiles.h"
+
+namespace corvan {
+namespace {
+
+/// A memory with nothing in it at first. The program of these tests keeps its settings in a folder of its own.
+struct Memory : ::testing::Test {
+  Memory() { settings.clear(); }
+
+  QSettings settings{QSettings::defaultFormat(), QSettings::UserScope, "Ardevo", "Corvan"};
+  test::TempFolder folder;
+
+  QString file(const char* name) const { return QString::fromStdString(folder.write(name, "x").string()); }
+  QString path() const { return QString::fromStdString(folder.path().string()); }
+  /// The file that a text editor would be used on.
+  QString stored() {
+    settings.sync();
+    return QString::fromStdString(test::Slurp(settings.fileName().toStdString()));
+  }
+  void edit(const char* text) {
+    settings.sync();
+    QFile file(settings.fileName());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(text);
+    file.close();
+    settings.sync();
+  }
+};
+
+TEST_F(Memory, KeepsEachValueForTheNextStart) {
+  EXPECT_EQ(Remembered().cartella(), "");
+  EXPECT_TRUE(Remembered().vistaFissata());
+  EXPECT_TRUE(Remembered().barraMostrata());
+  EXPECT_EQ(Remembered().vista(), ViewPreferences());
+  EXPECT_TRUE(Remembered().vista().electrodes && Remembered().vista().info);
+  const ViewPreferences liked{false, true, true, true, true, false, true};
+  {
+    Remembered now;
+    now.ricordaCartella(path());
+    now.ricordaVistaFissata(false);
+    now.ricordaBarraMostrata(false);
+    now.ricordaVista(liked);
+  }
+  EXPECT_EQ(Remembered().cartella(), path());
+  EXPECT_FALSE(Remembered().vistaFissata());
+  EXPECT_FALSE(Remembered().barraMostrata());
+  EXPECT_EQ(Remembered().vista(), liked);
+  // One at a time: no two share a key.
+  const auto members = {&ViewPreferences::electrodes,  &ViewPreferences::track, &ViewPreferences::depths,
+                        &ViewPreferences::colourScale, &ViewPreferences::north, &ViewPreferences::info,
+                        &ViewPreferences::perspective};
+  for (bool ViewPreferences::*member : members) {
+    ViewPreferences one = liked;
+    one.*member = !(one.*member);
+    Remembered().ricordaVista(one);
+    EXPECT_EQ(Remembered().vista(), one);
+  }
+  std::filesystem::remove_all(folder.path());
+  EXPECT_EQ(Remembered().cartella(), "") << "a folder that is gone";
+  EXPECT_TRUE(stored().contains("[view]")) << "in the file that is damaged below";
+}
+
+TEST_F(Memory, OfDamagedValuesFallsBackToTheUsualOnes) {
+  edit(
+      "[General]\nfolder=relative/folder\n"
+      "[view]\npinned=7\nelectrodes=maybe\ntrack=@Invalid()\nperspective=\"\"\n"
+      "[window]\ntoolBar=12 px\ngeometry=none\nstate=@ByteArray(\\0\\0\\0\\xff)\n"
+      "[recent]\nsize=many\n1\\files=/a\n");
+  EXPECT_EQ(Remembered().cartella(), "");
+  EXPECT_TRUE(Remembered().vistaFissata());
+  EXPECT_TRUE(Remembered().barraMostrata());
+  EXPECT_EQ(Remembered().vista(), ViewPreferences());
+  EXPECT_TRUE(Remembered().recenti().empty());
+  QMainWindow window;
+  Remembered().ripristinaFinestra(window, {700, 500});
+  EXPECT_EQ(window.size(), QSize(700, 500));
+  edit("[recent]\nsize=2000000000\n1\\files=relative.bin\n2\\files=/b.bin, /c.bin\n3\\files=/b.bin, /c.bin\n");
+  EXPECT_EQ(Remembered().recenti(), std::vector<QStringList>{QStringList({"/b.bin", "/c.bin"})});
+}
+
+TEST_F(Memory, PutsAWindowBackWhereItWas) {
+  QMainWindow before;
+  before.setObjectName("Corvan");
+  QToolBar bar;
+  bar.setObjectName("Bar");
+  before.addToolBar(Qt::LeftToolBarArea, &bar);
+  before.setGeometry(40, 60, 410, 320);
+  before.show();
+  Remembered().ricordaFinestra(before);
+  QMainWindow after;
+  after.setObjectName("Corvan");
+  QToolBar same;
+  same.setObjectName("Bar");
+  after.addToolBar(Qt::TopToolBarArea, &same);
+  Remembered().ripristinaFinestra(after, {700, 500});
+  EXPECT_EQ(after.geometry(), QRect(40, 60, 410, 320));
+  EXPECT_EQ(after.toolBarArea(&same), Qt::LeftToolBarArea);
+}
+
+TEST_F(Memory, BringsAWindowBackOntoTheScreen) {
+  const QRect screen = QApplication::primaryScreen()->availableGeometry();
+  const QPoint places[] = {
+      {50000, 50000}, {-9000, 10}, {screen.right() - 20, 100}, {100, screen.bottom() - 2}, {100, -600}};
+  for (const QPoint place : places) {
+    QMainWindow away;
+    away.resize(400, 300);
+    away.show();
+    away.move(place);
+    ASSERT_EQ(away.pos(), place);
+    Remembered().ricordaFinestra(away);
+    QMainWindow window;
+    Remembered().ripristinaFinestra(window, {500, 400});
+    window.show();
+    const QRect title(window.frameGeometry().topLeft(), QSize(window.width(), 16));
+    EXPECT_GE((title & screen).width(), 120) << place.x() << ' ' << place.y();
+    EXPECT_GE((title & screen).height(), 8) << place.x() << ' ' << place.y();
+  }
+  QMainWindow large;
+  Remembered().dimenticaFinestra();
+  Remembered().ripristinaFinestra(large, {50000, 50000});
+  EXPECT_TRUE(screen.contains(large.geometry())) << "no larger than the screen";
+}
+
+TEST_F(Memory, ListsTheLastTenSurveysNewestFirst) {
+  Remembered memory;
+  for (int k = 1; k <= 12; ++k) memory.ricordaLettura({QStringLiteral("/s/%1.bin").arg(k), "/s/common.bin"});
+  memory.ricordaLettura({});
+  memory.ricordaLettura({"/s/5.bin", "/s/common.bin"});
+  QStringList first;
+  for (const QStringList& survey : Remembered().recenti()) first << survey.front().mid(3).chopped(4);
+  EXPECT_EQ(first.join(' '), "5 12 11 10 9 8 7 6 4 3");
+  memory.ricordaLettura({"/s/common.bin", "/s/5.bin"});
+  EXPECT_EQ(Remembered().recenti().at(0), QStringList({"/s/common.bin", "/s/5.bin"}))
+      << "another order, another survey";
+  EXPECT_EQ(Remembered().recenti().at(1), QStringList({"/s/5.bin", "/s/common.bin"}));
+  memory.ricordaLettura({"/s/5.bin"});
+  EXPECT_EQ(Remembered().recenti().at(0), QStringList{"/s/5.bin"});
+  memory.dimenticaRecenti();
+  EXPECT_TRUE(Remembered().recenti().empty());
+  EXPECT_FALSE(stored().contains("bin"));
+}
+
+TEST_F(Memory, OffersTheSurveysInAMenu) {
+  Remembered memory;
+  memory.ricordaLettura({file("a.bin"), file("b.bin"), file("c.bin")});
+  memory.ricordaLettura({file("R&D.bin")});
+  memory.ricordaLettura({path() + "/gone.bin"});
+  memory.ricordaLettura({file("left.bin"), path() + "/lost.bin"});
+  QStringList read;
+  RecentMenu menu(memory, [&](const QStringList& files) { read = files; });
+  EXPECT_EQ(menu.title(), "Open &Recent");
+  const auto open = [&] {
+    menu.popup({10, 10});
+    QCoreApplication::processEvents();
+    QStringList shown;
+    for (const QAction* action : menu.actions()) {
+      if (!action->isSeparator()) shown << (action->isEnabled() ? "" : "-") + action->text();
+    }
+    return shown.join('|');
+  };
+  EXPECT_EQ(open(),
+            "left.bin and 1 more (1 missing)|-gone.bin (no longer there)|R&&D.bin|a.bin and 2 more|&Clear list");
+  EXPECT_TRUE(menu.actions().at(3)->toolTip().contains(path()));
+  EXPECT_TRUE(menu.toolTipsVisible());
+  QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(3)).center());
+  EXPECT_EQ(read, QStringList({path() + "/a.bin", path() + "/b.bin", path() + "/c.bin"}));
+  read.clear();
+  open();
+  QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(menu.actions().at(1)).center());
+  EXPECT_TRUE(read.isEmpty()) << "it is gone";
+  menu.hide();
+  open();
+  QTest::keyClick(&menu, Qt::Key_C);
+  EXPECT_EQ(open(), "-No survey read yet|-&Clear list");
+  EXPECT_TRUE(Remembered().recenti().empty());
+  menu.hide();
+}
+
+}  // namespace
+}  // namespace corvan
