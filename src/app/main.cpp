@@ -1,14 +1,25 @@
 // corvan: the window.
+#include <algorithm>
+#include <iostream>
 #include <QApplication>
 #include <QFileInfo>
 #include <QScreen>
+#include <span>
 
 #include "app/Corvan.h"
 #include "app/QtDialogs.h"
+#include "app/StartOptions.h"
 #include "base/Interruption.h"
 
 int main(int argc, char** argv) {
   corvan::PulisciAlleInterruzioni();
+  const std::span<char*> words(argv, static_cast<std::size_t>(argc));
+  const corvan::StartAnswer answer = corvan::RispostaIniziale(words.subspan(std::min<std::size_t>(1, words.size())));
+  if (answer.ends) {
+    std::cerr << answer.error;
+    std::cout << answer.out << std::flush;
+    return std::cout ? answer.status : 1;
+  }
   QApplication application(argc, argv);
   QApplication::setApplicationName("Corvan");
   QApplication::setApplicationVersion(CORVAN_VERSION);
@@ -21,7 +32,8 @@ int main(int argc, char** argv) {
   window.show();
   QStringList files;
   // Names of files that are not there, too: the reading tells of them.
-  for (const QString& name : QApplication::arguments().mid(1)) files << QFileInfo(name).absoluteFilePath();
+  for (const QString& name : corvan::FileNominati(QApplication::arguments().mid(1)))
+    files << QFileInfo(name).absoluteFilePath();
   window.leggi(files);
   return QApplication::exec();
 }
