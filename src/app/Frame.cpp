@@ -1,7 +1,10 @@
 #include "app/Frame.h"
 
+#include <algorithm>
+#include <QStyleOptionGroupBox>
 #include <utility>
 
+#include "app/Icons.h"
 #include "session/Controls.h"
 
 namespace corvan {
@@ -25,6 +28,49 @@ void Frame::invio(const char* control, const QLineEdit* box) const {
 
 void Frame::collega(QLineEdit* box, const char* control) {
   connect(box, &QLineEdit::returnPressed, this, [this, box, control] { invio(control, box); });
+}
+
+void Frame::rendiChiudibile() {
+  if (close_ != nullptr) return;
+  close_ = new QToolButton(this);
+  close_->setObjectName(objectName() + "_Close");
+  close_->setToolTip("Close (Esc)");
+  close_->setAccessibleName("Close " + title());
+  close_->setIcon(Icona("close"));
+  close_->setAutoRaise(true);
+  close_->setFocusPolicy(Qt::NoFocus);  // the key has Escape
+  connect(close_, &QToolButton::clicked, this, [this] { chiudi(); });
+  disponiChiusura();
+  close_->show();
+}
+
+/// In the strip of the title, at its right end.
+void Frame::disponiChiusura() {
+  if (close_ == nullptr) return;
+  QStyleOptionGroupBox option;
+  initStyleOption(&option);
+  const QRect title = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
+  const QRect inside = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxContents, this);
+  const int side = std::max(2 * Unit, title.height());
+  close_->setIconSize(QSize(side, side) * 3 / 4);
+  close_->setGeometry(width() - side, std::clamp(title.center().y() - side / 2, 0, std::max(0, inside.top() - side)),
+                      side, side);
+}
+
+void Frame::keyPressEvent(QKeyEvent* event) {
+  if (close_ == nullptr || event->key() != Qt::Key_Escape) return QGroupBox::keyPressEvent(event);
+  event->accept();
+  chiudi();
+}
+
+void Frame::resizeEvent(QResizeEvent* event) {
+  QGroupBox::resizeEvent(event);
+  disponiChiusura();
+}
+
+void Frame::changeEvent(QEvent* event) {
+  QGroupBox::changeEvent(event);
+  disponiChiusura();
 }
 
 QLineEdit* NumberBox(const char* name, const QString& toolTip) {

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 
 #include "session/Session.h"
 
@@ -22,8 +23,12 @@ class Frame : public QGroupBox {
 
   /// Puts the session's state into the controls.
   virtual void mostra() = 0;
+  /// What the close mark and Escape do: hides the panel. One that has a command for it calls that instead.
+  virtual void chiudi() { hide(); }
 
  protected:
+  /// Gives the panel a close mark in its upper right corner, and lets Escape close it while the focus is inside.
+  void rendiChiudibile();
   Session& session() const { return session_; }
   void changed() const { changed_(); }
   /// A control's command, followed by changed(): for its signal.
@@ -32,10 +37,16 @@ class Frame : public QGroupBox {
   void invio(const char* control, const QLineEdit* box) const;
   /// The same when Enter is pressed in the box.
   void collega(QLineEdit* box, const char* control);
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void disponiChiusura();
+
   Session& session_;
   std::function<void()> changed_;
+  QToolButton* close_ = nullptr;
 };
 
 /// A control with the name that it is known by.

@@ -1,6 +1,7 @@
 #include "app/QtDialogs.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -12,6 +13,7 @@ Answer QtDialogs::MsgBox(const MessageRequest& request) {
   box.setWindowTitle(TestoDi(request.question).title);
   box.setText(QString::fromStdString(PromptDi(request)));
   box.setInformativeText(QString::fromStdString(request.details));
+  box.setIconPixmap(QIcon(":/app/corvan.png").pixmap(48, 48));
   const bool choice = TestoDi(request.question).buttons == Buttons::OkCancel;
   box.setStandardButtons(choice ? QMessageBox::Ok | QMessageBox::Cancel
                                 : QMessageBox::StandardButtons(QMessageBox::Ok));
