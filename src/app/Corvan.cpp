@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "app/AboutBox.h"
+#include "app/RecentMenu.h"
 #include "base/Clock.h"
 #include "base/NumberText.h"
 #include "session/Controls.h"
@@ -55,7 +56,10 @@ Corvan::~Corvan() { session_.view.picture().tela(nullptr); }
 
 void Corvan::creaPannelli() {
   const auto changed = [this] { aggiorna(); };
-  fileIn_ = new FrameFileIn(session_, changed);
+  fileIn_ = new FrameFileIn(session_, [this] {
+    riprendiVista();
+    aggiorna();
+  });
   fileIn_->apriCartella(QDir::currentPath());
   fileOut_ = new FrameFileOut(session_, changed);
   extrema_ = new FrameExtrema(session_, changed);
@@ -129,6 +133,8 @@ void Corvan::creaMenu() {
   voce(file, "LoadFiles", "&Load Floating Electrodes File(s)", QKeySequence::Open, "LoadFiles_Click");
   QAction* LoadGPS = voce(file, "LoadGPS", "Load E&xternal GPS file", QKeySequence("Ctrl+G"), nullptr);
   connect(LoadGPS, &QAction::triggered, this, [this] { leggiTraccia(); });
+  file->addMenu(new RecentMenu(
+      remembered_, [this](const QStringList& files) { leggi(files); }, this));
   file->addSeparator();
   voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, "SaveFileOut_Click");
   voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"), "SaveFileOutTxt_Click");
@@ -166,8 +172,59 @@ void Corvan::creaMenu() {
 
   QAction* info = menuBar()->addAction("Info");
   info->setObjectName("Info");
-  info->setShortcut(QKeySequence::HelpContents);
   connect(info, &QAction::triggered, this, [this] { AboutBox(this).exec(); });
+  QMenu* help = menuBar()->addMenu("&Help");
+  help->setObjectName("Help");
+  connect(voce(help, "Manual", "&Manual", QKeySequence::HelpContents, nullptr), &QAction::triggered, this,
+          [this] { apriManuale(); });
+}
+
+void Corvan::apriManuale() {
+  if (manual_ == nullptr) manual_ = new ManualWindow(this);
+  manual_->apri();
+}
+
+void Corvan::ripristina(QSize usual) {
+  remembered_.ripristinaFinestra(*this, usual);
+  view_->pin()->setChecked(remembered_.vistaFissata());
+  liked_ = remembered_.vista();
+  session_.view.proietta(liked_->perspective ? Projection::Perspective : Projection::Orthographic);
+  riprendiVista();
+  aggiorna();
+  // Started from a folder of surveys, that one is meant; a desktop starts programs at home or at the root.
+  const bool nowhere = QDir::current() == QDir::home() || QDir::current().isRoot();
+  if (nowhere && !remembered_.cartella().isEmpty()) fileIn_->apriCartella(remembered_.cartella());
+}
+
+/// A reading puts the layers back to those of the start: then those that the user likes are shown again. What the
+/// reading has to say on the picture is never hidden.
+void Corvan::riprendiVista() {
+  if (!liked_) return;
+  for (const LayerEntry& layer : LayerTable) {
+    const bool shown = liked_->layers.*layer.flag || layer.flag == &Layers::MostraInfo;
+    if (session_.view.state().layers.*layer.flag != shown) session_.view.mostra(layer.flag, shown);
+  }
+}
+
+ViewPreferences Corvan::vista() const {
+  const ViewState& state = session_.view.state();
+  return {state.layers, state.projection == Projection::Perspective};
+}
+
+void Corvan::closeEvent(QCloseEvent* event) {
+  remembered_.ricordaFinestra(*this);
+  remembered_.ricordaVistaFissata(view_->fissato());
+  remembered_.ricordaVista(vista());
+  remembered_.ricordaCartella(QDir::currentPath());
+  QMainWindow::closeEvent(event);
+}
+
+/// Whichever way a survey was chosen, its files are offered again.
+void Corvan::ricordaLettura() {
+  QStringList files;
+  for (const auto& file : session_.survey.dati().files) files << QString::fromStdU16String(file.path.u16string());
+  if (!files.isEmpty() && files != lastRead_) remembered_.ricordaLettura(files);
+  lastRead_ = files;
 }
 
 void Corvan::leggiTraccia() {
@@ -194,6 +251,8 @@ void Corvan::aggiorna() {
   mostraVista(!view_->isHidden());
   for (const Switch& s : switches_) s.action->setChecked(session_.view.state().layers.*s.layer);
   picture_->update();
+  ricordaLettura();
+  if (liked_) liked_ = vista();
   mostraStato();
 }
 

@@ -1,6 +1,7 @@
 // The main window: menus, panels, picture and status bar around one session.
 #pragma once
 
+#include <optional>
 #include <QAction>
 #include <QLabel>
 #include <QMainWindow>
@@ -11,6 +12,8 @@
 #include "app/FrameFileIn.h"
 #include "app/FrameFileOut.h"
 #include "app/FrameView.h"
+#include "app/ManualWindow.h"
+#include "app/Remembered.h"
 #include "app/SaveOpen.h"
 #include "app/TranslationFrame.h"
 #include "app/WindowDialogs.h"
@@ -25,6 +28,8 @@ class Corvan : public QMainWindow {
   ~Corvan() override;
 
   Session& session() { return session_; }
+  /// Puts the window and the folder shown back to what they were when the program was last closed.
+  void ripristina(QSize usual);
   /// Reads survey files, as if they had been selected and "Read File" pressed.
   void leggi(const QStringList& files) { fileIn_->leggi(files); }
   /// Reads an external track, as if it had been chosen in the dialog of "Load External GPS file".
@@ -34,6 +39,7 @@ class Corvan : public QMainWindow {
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void creaMenu();
@@ -42,6 +48,10 @@ class Corvan : public QMainWindow {
   void creaStato();
   QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, const char* control);
   void aggiorna();
+  void apriManuale();
+  void ricordaLettura();
+  void riprendiVista();
+  ViewPreferences vista() const;
   void mostraStato();
   void mostraPunto(const PuntoPixel& place);
   void disponiVista(const QPoint& pointer);
@@ -50,6 +60,10 @@ class Corvan : public QMainWindow {
   WindowDialogs dialogs_;
   Session session_;
   SaveOpen DialogoFile_;
+  Remembered remembered_;
+  QStringList lastRead_;
+  std::optional<ViewPreferences> liked_;  ///< none in a window that was not put back to what it was
+  ManualWindow* manual_ = nullptr;
 
   FrameFileIn* fileIn_ = nullptr;
   FrameFileOut* fileOut_ = nullptr;

@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLocale>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStorageInfo>
 #include <QVBoxLayout>
@@ -48,7 +47,7 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
     : Frame(session, "FrameFileIn", "File In", std::move(changed)),
       Drive1_(Named(new QComboBox, "Drive1", "Volume")),
       Dir1_(Named(new QListWidget, "Dir1")),
-      File1_(Named(new QListWidget, "File1")),
+      File1_(new FileList([this] { leggiSelezione(); })),
       LatLonCmbx_(Named(new QComboBox, "LatLonCmbx", "Format of the coordinates in the files")),
       Option1_(Named(new QRadioButton("No Filter"), "Option1")),
       Option2_(Named(new QRadioButton("Skip bad GPS"), "Option2")),
@@ -58,7 +57,7 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
       Donelbl_(Named(new QLabel, "Donelbl")) {
   LatLonCmbx_->addItems({"DDMMSS", "DDMM:MMM", "DD.DDDDD", "UTM"});
   LatLonCmbx_->setCurrentIndex(static_cast<int>(session.survey.FrameFileIn.LatLonCmbx));
-  File1_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  rendiChiudibile();
   Drive1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   auto* CancCmd = Named(new QPushButton("Cancel"), "CancCmd");
   auto* ConvertAsciiCmd = Named(new QPushButton("Read File"), "ConvertAsciiCmd");
@@ -101,15 +100,13 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
           [this](int index) { apriCartella(Drive1_->itemData(index).toString()); });
   connect(Dir1_, &QListWidget::itemActivated, this,
           [this](QListWidgetItem* item) { apriCartella(item->data(PathRole).toString()); });
-  connect(File1_, &QListWidget::itemDoubleClicked, this, [this] { leggiSelezione(); });
-  auto* enter = new QShortcut(Qt::Key_Return, File1_, nullptr, nullptr, Qt::WidgetShortcut);
-  connect(enter, &QShortcut::activated, this, [this] { leggiSelezione(); });
   connect(ConvertAsciiCmd, &QPushButton::clicked, this, [this] { leggiSelezione(); });
   connect(CancCmd, &QPushButton::clicked, this, esegui("CancCmd_Click"));
 }
 
 void FrameFileIn::apriCartella(const QString& folder) {
-  if (!QDir(folder).exists() || !QDir::setCurrent(folder)) return;
+  if (!QDir(folder).exists()) return;
+  QDir::setCurrent(folder);  // one that may not be entered is shown all the same: the list says why it is empty
   session().survey.FrameFileIn.Dir1 = Percorso(folder);
   session().survey.FrameFileIn.DonelblVisible = false;
   mostraCartelle();
@@ -139,8 +136,7 @@ void FrameFileIn::mostraCartelle() {
     AggiungiCartella(Dir1_, name, current.absoluteFilePath(name), depth);
   }
   Dir1_->scrollToItem(Dir1_->item(depth - 1));
-  File1_->clear();
-  File1_->addItems(current.entryList(QDir::Files, QDir::Name | QDir::IgnoreCase));
+  File1_->apri(folder);
 }
 
 void FrameFileIn::leggi(const QStringList& files) {
@@ -153,11 +149,7 @@ void FrameFileIn::leggi(const QStringList& files) {
 }
 
 void FrameFileIn::leggiSelezione() {
-  QStringList files;
-  const QDir folder(QString::fromStdU16String(session().survey.FrameFileIn.Dir1.u16string()));
-  for (int row = 0; row < File1_->count(); ++row) {
-    if (File1_->item(row)->isSelected()) files << folder.absoluteFilePath(File1_->item(row)->text());
-  }
+  const QStringList files = File1_->scelti();
   if (!files.isEmpty()) {
     leggi(files);
     return;

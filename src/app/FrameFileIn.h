@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 
+#include "app/FileList.h"
 #include "app/Frame.h"
 
 namespace corvan {
@@ -16,6 +17,7 @@ class FrameFileIn : public Frame {
   FrameFileIn(Session& session, std::function<void()> changed);
 
   void mostra() override;
+  void chiudi() override { esegui("CancCmd_Click")(); }
   /// Shows a folder and makes it the current one, in which outputs without a folder of their own are written.
   void apriCartella(const QString& folder);
   /// Reads these files, as if they had been selected in their folder and "Read File" pressed.
@@ -27,7 +29,7 @@ class FrameFileIn : public Frame {
 
   QComboBox* Drive1_;
   QListWidget* Dir1_;
-  QListWidget* File1_;
+  FileList* File1_;
   QComboBox* LatLonCmbx_;
   QRadioButton* Option1_;
   QRadioButton* Option2_;

@@ -41,6 +41,20 @@ void OrnaTabelle(QTextFrame* frame, const QColor& line) {
   }
 }
 
+/// Room around headings, paragraphs and pictures, and between the lines.
+void SpaziaCapoversi(QTextDocument* document) {
+  for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+    QTextCursor cursor(block);
+    if (cursor.currentTable() != nullptr) continue;
+    QTextBlockFormat format = block.blockFormat();
+    const bool picture = block.begin() != block.end() && block.begin().fragment().charFormat().isImageFormat();
+    if (format.headingLevel() > 1) format.setTopMargin(3 * Unit);
+    format.setBottomMargin(Unit);
+    if (!picture) format.setLineHeight(120, QTextBlockFormat::ProportionalHeight);
+    cursor.setBlockFormat(format);
+  }
+}
+
 void ColoraLegami(QTextDocument* document, const QBrush& colour) {
   std::vector<std::pair<int, int>>
       links;  // first position and the one behind; found first, since colouring joins pieces
@@ -94,6 +108,7 @@ void ManualText::componi() {
   OrnaTabelle(document()->rootFrame(),
               QColor((ink.red() + 2 * ground.red()) / 3, (ink.green() + 2 * ground.green()) / 3,
                      (ink.blue() + 2 * ground.blue()) / 3));
+  SpaziaCapoversi(document());
   headings_.clear();
   pictures_.clear();
   for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {

@@ -21,7 +21,10 @@ ManualWindow::ManualWindow(QWidget* parent, const QString& file)
   setWindowTitle("Corvan - Manual");
   find_->setPlaceholderText("Find (Ctrl+F)");
   find_->setClearButtonEnabled(true);
-  find_->setMaximumWidth(36 * Unit);
+  find_->setFixedWidth(26 * Unit);
+  headings_->setWordWrap(true);
+  headings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  headings_->setSpacing(Unit / 4);
   find_->installEventFilter(this);
   auto* bar = new QHBoxLayout;
   bar->setSpacing(Unit);

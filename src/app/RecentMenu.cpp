@@ -22,11 +22,12 @@ QString Didascalia(const QStringList& files, qsizetype missing) {
 
 }  // namespace
 
-RecentMenu::RecentMenu(Remembered& remembered, std::function<void(const QStringList&)> read)
-    : QMenu("Open &Recent"), remembered_(remembered), read_(std::move(read)) {
+RecentMenu::RecentMenu(Remembered& remembered, std::function<void(const QStringList&)> read, QWidget* parent)
+    : QMenu("Open &Recent", parent), remembered_(remembered), read_(std::move(read)) {
   setObjectName("OpenRecent");
   setToolTipsVisible(true);
   connect(this, &QMenu::aboutToShow, this, [this] { riempi(); });
+  riempi();
 }
 
 void RecentMenu::riempi() {

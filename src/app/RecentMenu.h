@@ -13,7 +13,7 @@ class RecentMenu : public QMenu {
  public:
   /// @param remembered must outlive the menu
   /// @param read takes the files of the survey chosen
-  RecentMenu(Remembered& remembered, std::function<void(const QStringList&)> read);
+  RecentMenu(Remembered& remembered, std::function<void(const QStringList&)> read, QWidget* parent = nullptr);
 
  private:
   void riempi();

@@ -1,7 +1,6 @@
 #include "app/Remembered.h"
 
 #include <algorithm>
-#include <array>
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -10,17 +9,7 @@
 namespace corvan {
 namespace {
 
-struct Layer {
-  const char* key;
-  bool ViewPreferences::*shown;
-};
-constexpr std::array Layers{Layer{"view/electrodes", &ViewPreferences::electrodes},
-                            Layer{"view/track", &ViewPreferences::track},
-                            Layer{"view/depths", &ViewPreferences::depths},
-                            Layer{"view/colourScale", &ViewPreferences::colourScale},
-                            Layer{"view/north", &ViewPreferences::north},
-                            Layer{"view/info", &ViewPreferences::info},
-                            Layer{"view/perspective", &ViewPreferences::perspective}};
+QString Chiave(const LayerEntry& layer) { return QStringLiteral("view/") + layer.name; }
 
 constexpr int Arrangement = 1;  // of bars and docks; another number makes older ones void
 
@@ -53,12 +42,16 @@ void Remembered::ricordaCartella(const QString& folder) { settings_.setValue("fo
 
 ViewPreferences Remembered::vista() const {
   ViewPreferences view;
-  for (const Layer& layer : Layers) view.*layer.shown = vero(layer.key, view.*layer.shown);
+  for (const LayerEntry& layer : LayerTable) {
+    view.layers.*layer.flag = vero(Chiave(layer), view.layers.*layer.flag);
+  }
+  view.perspective = settings_.value("view/projection").toString() == "perspective";
   return view;
 }
 
 void Remembered::ricordaVista(const ViewPreferences& view) {
-  for (const Layer& layer : Layers) settings_.setValue(layer.key, view.*layer.shown);
+  for (const LayerEntry& layer : LayerTable) settings_.setValue(Chiave(layer), view.layers.*layer.flag);
+  settings_.setValue("view/projection", view.perspective ? "perspective" : "orthographic");
 }
 
 std::vector<QStringList> Remembered::recenti() const {

@@ -6,18 +6,14 @@
 #include <QStringList>
 #include <vector>
 
+#include "view3d/Layers.h"
+
 namespace corvan {
 
 /// What the user likes to see.
 struct ViewPreferences {
-  bool electrodes = true;
-  bool track = false;
-  bool depths = false;
-  bool colourScale = false;
-  bool north = false;
-  bool info = true;
+  Layers layers;
   bool perspective = false;
-  bool operator==(const ViewPreferences&) const = default;
 };
 
 /// Each value by itself: one that is missing or damaged counts as its default, and harms no other.

@@ -3,7 +3,7 @@
 #include <iostream>
 #include <QApplication>
 #include <QFileInfo>
-#include <QScreen>
+#include <QIcon>
 #include <span>
 
 #include "app/Corvan.h"
@@ -24,11 +24,10 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("Corvan");
   QApplication::setApplicationVersion(CORVAN_VERSION);
   QApplication::setDesktopFileName("corvan");
+  QApplication::setWindowIcon(QIcon(":/app/corvan.png"));
   corvan::QtDialogs dialogs;
   corvan::Corvan window(dialogs);
-  constexpr int titleBar = 40;  // not part of what is sized here
-  const QSize room = window.screen()->availableSize() - QSize(0, titleBar);
-  window.resize(QSize(1360, 820).boundedTo(room));
+  window.ripristina(QSize(1360, 820));
   window.show();
   QStringList files;
   // Names of files that are not there, too: the reading tells of them.

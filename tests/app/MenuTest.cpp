@@ -3,6 +3,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QSet>
+#include <QTextBrowser>
 #include <QTimer>
 
 #include "app/QtDialogs.h"
@@ -106,8 +107,15 @@ TEST(Shortcuts, EachDoTheirOwnItem) {
   }
   {
     Hand hand({{By::Enter}});
-    w.key("F1");
+    w.choose("Info");
     EXPECT_EQ(hand.titles, std::vector<std::string>{"About Corvan"});
+  }
+  for (int k = 0; k < 2; ++k) {
+    w.key("F1");
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(w.get<QWidget>("ManualWindow")->isVisible());
+    QTest::keyClick(w.get<QTextBrowser>("ManualText"), Qt::Key_Escape);
+    EXPECT_FALSE(w.get<QWidget>("ManualWindow")->isVisible());
   }
   w.key("Ctrl+Q");
   EXPECT_FALSE(w.window.isVisible());

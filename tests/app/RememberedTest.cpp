@@ -11,7 +11,7 @@
 
 #include "app/RecentMenu.h"
 #include "app/Remembered.h"
-#include "support/SurveyFiles.h"
+#include "Window.h"
 
 namespace corvan {
 namespace {
@@ -40,13 +40,19 @@ struct Memory : ::testing::Test {
   }
 };
 
+/// The layers in the order of their keys, and whether the projection is the perspective.
+std::string Shown(const ViewPreferences& view) {
+  std::string shown;
+  for (const LayerEntry& layer : LayerTable) shown += view.layers.*layer.flag ? '1' : '0';
+  return shown + (view.perspective ? " 1" : " 0");
+}
+
 TEST_F(Memory, KeepsEachValueForTheNextStart) {
   EXPECT_EQ(Remembered().cartella(), "");
   EXPECT_TRUE(Remembered().vistaFissata());
   EXPECT_TRUE(Remembered().barraMostrata());
-  EXPECT_EQ(Remembered().vista(), ViewPreferences());
-  EXPECT_TRUE(Remembered().vista().electrodes && Remembered().vista().info);
-  const ViewPreferences liked{false, true, true, true, true, false, true};
+  EXPECT_EQ(Shown(Remembered().vista()), "1000010 0");
+  const ViewPreferences liked{{false, true, true, true, true, false, true}, true};
   {
     Remembered now;
     now.ricordaCartella(path());
@@ -57,16 +63,12 @@ TEST_F(Memory, KeepsEachValueForTheNextStart) {
   EXPECT_EQ(Remembered().cartella(), path());
   EXPECT_FALSE(Remembered().vistaFissata());
   EXPECT_FALSE(Remembered().barraMostrata());
-  EXPECT_EQ(Remembered().vista(), liked);
-  // One at a time: no two share a key.
-  const auto members = {&ViewPreferences::electrodes,  &ViewPreferences::track, &ViewPreferences::depths,
-                        &ViewPreferences::colourScale, &ViewPreferences::north, &ViewPreferences::info,
-                        &ViewPreferences::perspective};
-  for (bool ViewPreferences::*member : members) {
+  EXPECT_EQ(Shown(Remembered().vista()), "0111101 1");
+  for (const LayerEntry& layer : LayerTable) {  // one at a time: no two share a key
     ViewPreferences one = liked;
-    one.*member = !(one.*member);
+    one.layers.*layer.flag = !(one.layers.*layer.flag);
     Remembered().ricordaVista(one);
-    EXPECT_EQ(Remembered().vista(), one);
+    EXPECT_EQ(Shown(Remembered().vista()), Shown(one));
   }
   std::filesystem::remove_all(folder.path());
   EXPECT_EQ(Remembered().cartella(), "") << "a folder that is gone";
@@ -76,13 +78,13 @@ TEST_F(Memory, KeepsEachValueForTheNextStart) {
 TEST_F(Memory, OfDamagedValuesFallsBackToTheUsualOnes) {
   edit(
       "[General]\nfolder=relative/folder\n"
-      "[view]\npinned=7\nelectrodes=maybe\ntrack=@Invalid()\nperspective=\"\"\n"
+      "[view]\npinned=7\nSHelectrodes=maybe\nSH2ndGps=@Invalid()\nprojection=3\n"
       "[window]\ntoolBar=12 px\ngeometry=none\nstate=@ByteArray(\\0\\0\\0\\xff)\n"
       "[recent]\nsize=many\n1\\files=/a\n");
   EXPECT_EQ(Remembered().cartella(), "");
   EXPECT_TRUE(Remembered().vistaFissata());
   EXPECT_TRUE(Remembered().barraMostrata());
-  EXPECT_EQ(Remembered().vista(), ViewPreferences());
+  EXPECT_EQ(Shown(Remembered().vista()), "1000010 0");
   EXPECT_TRUE(Remembered().recenti().empty());
   QMainWindow window;
   Remembered().ripristinaFinestra(window, {700, 500});
@@ -187,6 +189,66 @@ TEST_F(Memory, OffersTheSurveysInAMenu) {
   EXPECT_EQ(open(), "-No survey read yet|-&Clear list");
   EXPECT_TRUE(Remembered().recenti().empty());
   menu.hide();
+}
+
+TEST_F(Memory, OfTheWindowHoldsFromOneStartToTheNext) {
+  {
+    test::Window w;
+    w.tick("ViewPin", false);
+    w.readFirings(2);
+    w.select({"lagoon_1.bin", "lagoon_2.bin"});
+    w.press("ConvertAsciiCmd");
+    w.key("F2");
+    w.key("F5");
+    w.tick("Popt");
+    w.window.setGeometry(30, 50, 1100, 700);
+    w.window.close();
+  }
+  EXPECT_EQ(Remembered().recenti().size(), 2U);
+  EXPECT_EQ(Remembered().cartella(), QFileInfo(test::Samples).absoluteFilePath());
+  test::Window w;
+  std::filesystem::current_path(QDir::homePath().toStdString());  // as a desktop starts programs
+  w.window.ripristina({1024, 680});
+  EXPECT_EQ(w.window.geometry(), QRect(30, 50, 1100, 700));
+  EXPECT_FALSE(w.get<QCheckBox>("ViewPin")->isChecked());
+  EXPECT_EQ(w.get<QListWidget>("File1")->findItems("lagoon_1.bin", Qt::MatchExactly).size(), 1);
+  EXPECT_EQ(w.label("StatusFiles"), "No survey") << "nothing of a reading";
+  auto* recent = w.get<QMenu>("OpenRecent");
+  recent->popup({10, 10});
+  EXPECT_EQ(recent->actions().at(0)->text(), "lagoon_1.bin and 1 more");
+  recent->hide();
+  recent->actions().at(0)->trigger();
+  EXPECT_EQ(w.label("StatusFiles").substr(0, 8), "2 files,");
+  EXPECT_FALSE(w.get<QAction>("SHelectrodes")->isChecked()) << "also after a reading";
+  EXPECT_TRUE(w.get<QAction>("SHcolour")->isChecked());
+  EXPECT_TRUE(w.get<QRadioButton>("Popt")->isChecked());
+  w.key("F5");
+  w.key("F7");
+  recent->actions().at(0)->trigger();
+  EXPECT_FALSE(w.get<QAction>("SHcolour")->isChecked()) << "as it was last";
+  EXPECT_TRUE(w.get<QAction>("SHInfoLabel")->isChecked()) << "what a reading has to say is never hidden";
+  std::filesystem::current_path(w.folder.path());
+  w.window.ripristina({1024, 680});
+  EXPECT_EQ(QDir::currentPath().toStdString(), w.folder.path().string()) << "a start from a folder of surveys means it";
+}
+
+TEST(FileInPanel, IsClosedAndReadInTheOrderShown) {
+  test::Window w;
+  w.select({"lagoon_1.bin", "lagoon_2.bin"});
+  QTest::mouseClick(w.get<QToolButton>("FrameFileIn_Close"), Qt::LeftButton);
+  EXPECT_FALSE(w.shown("FrameFileIn"));
+  w.choose("LoadFiles");
+  QTest::keyClick(w.get<QListWidget>("File1"), Qt::Key_Escape);
+  EXPECT_FALSE(w.shown("FrameFileIn"));
+  w.choose("LoadFiles");
+  auto* list = w.get<QListWidget>("File1");
+  list->clearSelection();
+  list->setCurrentItem(list->findItems("lagoon_2.bin", Qt::MatchExactly).at(0));
+  while (list->currentRow() > 0) QTest::keyClick(list, Qt::Key_Up, Qt::AltModifier);
+  list->findItems("lagoon_1.bin", Qt::MatchExactly).at(0)->setSelected(true);
+  QTest::keyClick(list, Qt::Key_Return);
+  ASSERT_EQ(w.session().survey.dati().files.size(), 2U);
+  EXPECT_EQ(w.session().survey.dati().files[0].path.filename(), "lagoon_2.bin");
 }
 
 }  // namespace
