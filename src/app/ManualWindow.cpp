@@ -1,5 +1,6 @@
 #include "app/ManualWindow.h"
 
+#include <algorithm>
 #include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -22,8 +23,6 @@ ManualWindow::ManualWindow(QWidget* parent, const QString& file)
   find_->setPlaceholderText("Find (Ctrl+F)");
   find_->setClearButtonEnabled(true);
   find_->setFixedWidth(26 * Unit);
-  headings_->setWordWrap(true);
-  headings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   headings_->setSpacing(Unit / 4);
   find_->installEventFilter(this);
   auto* bar = new QHBoxLayout;
@@ -34,7 +33,6 @@ ManualWindow::ManualWindow(QWidget* parent, const QString& file)
   panes->addWidget(headings_);
   panes->addWidget(text_);
   panes->setStretchFactor(1, 1);
-  panes->setSizes({26 * Unit, 90 * Unit});
   panes->setChildrenCollapsible(false);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(Unit, Unit, Unit, Unit);
@@ -45,6 +43,8 @@ ManualWindow::ManualWindow(QWidget* parent, const QString& file)
 
   text_->apri(file);
   creaTitoli();
+  const int titles = std::min(headings_->sizeHintForColumn(0) + 4 * Unit, 40 * Unit);
+  panes->setSizes({titles, 120 * Unit - titles});
   connect(text_, &QTextBrowser::anchorClicked, this, [this](const QUrl& address) { segui(address); });
   connect(find_, &QLineEdit::textChanged, this, [this] { cercaDaQui(); });
   auto* toFind = new QShortcut(QKeySequence::Find, this);
