@@ -78,7 +78,7 @@ TEST_F(Memory, KeepsEachValueForTheNextStart) {
 TEST_F(Memory, OfDamagedValuesFallsBackToTheUsualOnes) {
   edit(
       "[General]\nfolder=relative/folder\n"
-      "[view]\npinned=7\nSHelectrodes=maybe\nSH2ndGps=@Invalid()\nprojection=3\n"
+      "[view]\npinned=7\nSHelectrodes=maybe\nSHcolour=maybe\nSHNord=12 px\nSH2ndGps=@Invalid()\nprojection=3\n"
       "[window]\ntoolBar=12 px\ngeometry=none\nstate=@ByteArray(\\0\\0\\0\\xff)\n"
       "[recent]\nsize=many\n1\\files=/a\n");
   EXPECT_EQ(Remembered().cartella(), "");

@@ -46,7 +46,7 @@ TEST(Start, AnswersWithoutADisplay) {
                             {{"--verison"}, 2, "", "corvan: unknown option --verison\n"},
                             {{"-platform", "offscreen", "-x", "--help"}, 2, "", "corvan: unknown option -x\n"},
                             {{"-platform=offscreen", "-\033[31m"}, 2, "", "corvan: unknown option -\\x1B[31m\n"},
-                            {{"-style", "--version", "--version"}, 0, "corvan", ""}};  // the first one names a style
+                            {{"-style", "-odd", "--version"}, 0, "corvan", ""}};  // "-odd" names a style
   for (const Answered& c : cases) {
     QProcess program;
     auto surroundings = QProcessEnvironment::systemEnvironment();
