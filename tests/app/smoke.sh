@@ -12,6 +12,8 @@ fi
 
 export XDG_RUNTIME_DIR="$shots/runtime"
 mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+XDG_CONFIG_HOME=$(mktemp -d)  # not the user's own settings
+export XDG_CONFIG_HOME
 build=$(realpath "${CORVAN_BUILD:-build/release}")
 samples=$(realpath samples)
 work=$(mktemp -d)
@@ -19,7 +21,7 @@ cp "$samples"/lagoon_*.bin "$work"
 cd "$work"
 "$build/bin/corvan" &
 program=$!
-trap 'kill $program 2>/dev/null || true; rm -rf "$work"' EXIT
+trap 'kill $program 2>/dev/null || true; rm -rf "$work" "$XDG_CONFIG_HOME"' EXIT
 window=$(xdotool search --sync --onlyvisible --name Ardevo | head -n 1)
 xdotool windowmove --sync "$window" 0 0 windowfocus "$window"
 
