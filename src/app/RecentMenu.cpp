@@ -6,11 +6,13 @@
 #include <QTextDocument>
 #include <utility>
 
+#include "app/Frame.h"
+
 namespace corvan {
 namespace {
 
-QString Didascalia(const QStringList& files, qsizetype missing) {
-  QString caption = QFileInfo(files.front()).fileName();
+QString Didascalia(const QFontMetrics& font, const QStringList& files, qsizetype missing) {
+  QString caption = font.elidedText(QFileInfo(files.front()).fileName(), Qt::ElideMiddle, 40 * Unit);
   if (files.size() > 1) caption += QStringLiteral(" and %1 more").arg(files.size() - 1);
   if (missing == files.size()) {
     caption += files.size() == 1 ? " (no longer there)" : " (none is there)";
@@ -44,8 +46,9 @@ void RecentMenu::riempi() {
 
 void RecentMenu::aggiungi(const QStringList& files) {
   const auto missing = std::ranges::count_if(files, [](const QString& file) { return !QFileInfo(file).isFile(); });
-  QAction* action = addAction(Didascalia(files, missing));
-  action->setToolTip(Qt::convertFromPlainText(QDir::toNativeSeparators(QFileInfo(files.front()).absolutePath())));
+  QAction* action = addAction(Didascalia(fontMetrics(), files, missing));
+  action->setToolTip(Qt::convertFromPlainText(QDir::toNativeSeparators(QFileInfo(files.front()).absolutePath()) + '\n' +
+                                              QFileInfo(files.front()).fileName()));
   action->setEnabled(missing < files.size());
   connect(action, &QAction::triggered, this, [this, files] { read_(files); });
 }

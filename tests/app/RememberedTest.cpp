@@ -189,6 +189,12 @@ TEST_F(Memory, OffersTheSurveysInAMenu) {
   EXPECT_EQ(open(), "-No survey read yet|-&Clear list");
   EXPECT_TRUE(Remembered().recenti().empty());
   menu.hide();
+  const QString name = QString(100, 'n') + ".bin";
+  memory.ricordaLettura({file(qPrintable(name))});
+  open();
+  EXPECT_LT(menu.actions().at(0)->text().size(), 80) << "cut in the middle";
+  EXPECT_TRUE(menu.actions().at(0)->toolTip().contains(name)) << "and told whole";
+  menu.hide();
 }
 
 TEST_F(Memory, OfTheWindowHoldsFromOneStartToTheNext) {
