@@ -3,7 +3,9 @@
 
 #include <filesystem>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <QScreen>
 #include <QTest>
@@ -32,6 +34,7 @@ struct Memory : ::testing::Test {
   }
   void edit(const char* text) {
     settings.sync();
+    QDir().mkpath(QFileInfo(settings.fileName()).absolutePath());
     QFile file(settings.fileName());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     file.write(text);
