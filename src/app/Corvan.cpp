@@ -10,7 +10,10 @@
 #include <QVBoxLayout>
 
 #include "app/AboutBox.h"
+#include "app/DroppedFiles.h"
+#include "app/PanelColumn.h"
 #include "app/RecentMenu.h"
+#include "app/ToolBar.h"
 #include "base/Clock.h"
 #include "base/NumberText.h"
 #include "session/Controls.h"
@@ -21,23 +24,6 @@ namespace {
 constexpr int LeftWidth = 33 * Unit;
 constexpr int RightWidth = 29 * Unit;
 
-QVBoxLayout* Colonna(QWidget* column, int width) {
-  column->setFixedWidth(width);
-  auto* layout = new QVBoxLayout(column);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(Unit);
-  return layout;
-}
-
-QStringList Files(const QMimeData& data) {
-  QStringList files;
-  for (const QUrl& url : data.urls()) {
-    if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile()) files << url.toLocalFile();
-  }
-  files.sort(Qt::CaseInsensitive);
-  return files;
-}
-
 }  // namespace
 
 Corvan::Corvan(Dialogs& dialogs) : dialogs_(dialogs, *this), session_(dialogs_, Adesso) {
@@ -45,7 +31,7 @@ Corvan::Corvan(Dialogs& dialogs) : dialogs_(dialogs, *this), session_(dialogs_, 
   setWindowTitle("Ardevo - Corvan Data Pre-Process");
   setWindowIcon(QIcon(":/app/corvan.png"));
   setAcceptDrops(true);
-  setMinimumSize(1024, 680);
+  setMinimumSize(512, 340);
   creaPannelli();
   creaStato();
   creaMenu();
@@ -68,18 +54,8 @@ void Corvan::creaPannelli() {
   depthMove_ = TranslationFrame::fondo(session_, changed);
   picture_ = new CoordPic(session_, changed, [this](const PuntoPixel& place) { mostraPunto(place); });
 
-  left_ = new QWidget;
-  QVBoxLayout* left = Colonna(left_, LeftWidth);
-  left->addWidget(fileIn_, 1);
-  left->addWidget(fileOut_);
-  left->addWidget(extrema_);
-  left->addStretch(0);
-  right_ = new QWidget;
-  QVBoxLayout* right = Colonna(right_, RightWidth);
-  right->addWidget(view_);
-  right->addWidget(dataMove_);
-  right->addWidget(depthMove_);
-  right->addStretch(1);
+  left_ = new PanelColumn("LeftColumn", LeftWidth, {fileIn_, fileOut_, extrema_}, fileIn_);
+  right_ = new PanelColumn("RightColumn", RightWidth, {view_, dataMove_, depthMove_}, nullptr);
 
   auto* centre = new QWidget;
   auto* layout = new QHBoxLayout(centre);
@@ -115,58 +91,73 @@ void Corvan::creaStato() {
 }
 
 QAction* Corvan::voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
-                      const char* control) {
+                      const std::function<void()>& run) {
   QAction* action = menu->addAction(caption);
   action->setObjectName(QLatin1String(name));
   action->setShortcut(key);
-  if (control == nullptr) return action;
-  connect(action, &QAction::triggered, this, [this, control] {
+  connect(action, &QAction::triggered, this, run);
+  return action;
+}
+
+QAction* Corvan::voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
+                      const char* control) {
+  return voce(menu, name, caption, key, [this, control = std::string(control)] {
     EseguiControllo(session_, control);
     aggiorna();
   });
-  return action;
 }
 
 void Corvan::creaMenu() {
   QMenu* file = menuBar()->addMenu("&File");
   file->setObjectName("File");
-  voce(file, "LoadFiles", "&Load Floating Electrodes File(s)", QKeySequence::Open, "LoadFiles_Click");
-  QAction* LoadGPS = voce(file, "LoadGPS", "Load E&xternal GPS file", QKeySequence("Ctrl+G"), nullptr);
-  connect(LoadGPS, &QAction::triggered, this, [this] { leggiTraccia(); });
+  const auto open = [this](const char* control, Frame* panel) {
+    return [this, control = std::string(control), panel] {
+      EseguiControllo(session_, control);
+      aggiorna();
+      panel->inizia();
+    };
+  };
+  voce(file, "LoadFiles", "&Load Floating Electrodes File(s)", QKeySequence::Open, open("LoadFiles_Click", fileIn_));
+  voce(file, "LoadGPS", "Load E&xternal GPS file", QKeySequence("Ctrl+G"), [this] { leggiTraccia(); });
+  voce(file, "ReadSelected", "&Read Selected File(s)", QKeySequence("Ctrl+Shift+R"),
+       [this] { fileIn_->leggiScelti(); });
+  voce(file, "AddFiles", "&Add Selected File(s) to Survey", QKeySequence("Ctrl+Shift+A"),
+       [this] { fileIn_->aggiungi(); });
   file->addMenu(new RecentMenu(
       remembered_, [this](const QStringList& files) { leggi(files); }, this));
   file->addSeparator();
-  voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, "SaveFileOut_Click");
-  voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"), "SaveFileOutTxt_Click");
-  voce(file, "SaveEcho", "Save &EchoSounder Profile", QKeySequence("Ctrl+E"), "SaveEcho_Click");
+  voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, open("SaveFileOut_Click", fileOut_));
+  voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"),
+       open("SaveFileOutTxt_Click", fileOut_));
+  voce(file, "SaveEcho", "Save &EchoSounder Profile", QKeySequence("Ctrl+E"), open("SaveEcho_Click", fileOut_));
   file->addSeparator();
-  QAction* exit = voce(file, "Exit", "E&xit", QKeySequence("Ctrl+Q"), nullptr);
-  connect(exit, &QAction::triggered, this, &QWidget::close);
+  voce(file, "Exit", "E&xit", QKeySequence("Ctrl+Q"), [this] { close(); });
 
   QMenu* operation = menuBar()->addMenu("Operation");
   operation->setObjectName("Operation");
+  undo_ = voce(operation, "Undo", "&Undo", QKeySequence::Undo, "Undo_Click");
+  operation->addSeparator();
   voce(operation, "LinkToGPST", "Link Data to External GPS by Time", QKeySequence("Ctrl+L"), "LinkToGPST_Click");
   voce(operation, "LinkToGPSP", "Link Data to External GPS by Pos.", {}, "LinkToGPSP_Click");
   operation->addSeparator();
   voce(operation, "SetUtmZone", "Set UTM Zone", QKeySequence("Ctrl+U"), "SetUtmZone_Click");
   voce(operation, "CableConf", "Set Cable Configuration", QKeySequence("Ctrl+K"), "CableConf_Click");
   operation->addSeparator();
-  QAction* first = voce(operation, "SelFirst", "Select First Data", QKeySequence("Ctrl+1"), "SelFirst_Click");
-  connect(first, &QAction::triggered, this, [this] { extrema_->primo(); });
+  voce(operation, "SelFirst", "Select First Data", QKeySequence("Ctrl+1"), open("SelFirst_Click", extrema_));
   voce(operation, "SelectLast", "Select Last Data", QKeySequence("Ctrl+2"), "SelectLast_Click");
 
   QMenu* image = menuBar()->addMenu("Image");
   image->setObjectName("Image");
   for (const LayerEntry& layer : LayerTable) {
     const std::string control = std::string(layer.name) + "_Click";
-    QAction* action = voce(image, layer.name, layer.caption, QKeySequence(layer.key), nullptr);
+    QAction* action = voce(image, layer.name, layer.caption, QKeySequence(layer.key), control.c_str());
     action->setCheckable(true);
-    connect(action, &QAction::triggered, this, [this, control] {
-      EseguiControllo(session_, control);
-      aggiorna();
-    });
     switches_.push_back({action, layer.flag});
   }
+  image->addSeparator();
+  voce(image, "MapView", "&Map View", QKeySequence("Ctrl+Shift+M"), "Mopt_Click");
+  voce(image, "ObliqueView", "&Oblique View", QKeySequence("Ctrl+Shift+O"), "Oblique_Click");
+  voce(image, "FrameSurvey", "&Whole Survey", QKeySequence("Ctrl+Shift+F"), "Frame_Click");
   image->addSeparator();
   voce(image, "SetRange", "Set Colour Scale Range", QKeySequence("Ctrl+R"), "SetRange_Click");
 
@@ -175,8 +166,13 @@ void Corvan::creaMenu() {
   connect(info, &QAction::triggered, this, [this] { AboutBox(this).exec(); });
   QMenu* help = menuBar()->addMenu("&Help");
   help->setObjectName("Help");
-  connect(voce(help, "Manual", "&Manual", QKeySequence::HelpContents, nullptr), &QAction::triggered, this,
-          [this] { apriManuale(); });
+  voce(help, "Manual", "&Manual", QKeySequence::HelpContents, [this] { apriManuale(); });
+  bar_ = CreaBarra(*this);
+  image->addSeparator();
+  QAction* shown = bar_->toggleViewAction();
+  shown->setObjectName("ShowToolBar");
+  shown->setText("Show &Tool Bar");
+  image->addAction(shown);
 }
 
 void Corvan::apriManuale() {
@@ -187,6 +183,7 @@ void Corvan::apriManuale() {
 void Corvan::ripristina(QSize usual) {
   remembered_.ripristinaFinestra(*this, usual);
   view_->pin()->setChecked(remembered_.vistaFissata());
+  bar_->setVisible(remembered_.barraMostrata());
   liked_ = remembered_.vista();
   session_.view.proietta(liked_->perspective ? Projection::Perspective : Projection::Orthographic);
   riprendiVista();
@@ -214,6 +211,7 @@ ViewPreferences Corvan::vista() const {
 void Corvan::closeEvent(QCloseEvent* event) {
   remembered_.ricordaFinestra(*this);
   remembered_.ricordaVistaFissata(view_->fissato());
+  remembered_.ricordaBarraMostrata(!bar_->isHidden());
   remembered_.ricordaVista(vista());
   remembered_.ricordaCartella(QDir::currentPath());
   QMainWindow::closeEvent(event);
@@ -231,8 +229,19 @@ void Corvan::leggiTraccia() {
   DialogoFile_.DialogTitle = "Select GPS file (Lat, Lon, Depth)";
   DialogoFile_.IDir = QDir::currentPath();
   DialogoFile_.FileName.clear();
-  if (!DialogoFile_.FOpen()) return;
-  leggiTraccia(DialogoFile_.FileName);
+  if (DialogoFile_.FOpen()) leggiTracce(DialogoFile_.GetFileNames());
+}
+
+/// There is one external track at a time: of several files the first is read, and the others are told.
+void Corvan::leggiTracce(const QStringList& files) {
+  if (files.isEmpty()) return;
+  leggiTraccia(files.front());
+  if (files.size() == 1) return;
+  QStringList left;
+  for (const QString& file : files.mid(1)) left << QFileInfo(file).fileName();
+  session_.findings().fault("LeggiGPSEsterno", "not read: there is one external track at a time, and another was first",
+                            left.join(", ").toStdString());
+  aggiorna();
 }
 
 void Corvan::leggiTraccia(const QString& file) {
@@ -241,14 +250,20 @@ void Corvan::leggiTraccia(const QString& file) {
 }
 
 void Corvan::aggiorna() {
+  const QWidget* focus = focusWidget();
   for (Frame* frame : {static_cast<Frame*>(fileIn_), static_cast<Frame*>(fileOut_), static_cast<Frame*>(extrema_),
                        static_cast<Frame*>(view_), static_cast<Frame*>(dataMove_), static_cast<Frame*>(depthMove_)}) {
     frame->mostra();
   }
+  // The focus of a panel that closes goes to the picture, not to whichever control comes next.
+  if (focus != nullptr && !focus->isVisible()) picture_->setFocus();
   const bool anyLeft = session_.survey.FrameFileIn.visible || session_.exporter.FrameFileOut.visible ||
                        session_.selection.FrameExtrema.visible;
   left_->setVisible(anyLeft);
   mostraVista(!view_->isHidden());
+  const QString undo = QString::fromStdString(session_.annullabile());
+  undo_->setText(undo.isEmpty() ? QString("&Undo") : "&Undo " + undo);
+  undo_->setEnabled(!undo.isEmpty());
   for (const Switch& s : switches_) s.action->setChecked(session_.view.state().layers.*s.layer);
   picture_->update();
   ricordaLettura();
@@ -317,12 +332,15 @@ void Corvan::resizeEvent(QResizeEvent* event) {
 }
 
 void Corvan::dragEnterEvent(QDragEnterEvent* event) {
-  if (!Files(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+  if (!Lasciati(*event->mimeData()).empty()) event->acceptProposedAction();
 }
 
 void Corvan::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  leggi(Files(*event->mimeData()));
+  const DroppedFiles dropped = Lasciati(*event->mimeData());
+  if (!dropped.folder.isEmpty()) fileIn_->apri(dropped.folder);
+  if (!dropped.surveys.isEmpty()) leggi(dropped.surveys);
+  leggiTracce(dropped.tracks);
 }
 
 }  // namespace corvan

@@ -1,10 +1,12 @@
 // The main window: menus, panels, picture and status bar around one session.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <QAction>
 #include <QLabel>
 #include <QMainWindow>
+#include <QToolBar>
 #include <vector>
 
 #include "app/CoordPic.h"
@@ -44,8 +46,11 @@ class Corvan : public QMainWindow {
  private:
   void creaMenu();
   void leggiTraccia();
+  void leggiTracce(const QStringList& files);
   void creaPannelli();
   void creaStato();
+  QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
+                const std::function<void()>& run);
   QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, const char* control);
   void aggiorna();
   void apriManuale();
@@ -80,6 +85,8 @@ class Corvan : public QMainWindow {
     bool Layers::*layer;
   };
   std::vector<Switch> switches_;
+  QAction* undo_ = nullptr;
+  QToolBar* bar_ = nullptr;
   QLabel *filesLbl_ = nullptr, *placeLbl_ = nullptr, *pointLbl_ = nullptr, *noteLbl_ = nullptr;
   std::size_t outputsShown_ = 0;
 };

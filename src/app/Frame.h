@@ -23,6 +23,8 @@ class Frame : public QGroupBox {
 
   /// Puts the session's state into the controls.
   virtual void mostra() = 0;
+  /// Puts the focus where the user types next.
+  virtual void inizia() {}
   /// What the close mark and Escape do: hides the panel. One that has a command for it calls that instead.
   virtual void chiudi() { hide(); }
 

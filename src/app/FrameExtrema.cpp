@@ -24,6 +24,7 @@ FrameExtrema::FrameExtrema(Session& session, std::function<void()> changed)
       E1Txt_(NumberBox("E1Txt", "Set the first extrema of the selection")),
       SecondoLbl_(Descrizione("SecondoLbl")),
       E2txt_(NumberBox("E2txt", "Set the second extrema of the selection")) {
+  rendiChiudibile();
   auto* grid = new QGridLayout(this);
   grid->setSpacing(Unit);
   int row = 0;
@@ -41,6 +42,16 @@ FrameExtrema::FrameExtrema(Session& session, std::function<void()> changed)
       invio(control, box);
     });
   }
+}
+
+void FrameExtrema::inizia() {
+  E1Txt_->setFocus();
+  E1Txt_->selectAll();
+}
+
+void FrameExtrema::chiudi() {
+  session().selection.FrameExtrema.visible = false;
+  changed();
 }
 
 void FrameExtrema::mostra() {

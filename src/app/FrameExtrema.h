@@ -11,7 +11,8 @@ class FrameExtrema : public Frame {
  public:
   FrameExtrema(Session& session, std::function<void()> changed);
   void mostra() override;
-  void primo() { E1Txt_->setFocus(); }
+  void inizia() override;
+  void chiudi() override;
 
  private:
   QLabel* PrimoLbl_;

@@ -60,8 +60,11 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   rendiChiudibile();
   Drive1_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   auto* CancCmd = Named(new QPushButton("Cancel"), "CancCmd");
-  auto* ConvertAsciiCmd = Named(new QPushButton("Read File"), "ConvertAsciiCmd");
-  ConvertAsciiCmd->setDefault(true);
+  auto* AddCmd =
+      Named(new QPushButton("Add Files"), "AddCmd", "Read the survey's files and the selected ones behind them");
+  auto* ConvertAsciiCmd =
+      Named(new QPushButton("Read File"), "ConvertAsciiCmd", "Read the selected files in the order shown");
+  CancCmd->setToolTip("Close without reading");
 
   auto* format = new QLabel("Coordinates");
   format->setBuddy(LatLonCmbx_);
@@ -74,8 +77,9 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
                           static_cast<QWidget*>(Option3_), static_cast<QWidget*>(pastGaps_)}) {
     grid->addWidget(choice, row++, 0, 1, 2);
   }
-  grid->addWidget(CancCmd, row, 0);
-  grid->addWidget(ConvertAsciiCmd, row, 1);
+  grid->addWidget(AddCmd, row, 0);
+  grid->addWidget(ConvertAsciiCmd, row++, 1);
+  grid->addWidget(CancCmd, row, 1);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
   auto* layout = new QVBoxLayout(this);
@@ -101,6 +105,7 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   connect(Dir1_, &QListWidget::itemActivated, this,
           [this](QListWidgetItem* item) { apriCartella(item->data(PathRole).toString()); });
   connect(ConvertAsciiCmd, &QPushButton::clicked, this, [this] { leggiSelezione(); });
+  connect(AddCmd, &QPushButton::clicked, this, [this] { aggiungi(); });
   connect(CancCmd, &QPushButton::clicked, this, esegui("CancCmd_Click"));
 }
 
@@ -111,6 +116,32 @@ void FrameFileIn::apriCartella(const QString& folder) {
   session().survey.FrameFileIn.DonelblVisible = false;
   mostraCartelle();
   mostra();
+}
+
+void FrameFileIn::apri(const QString& folder) {
+  apriCartella(folder);
+  mostraPerScegliere();
+}
+
+void FrameFileIn::leggiScelti() {
+  const QStringList files = File1_->scelti();
+  files.isEmpty() ? mostraPerScegliere() : leggi(files);
+}
+
+void FrameFileIn::mostraPerScegliere() {
+  session().survey.FrameFileIn.visible = true;
+  changed();
+  inizia();
+}
+
+void FrameFileIn::aggiungi() {
+  const QStringList files = File1_->scelti();
+  if (files.isEmpty()) return mostraPerScegliere();
+  std::vector<std::filesystem::path> paths;
+  for (const QString& file : files) paths.push_back(Percorso(file));
+  session().findings().comincia("Add Files");
+  session().aggiungi(paths);
+  changed();
 }
 
 void FrameFileIn::mostraCartelle() {

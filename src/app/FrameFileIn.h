@@ -22,9 +22,18 @@ class FrameFileIn : public Frame {
   void apriCartella(const QString& folder);
   /// Reads these files, as if they had been selected in their folder and "Read File" pressed.
   void leggi(const QStringList& files);
+  /// Reads the selected files; none selected empties the survey.
+  void leggiSelezione();
+  /// The same, but shows the panel where nothing is selected.
+  void leggiScelti();
+  /// Reads the files of the survey and the selected ones behind them as one batch.
+  void aggiungi();
+  /// Shows the panel with a folder.
+  void apri(const QString& folder);
+  void inizia() override { File1_->setFocus(); }
 
  private:
-  void leggiSelezione();
+  void mostraPerScegliere();
   void mostraCartelle();
 
   QComboBox* Drive1_;

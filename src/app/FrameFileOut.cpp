@@ -8,6 +8,7 @@ namespace corvan {
 FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
     : Frame(session, "FrameFileOut", "File Out", std::move(changed)),
       FileOutTxt_(Named(new QLineEdit, "FileOutTxt", "Set root file name without the extension")) {
+  rendiChiudibile();
   auto* FileOutLbl = Named(new QLabel("File Name Root"), "FileOutLbl");
   FileOutLbl->setBuddy(FileOutTxt_);
   auto* grid = new QGridLayout(this);
@@ -22,8 +23,9 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
   add(2, 1, 1, aggiungi("TxtChk", ".TXT", &OutputPanel::TxtChk, "Export section in IRIS Corvan .TXT format"));
   add(3, 0, 1,
       aggiungi("EchoZChk", ".ECS", &OutputPanel::EchoZChk, "Save the Echo Sounder profile .ECS (UTMx, UTMy, Depth)"));
-  add(3, 1, 1, aggiungi("KMLchk", ".KML", &OutputPanel::KMLchk));
-  add(4, 0, 1, aggiungi("TPGChk", ".TPG", &OutputPanel::TPGChk));
+  add(3, 1, 1, aggiungi("KMLchk", ".KML", &OutputPanel::KMLchk, "Export the section as a curtain for virtual globes"));
+  add(4, 0, 1,
+      aggiungi("TPGChk", ".TPG", &OutputPanel::TPGChk, "No file is written: the format is gone, its box is kept"));
   add(5, 0, 2,
       aggiungi("TruePosChk", "True Position", &OutputPanel::TruePosChk,
                "Correct UTM data for distance between syscal and current electrodes"));
@@ -34,6 +36,7 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
   grid->setColumnStretch(1, 1);
 
   connect(SaveOutCmd, &QPushButton::clicked, this, esegui("SaveOutCmd_Click"));
+  connect(FileOutTxt_, &QLineEdit::returnPressed, this, esegui("SaveOutCmd_Click"));
   connect(FileOutTxt_, &QLineEdit::textChanged, this,
           [this](const QString& text) { this->session().exporter.FrameFileOut.FileOutTxt = text.toStdString(); });
 }
@@ -43,6 +46,16 @@ FrameFileOut::Choice FrameFileOut::aggiungi(const char* name, const QString& cap
   auto* box = Named(new QCheckBox(caption), name, toolTip);
   connect(box, &QCheckBox::toggled, this, [this, value](bool on) { session().exporter.FrameFileOut.*value = on; });
   return {box, value};
+}
+
+void FrameFileOut::inizia() {
+  FileOutTxt_->setFocus();
+  FileOutTxt_->selectAll();
+}
+
+void FrameFileOut::chiudi() {
+  session().exporter.FrameFileOut.visible = false;
+  changed();
 }
 
 void FrameFileOut::mostra() {

@@ -11,6 +11,8 @@ class FrameFileOut : public Frame {
  public:
   FrameFileOut(Session& session, std::function<void()> changed);
   void mostra() override;
+  void inizia() override;
+  void chiudi() override;
 
  private:
   struct Choice {

@@ -13,6 +13,7 @@ class FrameView : public Frame {
  public:
   FrameView(Session& session, std::function<void()> changed);
   void mostra() override;
+  void chiudi() override;
   /// Stays at the window's edge; else it shows itself only while the pointer is near.
   bool fissato() const { return pin_->isChecked(); }
   QCheckBox* pin() const { return pin_; }
@@ -20,7 +21,7 @@ class FrameView : public Frame {
  private:
   struct Row {
     const char *check, *minus, *box, *plus;
-    const char *caption, *boxTip, *buttonTip;
+    const char *caption, *boxTip, *lessTip, *moreTip;
     bool ViewPanel::*free;  ///< the mouse may change it; none for the zoom
     std::string ViewPanel::*text;
     const char *less, *more, *enter;  ///< the controls

@@ -9,7 +9,7 @@ namespace corvan {
 class TranslationFrame : public Frame {
  public:
   struct Axis {
-    const char *caption, *minus, *box, *plus, *toolTip;
+    const char *caption, *minus, *box, *plus, *toolTip, *lessTip, *moreTip;
     std::string TranslationPanel::*text;
     const char *less, *more, *enter;  ///< the controls
   };
@@ -20,6 +20,7 @@ class TranslationFrame : public Frame {
   static TranslationFrame* fondo(Session& session, std::function<void()> changed);
 
   void mostra() override;
+  void chiudi() override;
 
  private:
   struct Box {

@@ -121,6 +121,8 @@ constexpr std::array Table{
     Control{"Mopt_Click", nullptr, [](S& s, T) { s.view.mappa(); }},
     Control{"TopViewCmd_Click", nullptr, DaSopra},
     Control{"ResCmd_Click", nullptr, [](S& s, T) { s.view.ricentra(); }},
+    Control{"Oblique_Click", nullptr, [](S& s, T) { s.view.obliqua(); }},
+    Control{"Frame_Click", nullptr, [](S& s, T) { s.view.inquadra(); }},
     Control{"SaveCmd_Click", "Save Current Picture", [](S& s, T) { s.salvaImmagine(); }},
 
     Control{"SHelectrodes_Click", nullptr, Alterna<&Layers::MostraElettrodi>},

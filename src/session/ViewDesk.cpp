@@ -70,6 +70,15 @@ void ViewDesk::mappa() {
   proietta(Projection::Orthographic);
 }
 
+void ViewDesk::obliqua() {
+  constexpr double theta = 120.0, phi = 25.0;
+  picture_.view().AngoloVista = InRadianti(theta);
+  picture_.view().AngoloPhi = InRadianti(phi);
+  picture_.view().AngoloGamma = 0.0;
+  mostraAngoli();
+  picture_.disegna();
+}
+
 void ViewDesk::daSopra(double phi) {
   ViewState& view = picture_.view();
   view.AngoloVista = InRadianti(90.0);
