@@ -233,6 +233,7 @@ void FileList::leggi() {
 void FileList::keyPressEvent(QKeyEvent* event) {
   const bool arrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (selectedItems().isEmpty() && !failed_ && currentItem() != nullptr) currentItem()->setSelected(true);
     leggi();
   } else if (event->key() == Qt::Key_Escape && carrying_) {
     posa();
