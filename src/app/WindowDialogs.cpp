@@ -6,8 +6,7 @@
 namespace corvan {
 namespace {
 
-constexpr qint64 Patience = 1000;  // ms that nobody minds waiting without a word
-constexpr int Grain = 1000;        // steps of the bar
+constexpr int Grain = 1000;  // steps of the bar
 
 QString Text(const ProgressStep& step) {
   return QStringLiteral("%1 %2 (%3 of %4)")
@@ -36,7 +35,7 @@ bool WindowDialogs::Avanzamento(const ProgressStep& step) {
     return true;
   }
   if (!working_) inizia();
-  if (since_.elapsed() >= Patience) mostra(step);
+  if (since_.elapsed() >= patience_) mostra(step);
   // Only the bar takes input: its window is modal.
   QCoreApplication::processEvents(bar_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
   return !bar_ || !bar_->wasCanceled();

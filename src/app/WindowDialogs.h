@@ -14,7 +14,9 @@ namespace corvan {
 class WindowDialogs : public Dialogs {
  public:
   /// @param inner asks the questions; must outlive this @param window stands behind what is shown
-  WindowDialogs(Dialogs& inner, QWidget& window) : inner_(inner), window_(window) {}
+  /// @param patience ms that nobody minds waiting without a word
+  WindowDialogs(Dialogs& inner, QWidget& window, qint64 patience = 1000)
+      : inner_(inner), window_(window), patience_(patience) {}
   ~WindowDialogs() override;
 
   Answer MsgBox(const MessageRequest& request) override;
@@ -28,6 +30,7 @@ class WindowDialogs : public Dialogs {
 
   Dialogs& inner_;
   QWidget& window_;
+  qint64 patience_;
   bool working_ = false;
   QElapsedTimer since_;
   std::unique_ptr<QProgressDialog> bar_;
