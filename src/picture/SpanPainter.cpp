@@ -156,6 +156,18 @@ void SpanPainter::fill(const PixelQuad& quad, std::int32_t first, std::int32_t l
   for (std::int32_t y = first; y <= last; ++y) row(y, spans[y].low, spans[y].high, quad.colour | Opaque);
 }
 
+bool Copre(const std::array<PuntoPixel, 4>& corner, const PuntoPixel& pixel) {
+  std::int32_t left = std::numeric_limits<std::int32_t>::max(), right = std::numeric_limits<std::int32_t>::min();
+  const auto widen = [&](std::int32_t, std::int32_t low, std::int32_t high) {
+    left = std::min(left, low);
+    right = std::max(right, high);
+  };
+  for (std::size_t i = 0; i < corner.size(); ++i) {
+    PercorriLinea<std::int64_t>(Tenuto(corner[i]), Tenuto(corner[(i + 1) % corner.size()]), pixel.Y, pixel.Y, widen);
+  }
+  return left <= pixel.X && pixel.X <= right;
+}
+
 void SpanPainter::marks(std::span<const PuntoPixel> centres, MarkerShape shape, std::int32_t radius, Colour colour) {
   std::vector<std::int32_t> half;  // pixels beside the centre in the rows -radius..radius
   for (std::int32_t dy = -radius; dy <= radius; ++dy) {

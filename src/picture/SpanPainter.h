@@ -1,6 +1,7 @@
 // Paints boxes, lines, quadrilaterals and marks into a picture in memory, span by span.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -38,5 +39,8 @@ class SpanPainter {
   PixelBuffer buffer_;
   std::vector<Span> spans_;  // of the rows of the quadrilateral at work
 };
+
+/// A quadrilateral, painted, has this pixel.
+bool Copre(const std::array<PuntoPixel, 4>& corner, const PuntoPixel& pixel);
 
 }  // namespace corvan

@@ -4,29 +4,17 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <optional>
 #include <thread>
 
 #include "base/Rounding.h"
+#include "view3d/ColumnShape.h"
 #include "view3d/DepthOrder.h"
-#include "view3d/Projector.h"
 
 namespace corvan {
 namespace {
 
 constexpr double Ambiente = 0.3;             // share of the light that comes from everywhere
 constexpr std::size_t SharedColumns = 8192;  // from here on two cores share them: a thread costs as much as 300 do
-constexpr std::size_t Edges = MaxChannels + 1;
-constexpr std::size_t Lanes = 12;  // edges and a spare one: whole groups for the processor's vector units
-
-/// One side of a column: its points at the edges of the levels, rotated and projected. An array a coordinate, so that
-/// the loops over levels run in vector units (twice as fast as an array of points).
-struct Side {
-  std::array<float, Lanes> x, y, z;
-  std::array<std::int32_t, Lanes> px, py;
-
-  PuntoPixel pixel(std::size_t k) const { return {px[k], py[k]}; }
-};
 
 /// Smallest box around the outer corners of a column or the corners of a cell.
 struct PixelBox {
@@ -47,7 +35,7 @@ struct PixelBox {
 
 /// Share of its colour that each cell of a column shows: 1 facing the light, which comes along the viewing depth
 /// (0, 1, 0), 0.3 edge-on. Both faces are lit alike. The normal is that of the first two corners about the middle.
-void Illumina(const Side& before, const Side& behind, std::array<double, MaxChannels>& light) {
+void Illumina(const ColumnSide& before, const ColumnSide& behind, std::array<double, MaxChannels>& light) {
   const auto middle = [](float p, float q, float r, float s) {
     return static_cast<float>((static_cast<double>(p) + q + r + s) / 4.0);
   };
@@ -84,23 +72,20 @@ void Colora(const CellColumn& column, const ColourLookup& scale, const std::arra
 class Pass {
  public:
   Pass(const Curtain& cells, const ViewState& view, const ColourRange& colours)
-      : view_(view), projector_(view), scale_(colours) {
-    std::copy(cells.z.begin(), cells.z.end(), z_.begin());
-  }
+      : view_(view), shape_(cells, view), scale_(colours) {}
 
   /// Writes the column's cells behind the `count` that are in the lists. @return how many there are then
   std::size_t column(const CellColumn& column, std::size_t count, PixelQuad* quads, DepthKey* order) {
     if (!column.present) return count;
     const bool straight = view_.projection == Projection::Orthographic;
-    if (straight && fuori(column)) return count;
-    if (!lato(column.x1, column.y1, before_) || !lato(column.x2, column.y2, behind_)) return count;
-    Illumina(before_, behind_, light_);
+    if ((straight && fuori(column)) || !shape_.prendi(column)) return count;
+    Illumina(shape_.before(), shape_.behind(), light_);
     Colora(column, scale_, light_, colours_);
     for (std::size_t k = 0; k < MaxChannels; ++k) {
       PixelQuad& quad = quads[count];
-      quad = {{before_.pixel(k), behind_.pixel(k), behind_.pixel(k + 1), before_.pixel(k + 1)}, colours_[k]};
+      quad = {shape_.corners(k), colours_[k]};
       const PixelBox box(quad.corner[0], quad.corner[1], quad.corner[2], quad.corner[3]);
-      order[count] = ChiaveProfondita(before_.y[k], count);
+      order[count] = ChiaveProfondita(shape_.before().y[k], count);
       const bool painted = std::isfinite(column.rho[k]) && !box.outside(view_.AreaPixel, 0);
       count += painted ? 1U : 0U;
     }
@@ -111,37 +96,16 @@ class Pass {
   /// The four outer corners of the column lie to one side of the picture. What is between them does too, since the
   /// projection is straight; one pixel of margin covers the roundings.
   bool fuori(const CellColumn& c) const {
-    const auto at = [&](float x, float y, float z) { return projector_.ortogonale(projector_.ruota({x, y, z, 0.0F})); };
-    const float top = z_.front(), bottom = z_[MaxChannels];
+    const Projector& projector = shape_.projector();
+    const auto at = [&](float x, float y, float z) { return projector.ortogonale(projector.ruota({x, y, z, 0.0F})); };
+    const float top = shape_.top(), bottom = shape_.bottom();
     const PixelBox box(at(c.x1, c.y1, top), at(c.x2, c.y2, top), at(c.x2, c.y2, bottom), at(c.x1, c.y1, bottom));
     return box.outside(view_.AreaPixel, 1);
   }
 
-  bool lato(float x, float y, Side& side) const {
-    for (std::size_t k = 0; k < Lanes; ++k) {
-      const Punto3D turned = projector_.ruota({x, y, z_[k], 0.0F});
-      side.x[k] = turned.x;
-      side.y[k] = turned.y;
-      side.z[k] = turned.z;
-    }
-    if (view_.projection == Projection::Orthographic) {
-      projector_.ortogonali(side.x, side.z, side.px, side.py);
-      return true;
-    }
-    for (std::size_t k = 0; k < Edges; ++k) {
-      const std::optional<PuntoPixel> seen = projector_.proietta({side.x[k], side.y[k], side.z[k], 0.0F});
-      if (!seen) return false;
-      side.px[k] = seen->X;
-      side.py[k] = seen->Y;
-    }
-    return true;
-  }
-
   const ViewState& view_;
-  Projector projector_;
+  ColumnShape shape_;
   ColourLookup scale_;
-  std::array<float, Lanes> z_{};
-  Side before_{}, behind_{};
   std::array<double, MaxChannels> light_{};
   std::array<Colour, MaxChannels> colours_{};
 };
