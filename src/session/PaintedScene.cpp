@@ -1,5 +1,7 @@
 #include "session/PaintedScene.h"
 
+#include <utility>
+
 #include "base/ErrorTrap.h"
 
 namespace corvan {
@@ -12,16 +14,33 @@ void PaintedScene::tela(Canvas* canvas) {
 }
 
 void PaintedScene::dipingi() {
-  if (canvas_ == nullptr || !stale_) return;
-  stale_ = false;
-  Trappola(findings_, "DisegnaImmagineQ",
-           [this] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes_, *canvas_); });
+  if (canvas_ == nullptr) return;
+  const Wanted wanted = std::exchange(wanted_, Wanted::Nothing);
+  if (wanted == Wanted::Picture) {
+    Trappola(findings_, "DisegnaImmagineQ",
+             [this] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes_, *canvas_); });
+    labelsHold_ = true;
+  } else if (wanted == Wanted::Outline) {
+    Trappola(findings_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
+  }
+}
+
+void PaintedScene::disegna() {
+  wanted_ = Wanted::Picture;
+  outline_ = labelsHold_ = false;
 }
 
 void PaintedScene::contorno() {
-  if (canvas_ == nullptr) return;
-  stale_ = false;
-  Trappola(findings_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
+  wanted_ = Wanted::Outline;
+  outline_ = true;
+}
+
+const Renderer& PaintedScene::etichette() {
+  if (!labelsHold_ && canvas_ != nullptr) {
+    Trappola(findings_, "DisegnaTraiettoria", [this] { renderer_.Disponi(scene_, view_, notes_); });
+    labelsHold_ = true;
+  }
+  return renderer_;
 }
 
 void PaintedScene::rifaiCelle() {
@@ -75,6 +94,7 @@ void PaintedScene::togliEtichette() {
   renderer_.TraiettoriaNonVisibile();
   renderer_.GpsNonVisibile();
   renderer_.CavoGNonVisibile();
+  labelsHold_ = true;
 }
 
 }  // namespace corvan

@@ -22,11 +22,13 @@ class PaintedScene {
   void tela(Canvas* canvas);
   Canvas* tela() const { return canvas_; }
   /// The picture no longer shows what it should.
-  void disegna() { stale_ = true; }
+  void disegna();
   /// Paints it anew where it does not.
   void dipingi();
-  /// The outline of a drag in its place, until the next call of disegna().
+  /// The outline of a drag is wanted in its place, until the next call of disegna().
   void contorno();
+  /// The outline is shown, or about to be: no cells are seen.
+  bool soloContorno() const { return outline_; }
 
   void rifaiCelle();     ///< cells of the curtain, then a repaint
   void rifaiStrati();    ///< window and all layers around the cells
@@ -45,8 +47,8 @@ class PaintedScene {
   ViewState& view() { return view_; }
   const ViewState& view() const { return view_; }
   const Scene& scene() const { return scene_; }
-  /// The labels as they were painted last.
-  const Renderer& etichette() const { return renderer_; }
+  /// The labels where the picture shows them, or will when it is painted next: finding them paints nothing.
+  const Renderer& etichette();
   const Survey& survey() const { return survey_; }
 
  private:
@@ -56,7 +58,10 @@ class PaintedScene {
   Scene scene_;
   Renderer renderer_;
   Canvas* canvas_ = nullptr;
-  bool stale_ = true;
+  enum class Wanted { Nothing, Picture, Outline };
+  Wanted wanted_ = Wanted::Picture;
+  bool outline_ = false;     ///< what was asked for last is the outline
+  bool labelsHold_ = false;  ///< the labels are those of the present view
   PictureNotes notes_;
   ColourRange colours_;
 };

@@ -1,10 +1,10 @@
 #include "session/PictureMouse.h"
 
 #include <cmath>
+#include <cstdlib>
 
 #include "base/Rounding.h"
 #include "survey/MeasurementText.h"
-#include "view3d/Picking.h"
 
 namespace corvan {
 
@@ -12,6 +12,8 @@ PictureRequest PictureMouse::premi(const MouseEvent& mouse) {
   if (dragging_ != Dragging::Nothing) return {};  // the other button of a drag that runs
   const bool left = mouse.button == MouseButton::Left, plain = !mouse.shift && !mouse.ctrl;
   const ViewState& view = desk_.state();
+  press_ = mouse;
+  before_ = view;
   if (view.projection == Projection::Perspective && left && mouse.shift) {
     dragging_ = Dragging::Marker;
     muovi(mouse);
@@ -55,7 +57,13 @@ void PictureMouse::inizia(Dragging kind, const MouseEvent& mouse) {
   desk_.picture().contorno();
 }
 
+/// A pressed label was dragged farther than a hand shakes.
+bool PictureMouse::oltre(const MouseEvent& mouse) const {
+  return dragging_ == Dragging::Label && std::abs(mouse.x - press_.x) + std::abs(mouse.y - press_.y) > slack_;
+}
+
 void PictureMouse::muovi(const MouseEvent& mouse) {
+  if (oltre(mouse)) inizia(Dragging::Rotation, press_);
   ViewState& view = desk_.picture().view();
   view.drag.XNow = static_cast<float>(mouse.x);
   view.drag.YNow = static_cast<float>(mouse.y);
@@ -105,6 +113,21 @@ void PictureMouse::lascia() {
   if (ended != Dragging::Nothing && ended != Dragging::Label) desk_.picture().disegna();
 }
 
+void PictureMouse::rinuncia() {
+  if (dragging_ == Dragging::Rotation || dragging_ == Dragging::Move || dragging_ == Dragging::Zoom) {
+    ViewState& view = desk_.picture().view();
+    view.AngoloVista = before_.AngoloVista;
+    view.AngoloPhi = before_.AngoloPhi;
+    view.AngoloGamma = before_.AngoloGamma;
+    view.ZoomFattore = before_.ZoomFattore;
+    view.FinestraBase = before_.FinestraBase;
+    view.Finestra = before_.Finestra;
+    desk_.mostraAngoli();
+  }
+  if (dragging_ == Dragging::Marker) desk_.picture().view().marker = before_.marker;
+  lascia();
+}
+
 PictureRequest PictureMouse::doppio(const MouseEvent& mouse) {
   const Target target = bersaglio(mouse.x, mouse.y);
   if (target.kind == TargetKind::Depth) return {PictureAct::CorrectDepth, target};
@@ -132,26 +155,29 @@ void PictureMouse::mostraLetture() {
 }
 
 std::optional<std::int32_t> PictureMouse::misura(std::int32_t x, std::int32_t y) {
-  desk_.picture().dipingi();
   const auto hit = desk_.picture().etichette().ptlbl().cerca({x, y}, reach_);
   return hit ? std::optional(hit->index) : std::nullopt;
 }
 
-Target PictureMouse::bersaglio(std::int32_t x, std::int32_t y) {
-  desk_.picture().dipingi();
+Pointed PictureMouse::puntato(std::int32_t x, std::int32_t y) {
   const Renderer& labels = desk_.picture().etichette();
-  Target found;
+  Pointed found;
   std::int32_t best = 0;
   const auto look = [&](const PointLayer& layer, TargetKind kind) {
     const auto hit = layer.cerca({x, y}, reach_);
-    if (!hit || (found.kind != TargetKind::Nothing && hit->distance2 >= best)) return;
+    if (!hit || (found.target.kind != TargetKind::Nothing && hit->distance2 >= best)) return;
     best = hit->distance2;
-    found = {kind, hit->index};
+    found = {{kind, hit->index}, hit->at};
   };
   look(labels.dptlbl(), TargetKind::Depth);
   look(labels.ptlbl(), TargetKind::Measurement);
   look(labels.gpslbl(), TargetKind::Fix);
   return found;
+}
+
+std::optional<CellaVista> PictureMouse::cella(std::int32_t x, std::int32_t y) const {
+  if (desk_.picture().soloContorno()) return std::nullopt;
+  return CellaSotto(desk_.picture().scene(), desk_.state(), {x, y});
 }
 
 std::string PictureMouse::suggerimento(std::int32_t x, std::int32_t y) {

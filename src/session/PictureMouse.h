@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "session/ViewDesk.h"
+#include "view3d/Picking.h"
 
 namespace corvan {
 
@@ -33,6 +34,14 @@ struct Target {
   friend bool operator==(const Target&, const Target&) = default;
 };
 
+/// The same with the centre of the label on the picture.
+struct Pointed {
+  Target target;
+  PuntoPixel at;
+
+  friend bool operator==(const Pointed&, const Pointed&) = default;
+};
+
 /// What a press, a release or a double click asks for beyond the view.
 enum class PictureAct { Nothing, Pick, Connect, CorrectDepth };
 struct PictureRequest {
@@ -44,8 +53,13 @@ class PictureMouse {
  public:
   explicit PictureMouse(ViewDesk& desk) : desk_(desk) {}
 
-  /// How far from a label it is still hit, pixels of the picture.
-  void portata(std::int32_t reach) { reach_ = reach; }
+  /// In pixels of the picture.
+  /// @param reach how far from a label it is still hit
+  /// @param slack how far a pressed label may be dragged before the press turns the view instead
+  void portata(std::int32_t reach, std::int32_t slack) {
+    reach_ = reach;
+    slack_ = slack;
+  }
 
   // A label under the pointer takes the press; else the picture does.
   PictureRequest premi(const MouseEvent& mouse);
@@ -57,10 +71,15 @@ class PictureMouse {
   void rotella(std::int32_t x, std::int32_t y, double notches);
   /// The press was taken away (a box opened, the window lost the mouse): nothing is dragged any more.
   void lascia();
+  /// Gives the drag up: the view is again what it was at the press.
+  void rinuncia();
   Dragging dragging() const { return dragging_; }
 
-  /// The nearest label within reach; of equally near ones that on top.
-  Target bersaglio(std::int32_t x, std::int32_t y);
+  /// The nearest label within reach; of equally near ones a depth point, then a measurement.
+  Pointed puntato(std::int32_t x, std::int32_t y);
+  Target bersaglio(std::int32_t x, std::int32_t y) { return puntato(x, y).target; }
+  /// The cell that a pixel shows; none while a drag shows the outline alone.
+  std::optional<CellaVista> cella(std::int32_t x, std::int32_t y) const;
   /// What the label under a pixel stands for: its tool tip. Empty where there is none.
   std::string suggerimento(std::int32_t x, std::int32_t y);
   /// Easting and northing of the place on the water's surface under a pixel, m. None in perspective, for an empty
@@ -70,12 +89,15 @@ class PictureMouse {
  private:
   std::optional<std::int32_t> misura(std::int32_t x, std::int32_t y);
   void inizia(Dragging kind, const MouseEvent& mouse);
+  bool oltre(const MouseEvent& mouse) const;
   void mostraLetture();
 
   ViewDesk& desk_;
-  std::int32_t reach_ = 10;
+  std::int32_t reach_ = 10, slack_ = 10;
   Dragging dragging_ = Dragging::Nothing;
-  Target pressed_;  ///< the label that took the press
+  Target pressed_;    ///< the label that took the press
+  MouseEvent press_;  ///< the press itself
+  ViewState before_;  ///< the view at the press
 };
 
 }  // namespace corvan

@@ -118,7 +118,7 @@ std::optional<PointLayer::Hit> PointLayer::cerca(const PuntoPixel& place, std::i
       const bool covered = std::max(std::abs(dx), std::abs(dy)) <= margin;
       if ((!covered && distance2 > reach * reach) || distance2 >= best) continue;
       best = distance2;
-      found = Hit{label.index, distance2};
+      found = Hit{label.index, distance2, label.at};
     }
   }
   return found;

@@ -38,10 +38,11 @@ class PointLayer {
 
   void dipingi(Canvas& canvas) const;
 
-  /// A label found, and the square of its distance from the pixel asked for.
+  /// A label found, the square of its distance from the pixel asked for, and its centre.
   struct Hit {
     std::int32_t index = 0;
     std::int32_t distance2 = 0;
+    PuntoPixel at;
   };
 
   /// The label nearest to a pixel of those that cover it, a margin of one pixel included, or lie within `reach` pixels;

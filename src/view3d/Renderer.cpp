@@ -1,6 +1,7 @@
 #include "view3d/Renderer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <span>
 #include <utility>
@@ -87,12 +88,10 @@ LabelStyle Diradato(LabelStyle style, const std::vector<PointLabel>& labels) {
   return style;
 }
 
-/// Puts labels on a layer, thinned where they crowd, and paints them.
-void Mostra(PointLayer& layer, std::vector<PointLabel> labels, const LabelStyle& style, const PixelArea& area,
-            Canvas& canvas) {
+/// Puts labels on a layer, thinned where they crowd.
+void Mostra(PointLayer& layer, std::vector<PointLabel> labels, const LabelStyle& style, const PixelArea& area) {
   const LabelStyle fitting = Diradato(style, labels);
   layer.assign(std::move(labels), fitting, area);
-  layer.dipingi(canvas);
 }
 
 constexpr auto Every = [](std::size_t) { return true; };
@@ -105,29 +104,83 @@ void DisegnaNordG(const Scene& scene, const ViewState& view, std::vector<PuntoPi
   if (!path.empty()) canvas.Poligono(path, qbcolor::DarkBlue);
 }
 
+/// Name of an electrode by its place in the list of positions.
+std::string NomeElettrodo(std::int32_t index) {
+  constexpr std::int32_t floating = 11;
+  return index <= floating ? "E" + std::to_string(index) : "C" + std::to_string(index - floating);
+}
+
+bool SiToccano(const PixelArea& a, const PixelArea& b) {
+  return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
+}
+
+/// Places of the names above the electrodes' marks.
+std::vector<PixelArea> PostiNomi(const std::vector<PointLabel>& electrodes, std::int32_t radius, const Canvas& canvas) {
+  std::vector<PixelArea> places;
+  for (const PointLabel& e : electrodes) {
+    const std::int32_t half = canvas.LarghezzaTesto(NomeElettrodo(e.index)) / 2 + 2;
+    const std::int32_t bottom = e.at.Y - radius - 2;
+    places.push_back({e.at.X - half, e.at.X + half, bottom - canvas.AltezzaTesto(), bottom});
+  }
+  return places;
+}
+
+/// The two ends of a cable: the electrodes farthest from each other on the picture. Electrodes are not listed in the
+/// order in which they lie.
+std::pair<std::size_t, std::size_t> Estremi(const std::vector<PointLabel>& electrodes) {
+  std::pair<std::size_t, std::size_t> ends{0, 0};
+  double most = -1.0;
+  for (std::size_t i = 0; i < electrodes.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      const PuntoPixel &a = electrodes[i].at, &b = electrodes[j].at;
+      const double distance = std::hypot(static_cast<double>(a.X) - b.X, static_cast<double>(a.Y) - b.Y);
+      if (distance <= most) continue;
+      most = distance;
+      ends = {j, i};
+    }
+  }
+  return ends;
+}
+
+/// The names on white: they stand over cells of any colour.
+void ScriviNomi(const std::vector<PointLabel>& electrodes, std::int32_t radius, Canvas& canvas) {
+  const std::vector<PixelArea> places = PostiNomi(electrodes, radius, canvas);
+  bool free = true;
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) free = free && !SiToccano(places[i], places[j]);
+  }
+  const auto [first, last] = Estremi(electrodes);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const bool end = i == first || (i == last && !SiToccano(places[first], places[last]));
+    if (!free && !end) continue;
+    canvas.Riquadro(places[i], qbcolor::White);
+    canvas.Testo({places[i].left + 2, places[i].top}, NomeElettrodo(electrodes[i].index), ElectrodeColour);
+  }
+}
+
 }  // namespace
 
 void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourRange& colours,
                                 const PictureNotes& notes, Canvas& canvas) {
+  Disponi(scene, view, notes);
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
   curtain_.dipingi(scene.cells, view, colours, canvas);
-  DisegnaTraiettoria(scene, view, notes, canvas);
+  ptlbl_.dipingi(canvas);
   if (view.layers.MostraNord) DisegnaNordG(scene, view, path_, canvas);
   if (view.layers.MostraScalaColori) DisegnaScalaColori3D(colours, canvas);
-  if (view.layers.MostraProfondita) {
-    DisegnaEchoSounder(scene, view, canvas);
-  } else {
-    DepthNonVisibile();
-  }
-  if (view.layers.MostraGPS2) {
-    DisegnaGPS(scene, view, notes, canvas);
-  } else {
-    GpsNonVisibile();
-  }
+  if (view.layers.MostraProfondita) DisegnaEchoSounder(scene, view, canvas);
+  if (view.layers.MostraGPS2) DisegnaGPS(scene, view, canvas);
   if (!notes.info.empty()) {
     const std::int32_t inset = canvas.AltezzaTesto() * 3 / 4;
     canvas.Testo({view.AreaPixel.left + inset, view.AreaPixel.top + inset}, notes.info, MeasurementColour);
   }
+}
+
+void Renderer::Disponi(const Scene& scene, const ViewState& view, const PictureNotes& notes) {
+  const Layers& shown = view.layers;
+  shown.MostraElettrodi ? DisponiTraiettoria(scene, view, notes) : TraiettoriaNonVisibile();
+  shown.MostraProfondita ? DisponiEchoSounder(scene, view) : DepthNonVisibile();
+  shown.MostraGPS2 ? DisponiGPS(scene, view, notes) : GpsNonVisibile();
 }
 
 void Renderer::DisegnaContorno(const Scene& scene, const ViewState& view, Canvas& canvas) {
@@ -140,36 +193,41 @@ void Renderer::DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& c
   const LabelStyle style = Stile(MarkerShape::Diamond, 5, ElectrodeColour, view.AreaPixel);
   CableLbl_.assign(Etichette(scene.cable, scene.cable.size(), view, style.colour, Every), style, view.AreaPixel);
   CableLbl_.dipingi(canvas);
+  ScriviNomi(CableLbl_.labels(), style.radius, canvas);
 }
 
-void Renderer::DisegnaTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes,
-                                  Canvas& canvas) {
-  if (!view.layers.MostraElettrodi) {
-    TraiettoriaNonVisibile();
-    return;
-  }
+void Renderer::DisponiTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes) {
   const LabelStyle style = Stile(MarkerShape::Dot, 2, MeasurementColour, view.AreaPixel);
   auto labels = Etichette(scene.trajectory, scene.trajectory.size(), view, style.colour,
                           [&scene](std::size_t k) { return scene.placed[k - 1]; });
   Arrossa(labels, notes.picked);
-  Mostra(ptlbl_, std::move(labels), style, view.AreaPixel, canvas);
+  Mostra(ptlbl_, std::move(labels), style, view.AreaPixel);
+}
+
+void Renderer::DisponiEchoSounder(const Scene& scene, const ViewState& view) {
+  const LabelStyle style = Stile(MarkerShape::Dot, 2, qbcolor::DarkBlue, view.AreaPixel);
+  Mostra(dptlbl_,
+         Etichette(scene.echoSounder, scene.placed.size(), view, style.colour,
+                   [&scene](std::size_t k) { return scene.placed[k - 1]; }),
+         style, view.AreaPixel);
 }
 
 void Renderer::DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas) {
   DisegnaAnelli(scene.echoSounder, scene, view, path_, canvas, qbcolor::DarkBlue);
-  const LabelStyle style = Stile(MarkerShape::Dot, 2, qbcolor::DarkBlue, view.AreaPixel);
-  auto labels = Etichette(scene.echoSounder, scene.placed.size(), view, style.colour,
-                          [&scene](std::size_t k) { return scene.placed[k - 1]; });
-  Mostra(dptlbl_, std::move(labels), style, view.AreaPixel, canvas);
+  dptlbl_.dipingi(canvas);
+}
+
+void Renderer::DisponiGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes) {
+  const LabelStyle style = Stile(MarkerShape::Dot, 2, FixColour, view.AreaPixel);
+  auto labels = Etichette(scene.gps, scene.gps.size(), view, style.colour, Every);
+  Arrossa(labels, notes.pickedFixes);
+  Mostra(gpslbl_, std::move(labels), style, view.AreaPixel);
 }
 
 /// The fixes of the external track, and its bottom: out along it and back the same way, so that the filled polygon is a
 /// line and hides nothing.
-void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes, Canvas& canvas) {
-  const LabelStyle style = Stile(MarkerShape::Dot, 2, FixColour, view.AreaPixel);
-  auto labels = Etichette(scene.gps, scene.gps.size(), view, style.colour, Every);
-  Arrossa(labels, notes.pickedFixes);
-  Mostra(gpslbl_, std::move(labels), style, view.AreaPixel, canvas);
+void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas) {
+  gpslbl_.dipingi(canvas);
   Projector(view).tutti(Tutti(scene.gpsDepth), path_);
   std::erase(path_, SenzaPixel);
   canvas.Linea(path_, qbcolor::DarkBlue);

@@ -31,10 +31,14 @@ class Renderer {
   void DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourRange& colours,
                         const PictureNotes& notes, Canvas& canvas);
 
+  /// Only the labels of the picture, where DisegnaImmagineQ would paint them: what a click would hit. Some 5 ms for
+  /// 100,000 measurements, against 100 of the whole.
+  void Disponi(const Scene& scene, const ViewState& view, const PictureNotes& notes);
+
   /// The frame of a drag: white ground and the outline of the section, the north arrow where it is shown.
   void DisegnaContorno(const Scene& scene, const ViewState& view, Canvas& canvas);
 
-  /// The electrodes of the scene's cable.
+  /// The electrodes of the scene's cable with their names; where these would touch, of the first and the last only.
   void DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& canvas);
 
   const PointLayer& ptlbl() const { return ptlbl_; }        ///< measurements
@@ -48,9 +52,11 @@ class Renderer {
   void CavoGNonVisibile() { CableLbl_.hide(); }
 
  private:
-  void DisegnaTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes, Canvas& canvas);
+  void DisponiTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes);
+  void DisponiEchoSounder(const Scene& scene, const ViewState& view);
+  void DisponiGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes);
   void DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas);
-  void DisegnaGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes, Canvas& canvas);
+  void DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas);
 
   CurtainPainter curtain_;
   PointLayer ptlbl_, dptlbl_, gpslbl_, CableLbl_;
