@@ -61,6 +61,37 @@ std::pair<double, double> Drag(QWidget* picture) {
   return {each, release.milliseconds()};
 }
 
+void Hover(QWidget* picture, QPoint at) {
+  QMouseEvent event(QEvent::MouseMove, at, picture->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(picture, &event);
+}
+
+/// What a move of the free pointer costs at most, ms: over a painted picture, and right after a turn of it.
+struct Pointing {
+  double over = 0, after = 0, cell = 0;
+};
+Pointing Point(Corvan& window, QWidget* picture) {
+  Pointing slowest;
+  for (const char* theta : {"90", "130", "180"}) {
+    EseguiControllo(window.session(), "Thetatxt_KeyPress", theta);
+    const Timer first;
+    Hover(picture, {picture->width() / 2, picture->height() / 2});
+    slowest.after = std::max(slowest.after, first.milliseconds());
+    picture->repaint();
+    constexpr int steps = 60;
+    for (int i = 0; i < steps; ++i) {
+      const QPoint at(i * picture->width() / steps, picture->height() * (i % 7 + 1) / 9);
+      const Timer move;
+      Hover(picture, at);
+      slowest.over = std::max(slowest.over, move.milliseconds());
+      const Timer cell;
+      window.session().mouse.cella(at.x(), at.y());
+      slowest.cell = std::max(slowest.cell, cell.milliseconds());
+    }
+  }
+  return slowest;
+}
+
 /// The slowest of six kinds of changes and of taking them back, each with its picture, ms.
 std::pair<double, double> Changes(Corvan& window) {
   Session& session = window.session();
@@ -121,6 +152,14 @@ int main(int argc, char** argv) {
     const auto [step, release] = Drag(picture);
     Print("  step of a drag", step, many ? 200 : 16);
     Print("  repaint at release", release, 200);
+    const Pointing pointing = Point(window, picture);
+    Print("  slowest move of the pointer", pointing.over, many ? 200 : 16);
+    Print("  slowest move right after a command", pointing.after, many ? 200 : 16);
+    Print("  slowest cell under the pointer, straight", pointing.cell, 10);
+    window.session().view.proietta(Projection::Perspective);
+    Print("  slowest cell under the pointer, perspective", Point(window, picture).cell, 10);
+    window.session().view.proietta(Projection::Orthographic);
+    window.session().view.daSopra(0);
     const auto [change, back] = Changes(window);
     Print("  slowest change", change, 200);
     Print("  slowest change taken back", back, 200);

@@ -1,27 +1,35 @@
 #include "app/CoordPic.h"
 
+#include <algorithm>
 #include <cmath>
+#include <QApplication>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <utility>
 
-#include "app/Frame.h"
-
 namespace corvan {
 namespace {
 
 constexpr double Reach = 10.0;  // logical pixels from a label within which it is hit
 
+/// Notches of the wheel: of a wheel that tells eighths of degrees, else of a surface that tells pixels.
+double Scatti(const QWheelEvent& event) {
+  constexpr double angleOfNotch = 120.0, pixelsOfNotch = 60.0;
+  const int angle = event.angleDelta().y();
+  return angle != 0 ? angle / angleOfNotch : event.pixelDelta().y() / pixelsOfNotch;
+}
+
 }  // namespace
 
 CoordPic::CoordPic(Session& session, std::function<void()> changed, std::function<void(const PuntoPixel&)> pointed)
-    : session_(session), changed_(std::move(changed)), pointed_(std::move(pointed)) {
+    : session_(session), changed_(std::move(changed)), pointed_(std::move(pointed)), marks_(session, *this) {
   setObjectName("CoordPic");
   setMinimumSize(320, 240);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::CrossCursor);
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -38,59 +46,29 @@ MouseEvent CoordPic::evento(const QMouseEvent& event, Qt::MouseButton button) co
 }
 
 void CoordPic::resizeEvent(QResizeEvent*) {
+  lascia();
   session_.view.picture().tela(nullptr);
   const PuntoPixel size = pixel(QPointF(width(), height()));
   image_ = CreaImmagine(std::max(size.X, 1), std::max(size.Y, 1));
   canvas_ = std::make_unique<ImageCanvas>(image_);
   session_.view.picture().tela(canvas_.get());
-  session_.mouse.portata(static_cast<std::int32_t>(std::lround(Reach * devicePixelRatioF())));
+  const double scale = devicePixelRatioF();
+  session_.mouse.portata(static_cast<std::int32_t>(std::lround(Reach * scale)),
+                         static_cast<std::int32_t>(std::lround(QApplication::startDragDistance() * scale)));
 }
 
 void CoordPic::paintEvent(QPaintEvent*) {
   session_.view.picture().dipingi();
+  mira();  // other labels may lie under a pointer at rest
   QPainter painter(this);
   painter.drawImage(rect(), image_);
-  const Survey& survey = session_.survey.dati();
-  if (survey.Misure.empty() && !survey.tracciaEst.loaded) disegnaSuggerimento(painter);
-  disegnaLetture(painter);
-  if (session_.mouse.dragging() == Dragging::Marker) disegnaMarcatore(painter);
-  painter.setPen(QColor(0xB0B0B0));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
-}
-
-/// What to do first, while there is nothing to see.
-void CoordPic::disegnaSuggerimento(QPainter& painter) const {
-  painter.setPen(QColor(0x606060));
-  QFont font = painter.font();
-  font.setPointSizeF(font.pointSizeF() * 1.2);
-  painter.setFont(font);
-  painter.drawText(rect(), Qt::AlignCenter,
-                   "Drop survey files here,\nor choose them with File \u2192 Load Floating Electrodes File(s)");
-}
-
-/// The angles or the zoom during a drag, in the upper right corner.
-void CoordPic::disegnaLetture(QPainter& painter) const {
-  const ViewPanel& view = session_.view.FrameView;
-  QStringList lines;
-  if (view.angleLabelsVisible) {
-    for (const std::string& text : {view.thetalbl, view.philbl, view.gammalbl}) lines << QString::fromStdString(text);
-  }
-  if (view.ZoomlblVisible) lines << QString::fromStdString(view.Zoomlbl);
-  if (lines.isEmpty()) return;
-  painter.setPen(QColor(0x202020));
-  painter.drawText(rect().adjusted(0, Unit, -2 * Unit, 0), Qt::AlignRight | Qt::AlignTop, lines.join('\n'));
-}
-
-void CoordPic::disegnaMarcatore(QPainter& painter) const {
-  painter.setPen(QColor(0xC00000));
-  painter.drawLine(pointer_.x(), 0, pointer_.x(), height());
-  painter.drawLine(0, pointer_.y(), width(), pointer_.y());
+  marks_.dipingi(painter, aim_);
 }
 
 void CoordPic::mousePressEvent(QMouseEvent* event) {
   if (held_ != Qt::NoButton || (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)) return;
+  QToolTip::hideText();
   held_ = event->button();
-  pointer_ = event->position().toPoint();
   const PictureRequest asked = session_.mouse.premi(evento(*event, held_));
   if (session_.mouse.dragging() == Dragging::Nothing) {
     // A box that opens now takes the release away: the press ends here.
@@ -98,17 +76,23 @@ void CoordPic::mousePressEvent(QMouseEvent* event) {
     esegui(asked);
     return;
   }
+  pointer_.reset();
+  mira();
   if (session_.mouse.dragging() == Dragging::Move) setCursor(Qt::SizeAllCursor);
   update();
 }
 
 void CoordPic::mouseMoveEvent(QMouseEvent* event) {
-  pointer_ = event->position().toPoint();
+  if (held_ != Qt::NoButton && !event->buttons().testFlag(held_)) lascia();  // the release went elsewhere
+  const PuntoPixel at = pixel(event->position());
   if (held_ != Qt::NoButton) {
     session_.mouse.muovi(evento(*event, held_));
     update();
+  } else {
+    pointer_ = event->buttons() == Qt::NoButton ? std::optional(at) : std::nullopt;
+    mira();
   }
-  pointed_(pixel(event->position()));
+  pointed_(at);
 }
 
 void CoordPic::mouseReleaseEvent(QMouseEvent* event) {
@@ -117,11 +101,95 @@ void CoordPic::mouseReleaseEvent(QMouseEvent* event) {
   held_ = Qt::NoButton;
   setCursor(Qt::CrossCursor);
   esegui(session_.mouse.rilascia(released));
+  pointer_ = pixel(event->position());
+  mira();
 }
 
+/// The second press of a double click; what is no double click of ours is a press like any other.
 void CoordPic::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton) return;
-  esegui(session_.mouse.doppio(evento(*event, Qt::LeftButton)));
+  if (event->button() != Qt::LeftButton || event->modifiers() != Qt::NoModifier) return mousePressEvent(event);
+  if (held_ == Qt::NoButton) esegui(session_.mouse.doppio(evento(*event, Qt::LeftButton)));
+}
+
+void CoordPic::wheelEvent(QWheelEvent* event) {
+  const double notches = Scatti(*event);
+  if (notches == 0.0) return event->ignore();
+  const PuntoPixel at = pixel(event->position());
+  if (held_ == Qt::NoButton) pointer_ = at;
+  session_.mouse.rotella(at.X, at.Y, notches);
+  changed_();
+  pointed_(at);
+  event->accept();
+}
+
+/// @return false for a key that is none of the picture's
+bool CoordPic::tasto(int key, bool shift) {
+  constexpr double zoomStep = 0.1;  // decades, as the buttons of the panel
+  const double degrees = shift ? 10.0 : 1.0;
+  ViewDesk& view = session_.view;
+  switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      view.passo(Axis::Theta, key == Qt::Key_Up ? degrees : -degrees);
+      return true;
+    case Qt::Key_Right:
+    case Qt::Key_Left:
+      view.passo(Axis::Phi, key == Qt::Key_Right ? degrees : -degrees);
+      return true;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+      view.passoZoom(-zoomStep);
+      return true;
+    case Qt::Key_Minus:
+    case Qt::Key_Underscore:
+      view.passoZoom(zoomStep);
+      return true;
+    case Qt::Key_Home:
+      view.inquadra();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void CoordPic::keyPressEvent(QKeyEvent* event) {
+  const bool other = event->modifiers().testFlag(Qt::ControlModifier) || event->modifiers().testFlag(Qt::AltModifier);
+  if (held_ != Qt::NoButton) {
+    if (event->key() != Qt::Key_Escape) return;
+    session_.mouse.rinuncia();
+    lascia();
+  } else if (other || !tasto(event->key(), event->modifiers().testFlag(Qt::ShiftModifier))) {
+    QWidget::keyPressEvent(event);
+  } else {
+    changed_();
+  }
+}
+
+void CoordPic::leaveEvent(QEvent*) {
+  pointer_.reset();
+  mira();
+}
+
+/// The press is over without a release: something else has taken the mouse.
+void CoordPic::lascia() {
+  if (held_ == Qt::NoButton) return;
+  held_ = Qt::NoButton;
+  session_.mouse.lascia();
+  setCursor(Qt::CrossCursor);
+  changed_();
+}
+
+/// Shows which label a click would hit.
+void CoordPic::mira() {
+  const Pointed now = pointer_ ? session_.mouse.puntato(pointer_->X, pointer_->Y) : Pointed{};
+  if (now == aim_) return;
+  for (const Pointed& mark : {aim_, now}) {
+    if (mark.target.kind != TargetKind::Nothing) update(marks_.posto(mark));
+  }
+  aim_ = now;
+  if (held_ == Qt::NoButton) {
+    setCursor(now.target.kind == TargetKind::Nothing ? Qt::CrossCursor : Qt::PointingHandCursor);
+  }
 }
 
 /// What the mouse asked for, as a command of its own.
@@ -130,17 +198,30 @@ void CoordPic::esegui(const PictureRequest& asked) {
   changed_();
 }
 
+void CoordPic::suggerisci(const QHelpEvent& help) {
+  if (held_ != Qt::NoButton || QApplication::mouseButtons() != Qt::NoButton) return;
+  const PuntoPixel at = pixel(help.pos());
+  const std::string text = session_.mouse.suggerimento(at.X, at.Y);
+  if (text.empty()) {
+    QToolTip::hideText();
+  } else {
+    QToolTip::showText(help.globalPos(), QString::fromStdString(text).toHtmlEscaped(), this);
+  }
+}
+
 bool CoordPic::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const PuntoPixel at = pixel(help->pos());
-    const std::string text = session_.mouse.suggerimento(at.X, at.Y);
-    if (text.empty()) {
-      QToolTip::hideText();
-    } else {
-      QToolTip::showText(help->globalPos(), QString::fromStdString(text).toHtmlEscaped(), this);
-    }
-    return true;
+  switch (event->type()) {
+    case QEvent::ToolTip:
+      suggerisci(*static_cast<QHelpEvent*>(event));
+      return true;
+    case QEvent::FocusOut:
+    case QEvent::WindowDeactivate:
+    case QEvent::UngrabMouse:
+    case QEvent::Hide:
+      lascia();
+      break;
+    default:
+      break;
   }
   return QWidget::event(event);
 }

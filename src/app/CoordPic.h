@@ -1,11 +1,14 @@
-// The picture of the survey: paints it at the screen's own resolution and hands the mouse to the session.
+// The picture of the survey: paints it at the screen's own resolution and hands mouse and keys to the session.
 #pragma once
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <QHelpEvent>
 #include <QImage>
 #include <QWidget>
 
+#include "app/PictureMarks.h"
 #include "paint/ImageCanvas.h"
 #include "session/Session.h"
 
@@ -30,23 +33,29 @@ class CoordPic : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   PuntoPixel pixel(const QPointF& place) const;
   MouseEvent evento(const QMouseEvent& event, Qt::MouseButton button) const;
   void esegui(const PictureRequest& asked);
-  void disegnaSuggerimento(QPainter& painter) const;
-  void disegnaLetture(QPainter& painter) const;
-  void disegnaMarcatore(QPainter& painter) const;
+  void suggerisci(const QHelpEvent& help);
+  void lascia();
+  void mira();
+  bool tasto(int key, bool shift);
 
   Session& session_;
   std::function<void()> changed_;
   std::function<void(const PuntoPixel&)> pointed_;
+  PictureMarks marks_;
   QImage image_;
   std::unique_ptr<ImageCanvas> canvas_;
-  QPoint pointer_;
   Qt::MouseButton held_ = Qt::NoButton;
+  std::optional<PuntoPixel> pointer_;  ///< where it rests on the picture with no button held
+  Pointed aim_;                        ///< the label that a click there would hit
 };
 
 }  // namespace corvan

@@ -53,12 +53,14 @@ void Corvan::creaPannelli() {
   dataMove_ = TranslationFrame::dati(session_, changed);
   depthMove_ = TranslationFrame::fondo(session_, changed);
   picture_ = new CoordPic(session_, changed, [this](const PuntoPixel& place) { mostraPunto(place); });
+  pictureFiles_ = std::make_unique<PictureFiles>(session_, *picture_);
 
   left_ = new PanelColumn("LeftColumn", LeftWidth, {fileIn_, fileOut_, extrema_}, fileIn_);
-  right_ = new PanelColumn("RightColumn", RightWidth, {view_, dataMove_, depthMove_}, nullptr);
+  auto* layout = new QHBoxLayout;
+  right_ = new EdgePanel(layout, new PanelColumn("RightColumn", RightWidth, {view_, dataMove_, depthMove_}, nullptr));
 
   auto* centre = new QWidget;
-  auto* layout = new QHBoxLayout(centre);
+  centre->setLayout(layout);
   layout->setContentsMargins(Unit, Unit, Unit, 0);
   layout->setSpacing(Unit);
   layout->addWidget(left_);
@@ -67,11 +69,9 @@ void Corvan::creaPannelli() {
   inner->setContentsMargins(0, 0, 0, 0);
   inner->addWidget(picture_);
   layout->addWidget(Frame1, 1);
-  layout->addWidget(right_);
+  right_->setParent(centre);
   setCentralWidget(centre);
-  connect(view_->pin(), &QCheckBox::toggled, this, [this](bool pinned) {
-    if (pinned) mostraVista(true);
-  });
+  connect(view_->pin(), &QCheckBox::toggled, this, [this] { mostraVista(true); });
 }
 
 void Corvan::creaStato() {
@@ -158,6 +158,14 @@ void Corvan::creaMenu() {
   voce(image, "MapView", "&Map View", QKeySequence("Ctrl+Shift+M"), "Mopt_Click");
   voce(image, "ObliqueView", "&Oblique View", QKeySequence("Ctrl+Shift+O"), "Oblique_Click");
   voce(image, "FrameSurvey", "&Whole Survey", QKeySequence("Ctrl+Shift+F"), "Frame_Click");
+  image->addSeparator();
+  QAction* copy = voce(image, "CopyPicture", "&Copy Picture", QKeySequence::Copy, [this] { pictureFiles_->copia(); });
+  copy->setShortcutContext(Qt::WidgetShortcut);  // boxes and lists have a Ctrl+C of their own
+  picture_->addAction(copy);
+  voce(image, "SavePictureAs", "Save &Picture As\u2026", QKeySequence("Ctrl+Shift+S"), [this] {
+    pictureFiles_->salva();
+    aggiorna();
+  });
   image->addSeparator();
   voce(image, "SetRange", "Set Colour Scale Range", QKeySequence("Ctrl+R"), "SetRange_Click");
 
@@ -316,14 +324,18 @@ void Corvan::mostraPunto(const PuntoPixel& place) {
 /// The unpinned panel of the view shows while the pointer is near the window's right edge or over it.
 void Corvan::disponiVista(const QPoint& pointer) {
   if (view_->fissato() || session_.mouse.dragging() != Dragging::Nothing) return;
-  constexpr int near = 24;
-  const bool over = view_->isVisible() && pointer.x() >= right_->x();
-  mostraVista(over || pointer.x() >= width() - near);
+  mostraVista(right_->richiesto(pointer));
 }
 
 void Corvan::mostraVista(bool shown) {
   if (shown == view_->isHidden()) view_->setVisible(shown);
-  right_->setVisible(shown || session_.view.state().layers.MostraTraslazione);
+  const bool others = session_.view.state().layers.MostraTraslazione;
+  right_->mostra(shown || others, view_->fissato() || others ? EdgePanel::Place::Beside : EdgePanel::Place::Over);
+}
+
+void Corvan::leaveEvent(QEvent* event) {
+  QMainWindow::leaveEvent(event);
+  disponiVista({-1, -1});
 }
 
 void Corvan::resizeEvent(QResizeEvent* event) {

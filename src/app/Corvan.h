@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <QAction>
 #include <QLabel>
@@ -10,11 +11,13 @@
 #include <vector>
 
 #include "app/CoordPic.h"
+#include "app/EdgePanel.h"
 #include "app/FrameExtrema.h"
 #include "app/FrameFileIn.h"
 #include "app/FrameFileOut.h"
 #include "app/FrameView.h"
 #include "app/ManualWindow.h"
+#include "app/PictureFiles.h"
 #include "app/Remembered.h"
 #include "app/SaveOpen.h"
 #include "app/TranslationFrame.h"
@@ -42,6 +45,7 @@ class Corvan : public QMainWindow {
   void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
 
  private:
   void creaMenu();
@@ -77,8 +81,9 @@ class Corvan : public QMainWindow {
   TranslationFrame* dataMove_ = nullptr;
   TranslationFrame* depthMove_ = nullptr;
   QWidget* left_ = nullptr;
-  QWidget* right_ = nullptr;
+  EdgePanel* right_ = nullptr;
   CoordPic* picture_ = nullptr;
+  std::unique_ptr<PictureFiles> pictureFiles_;
 
   struct Switch {
     QAction* action;

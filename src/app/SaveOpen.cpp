@@ -14,8 +14,23 @@ bool SaveOpen::FOpen() {
 }
 
 bool SaveOpen::FSave() {
-  const QString name = QFileDialog::getSaveFileName(QApplication::activeWindow(), DialogTitle, IDir, Filter);
-  return prendi(name.isEmpty() ? QStringList() : QStringList(name));
+  QFileDialog dialog(QApplication::activeWindow(), DialogTitle, IDir);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  const QStringList filters = Filter.split(";;");
+  dialog.setNameFilters(filters);
+  // A name typed without an ending gets that of the chosen kind before the dialog looks whether it is there.
+  const auto ending = [&dialog](const QString& filter) {
+    dialog.setDefaultSuffix(filter.section("*.", -1).section(')', 0, 0).remove('*'));
+  };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, ending);
+  const QString chosen = filters.value(FilterN - 1, filters.front());
+  dialog.selectNameFilter(chosen);
+  ending(chosen);
+  if (!FileName.isEmpty()) dialog.selectFile(FileName);
+  if (dialog.exec() != QDialog::Accepted) return false;
+  FilterN = static_cast<int>(filters.indexOf(dialog.selectedNameFilter())) + 1;
+  return prendi(dialog.selectedFiles());
 }
 
 bool SaveOpen::prendi(const QStringList& chosen) {

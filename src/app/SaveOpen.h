@@ -7,7 +7,7 @@
 namespace corvan {
 
 /// Set what the dialog shall show, call FOpen or FSave, read what was chosen. A cancelled dialog leaves all as it was.
-/// The interface is kept whole: nothing calls FSave, FRoot, GetFileNames, GetFileTitles, FilterN and Tag yet.
+/// The interface is kept whole: nothing calls GetFileNames, GetFileTitles and Tag yet.
 class SaveOpen {
  public:
   SaveOpen();
@@ -21,7 +21,9 @@ class SaveOpen {
   QString Tag;                         ///< free for the caller
 
   bool FOpen();  ///< lets several existing files be chosen; false for Cancel
-  bool FSave();  ///< lets one name be given
+  /// Lets one name be given, with FileName proposed; asks before one that is there is taken. A name without an ending
+  /// gets that of the chosen filter.
+  bool FSave();
 
   QString FRoot() const { return root_; }  ///< folder of the chosen files, ending in the separator
   int nFiles() const { return static_cast<int>(titles_.size()); }

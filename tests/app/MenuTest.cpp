@@ -1,17 +1,16 @@
 // The menus by their keys, and the boxes that they open, really opened and answered.
-#include <QDialogButtonBox>
-#include <QInputDialog>
-#include <QMessageBox>
 #include <QSet>
 #include <QTextBrowser>
-#include <QTimer>
 
 #include "app/QtDialogs.h"
-#include "Window.h"
+#include "Hand.h"
 
 namespace corvan {
 namespace {
 
+using test::By;
+using test::Hand;
+using test::Reply;
 using test::Window;
 
 constexpr const char* Track =
@@ -19,55 +18,6 @@ constexpr const char* Track =
     "1;a;15/06/2026;06:00:00;45.4;9.0;9;3;1;500000;5030003\r\n"
     "2;a;15/06/2026;06:00:08;45.4;9.0;9;6;1;500003;5030007\r\n"
     "3;a;15/06/2026;06:00:16;45.4;9.0;9;9;1;500008;5030003\r\n";
-
-enum class By { Enter, Ok, Cancel, Escape };
-
-struct Reply {
-  By by = By::Enter;
-  const char* text = nullptr;
-};
-
-/// Answers the boxes that open, one after the other, as a hand would.
-class Hand {
- public:
-  explicit Hand(std::vector<Reply> replies) : replies_(std::move(replies)) {
-    QObject::connect(&timer_, &QTimer::timeout, [this] { look(); });
-    timer_.start(1);
-  }
-  ~Hand() { EXPECT_EQ(titles.size(), replies_.size()) << "boxes opened"; }
-  Hand(const Hand&) = delete;
-  Hand& operator=(const Hand&) = delete;
-
-  std::vector<std::string> titles, prompts, texts;
-
- private:
-  void look() {
-    QWidget* box = QApplication::activeModalWidget();
-    if (box == nullptr || !box->isVisible()) return;
-    const Reply reply = titles.size() < replies_.size() ? replies_[titles.size()] : Reply{By::Escape};
-    auto* edit = box->findChild<QLineEdit*>();
-    const auto* label = box->findChild<QLabel*>(edit == nullptr ? "qt_msgbox_label" : "");
-    titles.push_back(box->windowTitle().toStdString());
-    prompts.push_back(label == nullptr ? "" : label->text().toStdString());
-    texts.push_back(edit == nullptr ? "" : edit->text().toStdString());
-    if (edit != nullptr && reply.text != nullptr) edit->setText(QString::fromUtf8(reply.text));
-    const auto* buttons = box->findChild<QDialogButtonBox*>();
-    const auto press = [&](std::initializer_list<QDialogButtonBox::StandardButton> any) {
-      for (const auto one : any) {
-        if (QPushButton* button = buttons->button(one)) return QTest::mouseClick(button, Qt::LeftButton);
-      }
-      ADD_FAILURE() << "no such button in " << titles.back();
-      QTest::keyClick(box, Qt::Key_Escape);
-    };
-    if (reply.by == By::Enter) QTest::keyClick(edit != nullptr ? edit : box, Qt::Key_Return);
-    if (reply.by == By::Escape) QTest::keyClick(box, Qt::Key_Escape);
-    if (reply.by == By::Ok) press({QDialogButtonBox::Ok, QDialogButtonBox::Open});
-    if (reply.by == By::Cancel) press({QDialogButtonBox::Cancel});
-  }
-
-  std::vector<Reply> replies_;
-  QTimer timer_;
-};
 
 TEST(Shortcuts, EachDoTheirOwnItem) {
   Window w;

@@ -106,10 +106,10 @@ TEST(Depth, IsCorrectedOnDoubleClick) {
   w.choose("SHdepth");
   const QPoint at = w.place(3);  // from above a point of the bottom lies under its measurement
   w.dialogs.messageAnswer = Answer::Cancel;
-  QTest::mouseDClick(w.picture(), Qt::LeftButton, {}, at);
+  w.doubleClick(at);
   EXPECT_EQ(w.session().survey.dati().Misure(3).Val12, 40);
   w.dialogs.messageAnswer = Answer::Ok;
-  QTest::mouseDClick(w.picture(), Qt::LeftButton, {}, at);
+  w.doubleClick(at);
   EXPECT_EQ(w.session().survey.dati().Misure(3).Val12, 4);
   EXPECT_EQ(w.dialogs.messages.at(0).prompt, "Correct Depth Value?");
 }

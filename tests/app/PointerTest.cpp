@@ -104,7 +104,7 @@ TEST(Pointer, TellsBottomAndTrackWhileTheyAreShown) {
   w.key("F3");
   EXPECT_EQ(w.changes([&] { QTest::mouseClick(w.picture(), Qt::LeftButton, {}, second); }), "");
   w.key("F4");
-  EXPECT_EQ(w.changes([&] { QTest::mouseDClick(w.picture(), Qt::LeftButton, {}, bottom); }), "") << "nothing is asked";
+  EXPECT_EQ(w.changes([&] { w.doubleClick(bottom); }), "") << "nothing is asked";
 }
 
 TEST(Pointer, DragsShowTheirReadOutsAndTheVanishingPoint) {

@@ -144,6 +144,11 @@ struct Window {
     QMouseEvent move(QEvent::MouseMove, at, picture()->mapToGlobal(at), Qt::NoButton, held, keys);
     QApplication::sendEvent(picture(), &move);
   }
+  /// The second press of a double click, and its release.
+  void doubleClick(QPoint at) const {
+    QTest::mouseDClick(picture(), Qt::LeftButton, {}, at);
+    QTest::mouseRelease(picture(), Qt::LeftButton, {}, at);
+  }
   void drag(Qt::MouseButton button, Qt::KeyboardModifiers keys, QPoint from, QPoint to) const {
     QTest::mousePress(picture(), button, keys, from);
     point(to, button, keys);

@@ -1,0 +1,29 @@
+// What leaves the window as a picture: the clipboard and files of the user's choice.
+#pragma once
+
+#include "app/CoordPic.h"
+#include "app/SaveOpen.h"
+#include "session/Session.h"
+
+namespace corvan {
+
+class PictureFiles {
+ public:
+  PictureFiles(Session& session, CoordPic& picture) : session_(session), picture_(picture) {}
+
+  /// "Copy Picture": what is to be seen, without marks of the pointer.
+  void copia();
+  /// "Save Picture As…": the same as a PNG or BMP file. Proposed are the name of the survey's first file and the folder
+  /// used last; the dialog asks before it replaces, and what was read is never replaced.
+  void salva();
+
+ private:
+  QString nome() const;
+
+  Session& session_;
+  CoordPic& picture_;
+  SaveOpen dialog_;
+  QString folder_;  ///< the folder used last
+};
+
+}  // namespace corvan

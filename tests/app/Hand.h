@@ -1,0 +1,63 @@
+// A hand that answers the real boxes.
+#pragma once
+
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QTimer>
+
+#include "Window.h"
+
+namespace corvan::test {
+
+enum class By { Enter, Ok, Cancel, Escape };
+
+struct Reply {
+  By by = By::Enter;
+  const char* text = nullptr;
+};
+
+/// Answers the boxes that open, one after the other, as a hand would.
+class Hand {
+ public:
+  explicit Hand(std::vector<Reply> replies) : replies_(std::move(replies)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { look(); });
+    timer_.start(1);
+  }
+  ~Hand() { EXPECT_EQ(titles.size(), replies_.size()) << "boxes opened"; }
+  Hand(const Hand&) = delete;
+  Hand& operator=(const Hand&) = delete;
+
+  std::vector<std::string> titles, prompts, texts;
+
+ private:
+  void look() {
+    QWidget* box = QApplication::activeModalWidget();
+    if (box == nullptr || !box->isVisible()) return;
+    const Reply reply = titles.size() < replies_.size() ? replies_[titles.size()] : Reply{By::Escape};
+    auto* edit = box->findChild<QLineEdit*>();
+    const auto* label = box->findChild<QLabel*>(edit == nullptr ? "qt_msgbox_label" : "");
+    titles.push_back(box->windowTitle().toStdString());
+    prompts.push_back(label == nullptr ? "" : label->text().toStdString());
+    texts.push_back(edit == nullptr ? "" : edit->text().toStdString());
+    if (edit != nullptr && reply.text != nullptr) edit->setText(QString::fromUtf8(reply.text));
+    const auto* buttons = box->findChild<QDialogButtonBox*>();
+    const auto press = [&](std::initializer_list<QDialogButtonBox::StandardButton> any) {
+      for (const auto one : any) {
+        if (QPushButton* button = buttons->button(one)) return QTest::mouseClick(button, Qt::LeftButton);
+      }
+      ADD_FAILURE() << "no such button in " << titles.back();
+      QTest::keyClick(box, Qt::Key_Escape);
+    };
+    if (reply.by == By::Enter) QTest::keyClick(edit != nullptr ? edit : box, Qt::Key_Return);
+    if (reply.by == By::Escape) QTest::keyClick(box, Qt::Key_Escape);
+    if (reply.by == By::Ok)
+      press({QDialogButtonBox::Ok, QDialogButtonBox::Open, QDialogButtonBox::Save, QDialogButtonBox::Yes});
+    if (reply.by == By::Cancel) press({QDialogButtonBox::Cancel, QDialogButtonBox::No});
+  }
+
+  std::vector<Reply> replies_;
+  QTimer timer_;
+};
+
+}  // namespace corvan::test
