@@ -25,7 +25,7 @@ void PictureFiles::salva() {
   dialog_.DialogTitle = "Save Picture As";
   dialog_.Filter = "PNG picture (*.png);;Windows bitmap (*.bmp)";
   dialog_.IDir = folder_.isEmpty() ? QDir::currentPath() : folder_;
-  dialog_.FileName = nome();
+  dialog_.FileName = nome() + (dialog_.FilterN == 2 ? ".bmp" : ".png");
   if (!dialog_.FSave()) return;
   folder_ = dialog_.FRoot();
   const std::filesystem::path file(dialog_.FileName.toStdU16String());
