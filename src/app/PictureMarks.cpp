@@ -50,8 +50,12 @@ void PictureMarks::disegnaLetture(QPainter& painter) const {
   }
   if (view.ZoomlblVisible) lines << QString::fromStdString(view.Zoomlbl);
   if (lines.isEmpty()) return;
+  const QRect room = widget_.rect().adjusted(0, Unit, -2 * Unit, 0);
+  constexpr int corner = Qt::AlignRight | Qt::AlignTop;
+  const QRect text = painter.boundingRect(room, corner, lines.join('\n'));
+  painter.fillRect(text.adjusted(-4, 0, 4, 0), Qt::white);  // the outline may run below it
   painter.setPen(QColor(0x202020));
-  painter.drawText(widget_.rect().adjusted(0, Unit, -2 * Unit, 0), Qt::AlignRight | Qt::AlignTop, lines.join('\n'));
+  painter.drawText(room, corner, lines.join('\n'));
 }
 
 /// Two lines that cross where the user has put the vanishing point, while the perspective is on.
