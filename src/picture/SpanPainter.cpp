@@ -98,8 +98,8 @@ void PercorriLinea(PuntoPixel a, PuntoPixel b, std::int32_t first, std::int32_t 
 
 }  // namespace
 
-SpanPainter::SpanPainter(const PixelBuffer& buffer)
-    : buffer_(buffer), spans_(static_cast<std::size_t>(std::max(buffer.height, 0))) {}
+SpanPainter::SpanPainter(const PixelBuffer& buffer, std::int32_t top, std::int32_t bottom)
+    : buffer_(buffer), top_(top), bottom_(bottom), spans_(static_cast<std::size_t>(std::max(buffer.height, 0))) {}
 
 void SpanPainter::row(std::int32_t y, std::int32_t low, std::int32_t high, std::uint32_t pixel) const {
   low = std::max(low, 0);
@@ -130,8 +130,8 @@ void SpanPainter::quad(const PixelQuad& quad) {
   const auto& c = quad.corner;
   const auto [left, right] = std::minmax({c[0].X, c[1].X, c[2].X, c[3].X});
   const auto [top, bottom] = std::minmax({c[0].Y, c[1].Y, c[2].Y, c[3].Y});
-  if (right < 0 || left >= buffer_.width || bottom < 0 || top >= buffer_.height) return;
-  const std::int32_t first = std::max(top, 0), last = std::min(bottom, buffer_.height - 1);
+  if (right < 0 || left >= buffer_.width || bottom < top_ || top >= bottom_) return;
+  const std::int32_t first = std::max(top, top_), last = std::min(bottom, bottom_ - 1);
   if (left > -Near && right < Near && top > -Near && bottom < Near) {
     fill<std::int32_t>(quad, first, last);
   } else {

@@ -20,7 +20,9 @@ namespace corvan {
 class SpanPainter {
  public:
   /// @param buffer must outlive the painter
-  explicit SpanPainter(const PixelBuffer& buffer);
+  explicit SpanPainter(const PixelBuffer& buffer) : SpanPainter(buffer, 0, buffer.height) {}
+  /// @param top,bottom the rows top to bottom - 1 alone are painted by quad()
+  SpanPainter(const PixelBuffer& buffer, std::int32_t top, std::int32_t bottom);
 
   void box(const PixelArea& area, Colour colour);
   void line(const PuntoPixel& from, const PuntoPixel& to, Colour colour);
@@ -37,6 +39,7 @@ class SpanPainter {
   void row(std::int32_t y, std::int32_t low, std::int32_t high, std::uint32_t pixel) const;
 
   PixelBuffer buffer_;
+  std::int32_t top_, bottom_;
   std::vector<Span> spans_;  // of the rows of the quadrilateral at work
 };
 

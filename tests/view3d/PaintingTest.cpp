@@ -296,5 +296,27 @@ TEST(LongCurtains, ArePreparedAsTheirPartsAre) {
   }
 }
 
+// Two cores paint a very long list, each its own rows: the picture is that of the list painted in short pieces.
+TEST(LongCurtains, ArePaintedAsInShortPieces) {
+  std::mt19937 random(11);
+  std::vector<PixelQuad> quads(250'001);
+  std::vector<DepthKey> order;
+  for (PixelQuad& quad : quads) {
+    const auto at = [&] {
+      return PuntoPixel{static_cast<std::int32_t>(random() % 140) - 10, static_cast<std::int32_t>(random() % 110) - 10};
+    };
+    const PuntoPixel p = at();
+    quad = {{p, {p.X + 5, p.Y + 1}, {p.X + 4, p.Y + 9}, at()}, static_cast<Colour>(random() & 0xFFFFFFU)};
+    order.push_back(order.size());
+  }
+  std::shuffle(order.begin(), order.end(), random);
+  TestCanvas whole(120, 90), pieces(120, 90);
+  whole.Quadrilateri(quads, order);
+  for (std::size_t k = 0; k < order.size(); k += 50'000) {
+    pieces.Quadrilateri(quads, std::span(order).subspan(k, std::min<std::size_t>(50'000, order.size() - k)));
+  }
+  EXPECT_TRUE(whole.pixels() == pieces.pixels());
+}
+
 }  // namespace
 }  // namespace corvan
