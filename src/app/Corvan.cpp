@@ -15,7 +15,6 @@
 #include "app/RecentMenu.h"
 #include "app/ToolBar.h"
 #include "base/Clock.h"
-#include "base/NumberText.h"
 #include "session/Controls.h"
 
 namespace corvan {
@@ -33,7 +32,6 @@ Corvan::Corvan(Dialogs& dialogs) : dialogs_(dialogs, *this), session_(dialogs_, 
   setAcceptDrops(true);
   setMinimumSize(512, 340);
   creaPannelli();
-  creaStato();
   creaMenu();
   aggiorna();
 }
@@ -71,23 +69,12 @@ void Corvan::creaPannelli() {
   layout->addWidget(Frame1, 1);
   right_->setParent(centre);
   setCentralWidget(centre);
+  messages_ = new FindingsList(session_.findings(), this);
+  status_ = new StatusLine(session_, [this] { messages_->apri(); });
+  status_->segui(picture_);
+  statusBar()->addWidget(status_, 1);
+  picked_ = new PickedLines(session_, picture_);
   connect(view_->pin(), &QCheckBox::toggled, this, [this] { mostraVista(true); });
-}
-
-void Corvan::creaStato() {
-  for (QLabel** label : {&filesLbl_, &placeLbl_, &pointLbl_}) {
-    *label = new QLabel;
-    (*label)->setContentsMargins(Unit, 0, Unit, 0);
-    statusBar()->addWidget(*label);
-  }
-  noteLbl_ = new QLabel;
-  noteLbl_->setContentsMargins(Unit, 0, Unit, 0);
-  noteLbl_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  statusBar()->addWidget(noteLbl_, 1);
-  filesLbl_->setObjectName("StatusFiles");
-  placeLbl_->setObjectName("StatusPlace");
-  pointLbl_->setObjectName("StatusPoint");
-  noteLbl_->setObjectName("StatusNote");
 }
 
 QAction* Corvan::voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
@@ -145,6 +132,8 @@ void Corvan::creaMenu() {
   operation->addSeparator();
   voce(operation, "SelFirst", "Select First Data", QKeySequence("Ctrl+1"), open("SelFirst_Click", extrema_));
   voce(operation, "SelectLast", "Select Last Data", QKeySequence("Ctrl+2"), "SelectLast_Click");
+  operation->addSeparator();
+  voce(operation, "ShowMessages", "&Messages\u2026", QKeySequence("Ctrl+M"), [this] { messages_->apri(); });
 
   QMenu* image = menuBar()->addMenu("Image");
   image->setObjectName("Image");
@@ -253,6 +242,7 @@ void Corvan::leggiTracce(const QStringList& files) {
 }
 
 void Corvan::leggiTraccia(const QString& file) {
+  session_.findings().comincia("Load External GPS");
   session_.leggiTraccia(std::filesystem::path(file.toStdU16String()));
   aggiorna();
 }
@@ -276,48 +266,14 @@ void Corvan::aggiorna() {
   picture_->update();
   ricordaLettura();
   if (liked_) liked_ = vista();
-  mostraStato();
-}
-
-void Corvan::mostraStato() {
-  const Survey& survey = session_.survey.dati();
-  const auto files = static_cast<int>(survey.files.size());
-  filesLbl_->setText(files == 0 ? QStringLiteral("No survey")
-                                : QStringLiteral("%1 %2, %3 measurements")
-                                          .arg(files)
-                                          .arg(files == 1 ? "file" : "files")
-                                          .arg(survey.NumMisure()) +
-                                      (survey.tracciaEst.loaded
-                                           ? QStringLiteral(", track of %1 fixes").arg(survey.tracciaEst.NumGPSEst())
-                                           : QString()));
-  const auto& entries = session_.findings().entries();
-  QString note = entries.empty() ? QString() : QString::fromStdString(entries.back().detto());
-  const auto& outputs = session_.exporter.outputs();
-  if (outputs.size() > outputsShown_) {
-    QStringList names;
-    for (std::size_t i = outputsShown_; i < outputs.size(); ++i) {
-      const QFileInfo info(QString::fromStdU16String(outputs[i].u16string()));
-      names << (names.isEmpty() ? QDir::toNativeSeparators(info.absoluteFilePath()) : info.fileName());
-    }
-    outputsShown_ = outputs.size();
-    note = "Written: " + names.join(", ");
-  }
-  noteLbl_->setText(note);
-  noteLbl_->setToolTip(note);
+  status_->mostra();
+  picked_->mostra();
+  messages_->aggiorna();
 }
 
 void Corvan::mostraPunto(const PuntoPixel& place) {
   if (session_.mouse.dragging() != Dragging::Nothing) view_->mostra();
-  QString text;
-  if (const auto at = session_.mouse.posto(place.X, place.Y)) {
-    text = QStringLiteral("E %1  N %2")
-               .arg(QString::fromStdString(FormattaNumero(at->first, "0.0")),
-                    QString::fromStdString(FormattaNumero(at->second, "0.0")));
-  }
-  placeLbl_->setText(text);
-  const Target target = session_.mouse.bersaglio(place.X, place.Y);
-  pointLbl_->setText(target.kind == TargetKind::Measurement ? QStringLiteral("measurement %1").arg(target.index)
-                                                            : QString());
+  status_->punta(place);
   disponiVista(picture_->mapTo(this, QPoint(place.X, place.Y) / devicePixelRatioF()));
 }
 
@@ -336,11 +292,6 @@ void Corvan::mostraVista(bool shown) {
 void Corvan::leaveEvent(QEvent* event) {
   QMainWindow::leaveEvent(event);
   disponiVista({-1, -1});
-}
-
-void Corvan::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  mostraStato();
 }
 
 void Corvan::dragEnterEvent(QDragEnterEvent* event) {

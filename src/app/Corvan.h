@@ -5,21 +5,23 @@
 #include <memory>
 #include <optional>
 #include <QAction>
-#include <QLabel>
 #include <QMainWindow>
 #include <QToolBar>
 #include <vector>
 
 #include "app/CoordPic.h"
 #include "app/EdgePanel.h"
+#include "app/FindingsList.h"
 #include "app/FrameExtrema.h"
 #include "app/FrameFileIn.h"
 #include "app/FrameFileOut.h"
 #include "app/FrameView.h"
 #include "app/ManualWindow.h"
+#include "app/PickedLines.h"
 #include "app/PictureFiles.h"
 #include "app/Remembered.h"
 #include "app/SaveOpen.h"
+#include "app/StatusLine.h"
 #include "app/TranslationFrame.h"
 #include "app/WindowDialogs.h"
 #include "session/Session.h"
@@ -43,7 +45,6 @@ class Corvan : public QMainWindow {
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void leaveEvent(QEvent* event) override;
 
@@ -52,7 +53,6 @@ class Corvan : public QMainWindow {
   void leggiTraccia();
   void leggiTracce(const QStringList& files);
   void creaPannelli();
-  void creaStato();
   QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
                 const std::function<void()>& run);
   QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, const char* control);
@@ -61,7 +61,6 @@ class Corvan : public QMainWindow {
   void ricordaLettura();
   void riprendiVista();
   ViewPreferences vista() const;
-  void mostraStato();
   void mostraPunto(const PuntoPixel& place);
   void disponiVista(const QPoint& pointer);
   void mostraVista(bool shown);
@@ -92,8 +91,9 @@ class Corvan : public QMainWindow {
   std::vector<Switch> switches_;
   QAction* undo_ = nullptr;
   QToolBar* bar_ = nullptr;
-  QLabel *filesLbl_ = nullptr, *placeLbl_ = nullptr, *pointLbl_ = nullptr, *noteLbl_ = nullptr;
-  std::size_t outputsShown_ = 0;
+  FindingsList* messages_ = nullptr;
+  StatusLine* status_ = nullptr;
+  PickedLines* picked_ = nullptr;
 };
 
 }  // namespace corvan

@@ -101,9 +101,9 @@ FrameFileIn::FrameFileIn(Session& session, std::function<void()> changed)
   }
   connect(pastGaps_, &QCheckBox::toggled, this, [&in](bool on) { in.pastGaps = on; });
   connect(Drive1_, &QComboBox::activated, this,
-          [this](int index) { apriCartella(Drive1_->itemData(index).toString()); });
+          [this](int index) { apriCartella(Drive1_->itemData(index).toString()), this->changed(); });
   connect(Dir1_, &QListWidget::itemActivated, this,
-          [this](QListWidgetItem* item) { apriCartella(item->data(PathRole).toString()); });
+          [this](QListWidgetItem* item) { apriCartella(item->data(PathRole).toString()), this->changed(); });
   connect(ConvertAsciiCmd, &QPushButton::clicked, this, [this] { leggiSelezione(); });
   connect(AddCmd, &QPushButton::clicked, this, [this] { aggiungi(); });
   connect(CancCmd, &QPushButton::clicked, this, esegui("CancCmd_Click"));

@@ -1,13 +1,17 @@
 #include "app/FrameFileOut.h"
 
+#include <QDir>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
+#include <QToolButton>
 
 namespace corvan {
 
 FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
     : Frame(session, "FrameFileOut", "File Out", std::move(changed)),
-      FileOutTxt_(Named(new QLineEdit, "FileOutTxt", "Set root file name without the extension")) {
+      FileOutTxt_(Named(new QLineEdit, "FileOutTxt", "Set root file name without the extension")),
+      folder_(new ElidedLabel("FolderLbl", Qt::ElideMiddle)) {
   rendiChiudibile();
   auto* FileOutLbl = Named(new QLabel("File Name Root"), "FileOutLbl");
   FileOutLbl->setBuddy(FileOutTxt_);
@@ -19,26 +23,51 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
   };
   grid->addWidget(FileOutLbl, 0, 0, 1, 2);
   grid->addWidget(FileOutTxt_, 1, 0, 1, 2);
-  add(2, 0, 1, aggiungi("BinChk", ".BIN", &OutputPanel::BinChk, "Export selection in IRIS .BIN format"));
-  add(2, 1, 1, aggiungi("TxtChk", ".TXT", &OutputPanel::TxtChk, "Export section in IRIS Corvan .TXT format"));
-  add(3, 0, 1,
-      aggiungi("EchoZChk", ".ECS", &OutputPanel::EchoZChk, "Save the Echo Sounder profile .ECS (UTMx, UTMy, Depth)"));
-  add(3, 1, 1, aggiungi("KMLchk", ".KML", &OutputPanel::KMLchk, "Export the section as a curtain for virtual globes"));
+  auto* FolderCmd = Named(new QToolButton, "FolderCmd", "Choose the folder of the outputs");
+  FolderCmd->setText(QChar(0x2026));
+  FolderCmd->setAccessibleName("Folder");
+  auto* target = new QHBoxLayout;
+  target->addWidget(new QLabel("in"));
+  target->addWidget(folder_, 1);
+  target->addWidget(FolderCmd);
+  grid->addLayout(target, 2, 0, 1, 2);
+  add(3, 0, 1, aggiungi("BinChk", ".BIN", &OutputPanel::BinChk, "Export selection in IRIS .BIN format"));
+  add(3, 1, 1, aggiungi("TxtChk", ".TXT", &OutputPanel::TxtChk, "Export section in IRIS Corvan .TXT format"));
   add(4, 0, 1,
+      aggiungi("EchoZChk", ".ECS", &OutputPanel::EchoZChk, "Save the Echo Sounder profile .ECS (UTMx, UTMy, Depth)"));
+  add(4, 1, 1, aggiungi("KMLchk", ".KML", &OutputPanel::KMLchk, "Export the section as a curtain for virtual globes"));
+  add(5, 0, 1,
       aggiungi("TPGChk", ".TPG", &OutputPanel::TPGChk, "No file is written: the format is gone, its box is kept"));
-  add(5, 0, 2,
+  add(6, 0, 2,
       aggiungi("TruePosChk", "True Position", &OutputPanel::TruePosChk,
                "Correct UTM data for distance between syscal and current electrodes"));
-  add(6, 0, 2, aggiungi("ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "));
+  add(7, 0, 2, aggiungi("ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "));
   auto* SaveOutCmd = Named(new QPushButton(">> Save File Out <<"), "SaveOutCmd", "Save selection with option ");
-  grid->addWidget(SaveOutCmd, 7, 0, 1, 2);
+  grid->addWidget(SaveOutCmd, 8, 0, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
 
   connect(SaveOutCmd, &QPushButton::clicked, this, esegui("SaveOutCmd_Click"));
   connect(FileOutTxt_, &QLineEdit::returnPressed, this, esegui("SaveOutCmd_Click"));
-  connect(FileOutTxt_, &QLineEdit::textChanged, this,
-          [this](const QString& text) { this->session().exporter.FrameFileOut.FileOutTxt = text.toStdString(); });
+  connect(FileOutTxt_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    this->session().exporter.FrameFileOut.FileOutTxt = text.toStdString();
+    mostraCartella();
+  });
+  connect(FolderCmd, &QToolButton::clicked, this, [this] { scegliCartella(); });
+}
+
+/// Where a root without a folder of its own is written: into the current folder, that of "File In".
+void FrameFileOut::mostraCartella() {
+  const QString folder = QDir::toNativeSeparators(QFileInfo(FileOutTxt_->text() + ".x").absolutePath());
+  folder_->mostra(folder, {}, folder);
+}
+
+void FrameFileOut::scegliCartella() {
+  const QFileInfo root(FileOutTxt_->text() + ".x");
+  const QString folder = QFileDialog::getExistingDirectory(window(), "Folder of the outputs", root.absolutePath());
+  if (folder.isEmpty()) return;
+  const QString name = root.completeBaseName();
+  FileOutTxt_->setText(QDir::toNativeSeparators(QDir(folder).filePath(name.isEmpty() ? "FileOut" : name)));
 }
 
 FrameFileOut::Choice FrameFileOut::aggiungi(const char* name, const QString& caption, bool OutputPanel::*value,
@@ -63,6 +92,7 @@ void FrameFileOut::mostra() {
   setVisible(out.visible);
   for (const Choice& choice : choices_) choice.box->setChecked(out.*choice.value);
   SetText(FileOutTxt_, out.FileOutTxt);
+  mostraCartella();
 }
 
 }  // namespace corvan

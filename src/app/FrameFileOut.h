@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 
+#include "app/ElidedLabel.h"
 #include "app/Frame.h"
 
 namespace corvan {
@@ -21,8 +22,12 @@ class FrameFileOut : public Frame {
   };
   Choice aggiungi(const char* name, const QString& caption, bool OutputPanel::*value, const QString& toolTip = {});
 
+  void scegliCartella();
+  void mostraCartella();
+
   std::vector<Choice> choices_;
   QLineEdit* FileOutTxt_;
+  ElidedLabel* folder_;
 };
 
 }  // namespace corvan

@@ -1,36 +1,40 @@
 #include "app/QtDialogs.h"
 
 #include <QApplication>
-#include <QIcon>
-#include <QInputDialog>
-#include <QLineEdit>
-#include <QMessageBox>
+
+#include "app/QuestionBox.h"
 
 namespace corvan {
+namespace {
+
+/// The window that a box belongs over: a box that is open already, else the program's window, though another may be
+/// active.
+QWidget* Sotto() {
+  if (QWidget* open = QApplication::activeModalWidget()) return open;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == "Corvan" && window->isVisible()) return window;
+  }
+  return QApplication::activeWindow();
+}
+
+}  // namespace
 
 Answer QtDialogs::MsgBox(const MessageRequest& request) {
-  QMessageBox box(QApplication::activeWindow());
-  box.setWindowTitle(TestoDi(request.question).title);
-  box.setText(QString::fromStdString(PromptDi(request)));
-  box.setInformativeText(QString::fromStdString(request.details));
-  box.setIconPixmap(QIcon(":/app/corvan.png").pixmap(48, 48));
-  const bool choice = TestoDi(request.question).buttons == Buttons::OkCancel;
-  box.setStandardButtons(choice ? QMessageBox::Ok | QMessageBox::Cancel
-                                : QMessageBox::StandardButtons(QMessageBox::Ok));
-  box.setDefaultButton(QMessageBox::Ok);
-  box.setEscapeButton(choice ? QMessageBox::Cancel : QMessageBox::Ok);
-  return box.exec() == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
+  const QuestionText& text = TestoDi(request.question);
+  QuestionBox box({text.title, QString::fromStdString(PromptDi(request)), QString::fromStdString(request.details)},
+                  text.buttons, nullptr, Sotto());
+  if (request.question == Question::ReplaceFiles) box.preferisciAnnulla();
+  const bool accepted = box.exec() == QDialog::Accepted;
+  return accepted || text.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
 }
 
 std::optional<std::string> QtDialogs::InputBox(const InputRequest& request) {
-  QInputDialog box(QApplication::activeWindow());
-  box.setWindowTitle(QString::fromStdString(TitoloDi(request)));
-  const std::string below = request.details.empty() ? "" : "\n" + request.details;
-  box.setLabelText(QString::fromStdString(PromptDi(request) + below));
-  box.setTextValue(QString::fromStdString(request.defaultAnswer));
-  box.resize(420, box.sizeHint().height());
+  auto* answer = new QLineEdit(QString::fromStdString(request.defaultAnswer));
+  QuestionBox box({QString::fromStdString(TitoloDi(request)), QString::fromStdString(PromptDi(request)),
+                   QString::fromStdString(request.details)},
+                  Buttons::OkCancel, answer, Sotto());
   if (box.exec() != QDialog::Accepted) return std::nullopt;
-  return box.textValue().toStdString();
+  return answer->text().toStdString();
 }
 
 }  // namespace corvan

@@ -28,4 +28,13 @@ bool Trappola(Findings& findings, const std::string& procedure, Body&& body) {
   return false;
 }
 
+/// The same for a step that follows from many commands: an error that was told already is not told again.
+template <class Body>
+bool TrappolaUnaVolta(Findings& findings, const std::string& procedure, Body&& body) {
+  Findings own;
+  const bool done = Trappola(own, procedure, std::forward<Body>(body));
+  findings.addUnaVolta(own);
+  return done;
+}
+
 }  // namespace corvan

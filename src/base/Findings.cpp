@@ -3,10 +3,17 @@
 namespace corvan {
 
 void Findings::add(Finding entry) {
-  const auto first = entries_.begin() + static_cast<std::ptrdiff_t>(scope_);
-  if (std::find(first, entries_.end(), entry) != entries_.end()) return;
   if (!pending_.empty()) comincia(std::move(pending_));
+  if (detto(std::max(scope_, commands_.empty() ? 0 : commands_.back().first), entry)) return;
   entries_.push_back(std::move(entry));
+}
+
+void Findings::addUnaVolta(const Finding& entry) {
+  if (!detto(scope_, entry)) add(entry);
+}
+
+void Findings::addUnaVolta(const Findings& of) {
+  for (const Finding& entry : of.entries_) addUnaVolta(entry);
 }
 
 void Findings::add(const Findings& of, const std::filesystem::path& file) {

@@ -41,8 +41,12 @@ class Findings {
   void note(std::string procedure, std::string reason, std::string file = {}) {
     add({Severity::Note, std::move(procedure), std::move(file), std::move(reason)});
   }
-  /// One that is in the list already (the same step run again) is not repeated.
+  /// One that the same command has told already is not repeated.
   void add(Finding entry);
+  /// The same for steps that follow from other commands (analysis, painting): what was told of this survey, by whatever
+  /// command, is not repeated.
+  void addUnaVolta(const Finding& entry);
+  void addUnaVolta(const Findings& of);
   /// Takes over what a reader found in a file.
   void add(const Findings& of, const std::filesystem::path& file);
   /// Takes back what a procedure found, when what was found no longer holds. @return what was taken back
@@ -68,6 +72,10 @@ class Findings {
   }
 
  private:
+  bool detto(std::size_t from, const Finding& entry) const {
+    return std::find(entries_.begin() + static_cast<std::ptrdiff_t>(from), entries_.end(), entry) != entries_.end();
+  }
+
   std::vector<Finding> entries_;
   std::vector<Command> commands_;
   std::string pending_;

@@ -39,7 +39,8 @@ bool Exporter::cartella(const OutputPanel& output) const {
   const std::filesystem::path folder = std::filesystem::path(output.FileOutTxt).parent_path();
   std::error_code error;
   if (folder.empty() || std::filesystem::is_directory(folder, error)) return true;
-  desk_.findings.fault("SalvaEstrattoFile", "the folder is not there: nothing is written", folder.string());
+  desk_.findings.fault("SalvaEstrattoFile", "the folder is not there: nothing is written",
+                       std::filesystem::absolute(folder, error).string());
   return false;
 }
 
@@ -87,7 +88,11 @@ bool Exporter::chiediSostituzione(const OutputPanel& output) {
       names += (names.empty() ? "" : "\n") + name.filename().string();
     }
   }
-  if (names.empty() || desk_.dialogs.MsgBox({Question::ReplaceFiles, names}) == Answer::Ok) return true;
+  if (names.empty()) return true;
+  std::error_code error;
+  const auto folder = std::filesystem::absolute(output.FileOutTxt, error).parent_path();
+  if (desk_.dialogs.MsgBox({Question::ReplaceFiles, "In " + folder.string() + ":\n" + names}) == Answer::Ok)
+    return true;
   desk_.findings.note("SalvaEstrattoFile", "nothing is written: the files that were there stay");
   return false;
 }
@@ -100,7 +105,7 @@ std::optional<SectionRequest> Exporter::chiediSezione(const ExportRequest& reque
   section.E2 = std::clamp(std::max(request.E1, request.E2), 1, last);
   const auto ask = [this](double& offset, Question question, const char* what) {
     const std::optional<std::string> answer =
-        desk_.dialogs.InputBox({.question = question, .defaultAnswer = TestoNumero(offset)});
+        desk_.dialogs.InputBox({.question = question, .defaultAnswer = TestoNumero(offset), .details = "Metres."});
     if (!answer && offset != 0.0) {
       desk_.findings.note("SalvaEstrattoFile", std::string(what) + " cancelled: 0 is taken");
     }
@@ -144,7 +149,7 @@ void Exporter::scriviSezione(const Section& section, const ExportRequest& reques
 
 void Exporter::scriviKml(const Section& section, const ExportRequest& request) {
   Trappola(desk_.findings, "NomeUscita", [&] {
-    const std::string answer = desk_.chiedi({.question = Question::KmlOffset});
+    const std::string answer = desk_.chiedi({.question = Question::KmlOffset, .details = "An empty answer is 0."});
     const std::optional<double> height =
         Rifila(answer).empty() ? std::optional(0.0)
                                : NumeroDaCasella<double>(answer, {"SalvaKML", "vertical offset"}, desk_.findings);
@@ -191,7 +196,14 @@ bool Exporter::salva(const char* procedure, const std::filesystem::path& name, c
     save();
     outputs_.scritto(name);
     ++step_.done;
+    const std::size_t command = desk_.findings.commands().size();
+    if (std::exchange(recentCommand_, command) != command) recent_.clear();
+    recent_.push_back(std::filesystem::absolute(name));
   });
+}
+
+std::vector<std::filesystem::path> Exporter::ultimi() const {
+  return recentCommand_ == desk_.findings.commands().size() ? recent_ : std::vector<std::filesystem::path>();
 }
 
 }  // namespace corvan

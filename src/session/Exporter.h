@@ -59,6 +59,8 @@ class Exporter {
   /// Names a file that was read: it is never replaced.
   void proteggi(const std::filesystem::path& read) { outputs_.proteggi(read); }
   const std::vector<std::filesystem::path>& outputs() const { return outputs_.written(); }
+  /// What the last command of the user wrote, in full names and in the order of writing.
+  std::vector<std::filesystem::path> ultimi() const;
   const std::optional<SectionSummary>& section() const { return section_; }
   void azzera() { section_.reset(); }
 
@@ -78,6 +80,8 @@ class Exporter {
   Survey& survey_;
   Clock clock_;
   OutputFiles outputs_{Originale};
+  std::vector<std::filesystem::path> recent_;
+  std::size_t recentCommand_ = 0;  ///< commands of the run when they were written
   std::unique_ptr<KmlGoogle> kml_;
   ProgressStep step_;
   std::optional<SectionSummary> section_;

@@ -17,11 +17,11 @@ void PaintedScene::dipingi() {
   if (canvas_ == nullptr) return;
   const Wanted wanted = std::exchange(wanted_, Wanted::Nothing);
   if (wanted == Wanted::Picture) {
-    Trappola(findings_, "DisegnaImmagineQ",
-             [this] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes_, *canvas_); });
+    TrappolaUnaVolta(findings_, "DisegnaImmagineQ",
+                     [this] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes_, *canvas_); });
     labelsHold_ = true;
   } else if (wanted == Wanted::Outline) {
-    Trappola(findings_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
+    TrappolaUnaVolta(findings_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
   }
 }
 
@@ -37,14 +37,14 @@ void PaintedScene::contorno() {
 
 const Renderer& PaintedScene::etichette() {
   if (!labelsHold_ && canvas_ != nullptr) {
-    Trappola(findings_, "DisegnaTraiettoria", [this] { renderer_.Disponi(scene_, view_, notes_); });
+    TrappolaUnaVolta(findings_, "DisegnaTraiettoria", [this] { renderer_.Disponi(scene_, view_, notes_); });
     labelsHold_ = true;
   }
   return renderer_;
 }
 
 void PaintedScene::rifaiCelle() {
-  Trappola(findings_, "CreaFourArray", [this] { CreaFourArray(scene_, survey_); });
+  TrappolaUnaVolta(findings_, "CreaFourArray", [this] { CreaFourArray(scene_, survey_); });
   disegna();
 }
 

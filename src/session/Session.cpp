@@ -177,6 +177,9 @@ void Session::salvaImmagine() {
 
 void Session::esegui(const PictureRequest& request) {
   const auto& [kind, index] = request.target;
+  constexpr const char* commands[] = {"", "Select Data", "Connect Data and GPS", "Correct Depth"};
+  static_assert(static_cast<int>(PictureAct::CorrectDepth) == 3, "commands in the order of the acts");
+  if (request.act != PictureAct::Nothing) findings_.comincia(commands[static_cast<int>(request.act)]);
   switch (request.act) {
     case PictureAct::Nothing:
       return;

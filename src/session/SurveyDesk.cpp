@@ -9,6 +9,7 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "survey/MeasurementText.h"
 #include "track/Cable.h"
 #include "track/TrackLink.h"
 
@@ -19,6 +20,12 @@ constexpr const char* BadPositions = "Some Data have incorrect GPS position";
 constexpr Mask Shift = "####0.0";
 constexpr const char* OtherCables = "CreaCavoDaMisure";
 constexpr const char* ZoneAssumed = "SelezionaZonaUTM";
+
+/// Bounds of the colours, ohm m, as they are typed.
+std::string TestoScala(float low, float high) {
+  constexpr Mask bound = "#####0.0#";
+  return FormattaNumero(static_cast<double>(low), bound) + ";" + FormattaNumero(static_cast<double>(high), bound);
+}
 
 bool DelFondo(Translation what) { return what == Translation::DepthEast || what == Translation::DepthNorth; }
 
@@ -45,8 +52,10 @@ void SurveyDesk::segnaZona(std::int16_t zone) {
 
 void SurveyDesk::analizza() {
   desk_.tell(Change::Label);
-  Trappola(desk_.findings, "AnalisiFile", [this] {
-    fixes_ = AnalisiFile(survey_, desk_.findings);
+  TrappolaUnaVolta(desk_.findings, "AnalisiFile", [this] {
+    Findings found;
+    fixes_ = AnalisiFile(survey_, found);
+    desk_.findings.addUnaVolta(found);
     if (!rangeTyped_) colours_ = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
     desk_.tell(Change::Colours);
     desk_.tell(Change::Analysis);
@@ -61,11 +70,11 @@ void SurveyDesk::rilevaPosizioni() {
     warns_ = true;
     desk_.tell(Change::Label);
   }
-  desk_.findings.note("AnalisiFile",
-                      std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " +
-                          std::to_string(survey_.NumMisure()) + ", " + std::to_string(fixes_.discarded) +
-                          " discarded, " + std::to_string(fixes_.interpolated) + " interpolated" +
-                          (fixes_.empty > 0 ? ", " + std::to_string(fixes_.empty) + " without any reading" : ""));
+  desk_.findings.addUnaVolta(
+      {Severity::Note, "AnalisiFile", "",
+       std::string(BadPositions) + ": " + std::to_string(fixes_.bad) + " of " + std::to_string(survey_.NumMisure()) +
+           ", " + std::to_string(fixes_.discarded) + " discarded, " + std::to_string(fixes_.interpolated) +
+           " interpolated" + (fixes_.empty > 0 ? ", " + std::to_string(fixes_.empty) + " without any reading" : "")});
 }
 
 void SurveyDesk::scartaTutto() {
@@ -79,8 +88,11 @@ void SurveyDesk::rifai() {
 }
 
 void SurveyDesk::chiediCavo() {
-  const std::string answer(
-      Rifila(desk_.chiedi({.question = Question::CableConfiguration, .defaultAnswer = survey_.cavo.StringaCavo})));
+  const std::string answer(Rifila(desk_.chiedi({.question = Question::CableConfiguration,
+                                                .defaultAnswer = survey_.cavo.StringaCavo,
+                                                .details = "Names and places (m) of C1, C2, E1 to E11 by turns; for " +
+                                                           (survey_.files.size() > 1 ? "all " : std::string()) +
+                                                           Quanti(survey_.files.size(), "file", "files") + "."})));
   if (!answer.empty()) impostaCavo(answer);
 }
 
@@ -120,10 +132,27 @@ void SurveyDesk::rilevaGettoni(const std::string& cable) {
   if (check.count() > 0) desk_.findings.note("ModificaCavo", check.detto());
 }
 
+/// What another zone does to the files of the survey.
+std::string SurveyDesk::chiarisciZona() const {
+  std::vector<bool> without(survey_.files.size());
+  for (const Misura& m : survey_.Misure) {
+    const auto* source = std::get_if<Grid>(&m.sorgente);
+    if (source != nullptr && source->zone == 0 && survey_.fileDi(m) != nullptr) {
+      without[static_cast<std::size_t>(m.NumFile) - 1] = true;
+    }
+  }
+  const auto count = static_cast<std::size_t>(std::count(without.begin(), without.end(), true));
+  if (count == 0) return "All positions are converted into it.";
+  return std::to_string(count) + " of " + Quanti(without.size(), "file", "files") + (count == 1 ? " does" : " do") +
+         " not state a zone: the eastings and northings there stay as they are.";
+}
+
 void SurveyDesk::chiediZona() {
   Trappola(desk_.findings, "SetUtmZone", [this] {
-    const std::optional<std::string> answer = desk_.dialogs.InputBox(
-        {.question = Question::UtmZone, .defaultAnswer = std::to_string(survey_.settings.ZonaUTM)});
+    const std::optional<std::string> answer =
+        desk_.dialogs.InputBox({.question = Question::UtmZone,
+                                .defaultAnswer = std::to_string(survey_.settings.ZonaUTM),
+                                .details = chiarisciZona()});
     if (!answer) return;
     const std::optional<std::int16_t> zone =
         Rifila(*answer).empty() ? std::optional(DefaultZone)
@@ -157,11 +186,11 @@ void SurveyDesk::impostaZona(std::int16_t zone) {
 
 void SurveyDesk::chiediIntervallo() {
   Trappola(desk_.findings, "SetRange", [this] {
-    constexpr Mask bound = "#####0.0#";
-    const std::string range = FormattaNumero(static_cast<double>(colours_.ScalaMin), bound) + ";" +
-                              FormattaNumero(static_cast<double>(colours_.ScalaMax), bound);
+    const std::string range = TestoScala(colours_.ScalaMin, colours_.ScalaMax);
     const std::optional<std::string> answer =
-        desk_.dialogs.InputBox({.question = Question::ColourRange, .defaultAnswer = range});
+        desk_.dialogs.InputBox({.question = Question::ColourRange,
+                                .defaultAnswer = range,
+                                .details = "The data: " + TestoScala(survey_.traccia.RhoMin, survey_.traccia.RhoMax)});
     if (!answer) return;
     if (Rifila(*answer).empty()) {
       intervalloDaiDati();
@@ -189,7 +218,25 @@ void SurveyDesk::intervalloDaiDati() {
 }
 
 void SurveyDesk::chiediProfondita(std::int32_t index) {
-  if (desk_.dialogs.MsgBox({Question::CorrectDepth, ""}) == Answer::Ok) correggiProfondita(index);
+  const auto k = static_cast<std::size_t>(index);
+  Trappola(desk_.findings, "dptlbl_DblClick", [&] {
+    if (survey_.Misure.size() < 2 || !survey_.Misure.contains(k)) return;
+    const std::string point = "Measurement " + std::to_string(k) + " of " +
+                              std::filesystem::path(FileDi(survey_, survey_.Misure(k))).filename().string();
+    const std::string change =
+        TestoNumero(survey_.Misure(k).Val12) + " m becomes " + TestoNumero(profonditaDaiVicini(k)) + " m.";
+    const MessageRequest box{Question::CorrectDepth, point + "\n" + change};
+    if (desk_.dialogs.MsgBox(box) == Answer::Ok) correggiProfondita(index);
+  });
+}
+
+/// The mean of the neighbours' depths, at an end that of the only one, m. @param k of two measurements or more
+float SurveyDesk::profonditaDaiVicini(std::size_t k) const {
+  const Array1<Misura>& Misure = survey_.Misure;
+  if (k == 1) return Misure(2).Val12;
+  if (k == Misure.size()) return Misure(k - 1).Val12;
+  const double sum = static_cast<double>(Misure(k - 1).Val12) + static_cast<double>(Misure(k + 1).Val12);
+  return ASingolo(sum * 0.5);
 }
 
 void SurveyDesk::correggiProfondita(std::int32_t index) {
@@ -198,14 +245,7 @@ void SurveyDesk::correggiProfondita(std::int32_t index) {
     const auto k = static_cast<std::size_t>(index);
     if (Misure.size() < 2 || !Misure.contains(k)) return;
     const float before = Misure(k).Val12;
-    if (k == 1) {
-      Misure(k).Val12 = Misure(2).Val12;
-    } else if (k == Misure.size()) {
-      Misure(k).Val12 = Misure(k - 1).Val12;
-    } else {
-      const double sum = static_cast<double>(Misure(k - 1).Val12) + static_cast<double>(Misure(k + 1).Val12);
-      Misure(k).Val12 = ASingolo(sum * 0.5);
-    }
+    Misure(k).Val12 = profonditaDaiVicini(k);
     desk_.history.ricorda("Correct Depth", [this, k, before] {
       survey_.Misure(k).Val12 = before;
       desk_.tell(Change::Depths);

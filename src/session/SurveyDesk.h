@@ -80,6 +80,8 @@ class SurveyDesk {
   void prendi(Survey survey);
   void stabilisciGriglia();
   void segnaZona(std::int16_t zone);
+  std::string chiarisciZona() const;
+  float profonditaDaiVicini(std::size_t k) const;
   void rilevaLettura();
   void rilevaGettoni(const std::string& cable);
   void rilevaPosizioni();

@@ -59,16 +59,17 @@ ReadOptions SurveyDesk::opzioni() const {
       options.layout.reset();
       break;
   }
-  options.channels = [this](std::int32_t usual) {
-    return desk_.chiedi(
-        {.question = Question::ChannelNumber, .defaultAnswer = TestoNumero(static_cast<double>(usual))});
-  };
   return options;
 }
 
 Survey SurveyDesk::leggiTutti() {
   Survey survey;
   ReadOptions options = opzioni();
+  options.channels = [this, &survey](std::int32_t usual) {
+    return desk_.chiedi({.question = Question::ChannelNumber,
+                         .defaultAnswer = TestoNumero(static_cast<double>(usual)),
+                         .details = survey.file.TitoloFile});
+  };
   for (const auto& name : FrameFileIn.File1) {
     survey.file.NomeFile = name;
     survey.file.TitoloFile = name.filename().string();

@@ -35,35 +35,42 @@ bool TrackDesk::leggiTraccia(const std::filesystem::path& file) {
   const TrackKind kind = GenereTraccia(file.filename().string(), bytes.text());
   TrackOptions options{survey_.settings.layout, std::nullopt};
   TrackRead read = LeggiTraccia(kind, bytes.text(), options);
-  if (kind == TrackKind::Csv && !chiediZona()) return false;
+  const std::string title = file.filename().string();
+  if (kind == TrackKind::Csv && !chiediZona(title)) return false;
   // A line end at the very end counts as one more line here: the question has always been asked so.
   const bool ended = bytes.text().ends_with('\n') || bytes.text().ends_with('\r');
   const bool few = kind == TrackKind::SixColumns && read.lines + (ended ? 1 : 0) < survey_.Misure.size();
-  if (few && desk_.dialogs.MsgBox({Question::FewFixes, file.filename().string()}) != Answer::Ok) return false;
+  if (few && desk_.dialogs.MsgBox(
+                 {Question::FewFixes, title + ": " + Quanti(read.fixes.size(), "fix", "fixes") + " for " +
+                                          Quanti(survey_.Misure.size(), "measurement", "measurements")}) != Answer::Ok)
+    return false;
   if (read.undated) {
-    const std::string day = desk_.chiedi({.question = Question::TrackDate, .details = file.filename().string()});
+    const std::string day = desk_.chiedi({.question = Question::TrackDate, .details = title});
     if (!Rifila(day).empty()) {
       options.firstDay = std::floor(DataDaTesto(day));
       read = LeggiTraccia(kind, bytes.text(), options);
     }
   }
-  if (kind == TrackKind::Sav && read.fixes.size() >= 4) ricampiona(read, options);
+  if (kind == TrackKind::Sav && read.fixes.size() >= 4) ricampiona(read, options, title);
   desk_.findings.add(read.findings, file);
   prendi(std::move(read.fixes), file.string());
   return true;
 }
 
-void TrackDesk::ricampiona(TrackRead& read, const TrackOptions& options) {
-  const std::string answer = desk_.chiedi({.question = Question::BezierPoints});
+void TrackDesk::ricampiona(TrackRead& read, const TrackOptions& options, const std::string& title) {
+  const std::string answer =
+      desk_.chiedi({.question = Question::BezierPoints,
+                    .details = title + ": " + Quanti(read.fixes.size(), "fix", "fixes") +
+                               ". 2 or more points for each run of four; an empty answer keeps the fixes."});
   if (Rifila(answer).empty()) return;
   const auto count = NumeroDaCasella<std::int16_t>(answer, {"LeggiFileSav", "number of points"}, desk_.findings);
   if (count && *count >= 2) read.fixes = Ricampiona(read.fixes, *count, options.layout);
 }
 
 /// The zone of a survey that has none. @return false when the user gave up
-bool TrackDesk::chiediZona() {
+bool TrackDesk::chiediZona(const std::string& title) {
   if (survey_.settings.ZonaUTM != 0) return true;
-  const std::string answer = desk_.chiedi({.question = Question::TrackZone, .defaultAnswer = "32"});
+  const std::string answer = desk_.chiedi({.question = Question::TrackZone, .defaultAnswer = "32", .details = title});
   if (Rifila(answer).empty()) return false;
   const auto zone = NumeroDaCasella<std::int16_t>(answer, {"LeggiGPSEsterno", "zone"}, desk_.findings);
   if (zone) setZone_(*zone);
@@ -89,13 +96,16 @@ void TrackDesk::prendi(Array1<PuntoGPSEst> fixes, const std::string& name) {
 
 void TrackDesk::allinea(const char* procedure) {
   if (const std::size_t left = CollocaTraccia(survey_); left > 0) {
-    desk_.findings.fault(procedure, Quanti(left, "fix", "fixes") + " that cannot be converted left out", name_);
+    desk_.findings.addUnaVolta(
+        {Severity::Fault, procedure, name_, Quanti(left, "fix", "fixes") + " that cannot be converted left out"});
   }
 }
 
 std::optional<double> TrackDesk::chiediOrologio() {
   const std::optional<std::string> answer =
-      desk_.dialogs.InputBox({.question = Question::ClockOffset, .defaultAnswer = "0"});
+      desk_.dialogs.InputBox({.question = Question::ClockOffset,
+                              .defaultAnswer = "0",
+                              .details = std::filesystem::path(name_).filename().string()});
   if (!answer) return std::nullopt;
   if (Rifila(*answer).empty()) return 0.0;
   return NumeroDaCasella<double>(*answer, ClockBox, desk_.findings);
@@ -166,7 +176,11 @@ void TrackDesk::chiediConnessione(std::int32_t measurement) {
   Trappola(desk_.findings, "ptlbl_MouseDown", [&] {
     if (!avanza(measurement)) return;
     const std::string answer =
-        desk_.chiedi({.question = Question::Connection, .number = numCollegamenti_ + 1, .measurement = measurement});
+        desk_.chiedi({.question = Question::Connection,
+                      .details = "Number of the fix, 1 to " + std::to_string(survey_.tracciaEst.NumGPSEst()) + " of " +
+                                 std::filesystem::path(name_).filename().string(),
+                      .number = numCollegamenti_ + 1,
+                      .measurement = measurement});
     if (Rifila(answer).empty()) return;
     const auto fix = NumeroDaCasella<std::int32_t>(answer, FixBox, desk_.findings);
     if (fix) connetti(measurement, *fix);

@@ -58,8 +58,8 @@ class TrackDesk {
 
  private:
   bool leggiTraccia(const std::filesystem::path& file);
-  bool chiediZona();
-  void ricampiona(TrackRead& read, const TrackOptions& options);
+  bool chiediZona(const std::string& title);
+  void ricampiona(TrackRead& read, const TrackOptions& options, const std::string& title);
   void prendi(Array1<PuntoGPSEst> fixes, const std::string& name);
   bool avanza(std::int32_t measurement);
 
