@@ -8,6 +8,7 @@
 
 #include "base/ErrorTrap.h"
 #include "base/Fields.h"
+#include "base/NumberCheck.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
@@ -187,9 +188,8 @@ bool SyscalReading::chiediCanali() {
       return false;
     }
     if (!Rifila(answer).empty() && !SoloNumero(answer)) {
-      report_.findings.note(
-          SyscalProcedure,
-          "the channel number \"" + answer + "\" is no number from end to end: read as " + std::to_string(channels));
+      report_.findings.note(SyscalProcedure, "the channel number " + Citazione(answer) +
+                                                 " is no number from end to end: read as " + std::to_string(channels));
     }
   }
   number_ = static_cast<std::size_t>(channels);

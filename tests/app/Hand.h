@@ -1,9 +1,9 @@
 // A hand that answers the real boxes.
 #pragma once
 
+#include <functional>
 #include <QDialogButtonBox>
-#include <QInputDialog>
-#include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QTimer>
 
 #include "Window.h"
@@ -28,7 +28,9 @@ class Hand {
   Hand(const Hand&) = delete;
   Hand& operator=(const Hand&) = delete;
 
-  std::vector<std::string> titles, prompts, texts;
+  std::vector<std::string> titles, prompts, details, texts;
+  /// Looks at each box before it is answered.
+  std::function<void(QWidget&)> inspect;
 
  private:
   void look() {
@@ -36,10 +38,13 @@ class Hand {
     if (box == nullptr || !box->isVisible() || answering_.contains(box)) return;
     const Reply reply = titles.size() < replies_.size() ? replies_[titles.size()] : Reply{By::Escape};
     auto* edit = box->findChild<QLineEdit*>();
-    const auto* label = box->findChild<QLabel*>(edit == nullptr ? "qt_msgbox_label" : "");
+    const auto* label = box->findChild<QLabel*>("BoxPrompt");
+    const auto* below = box->findChild<QPlainTextEdit*>("BoxDetails");
     titles.push_back(box->windowTitle().toStdString());
     prompts.push_back(label == nullptr ? "" : label->text().toStdString());
+    details.push_back(below == nullptr ? "" : below->toPlainText().toStdString());
     texts.push_back(edit == nullptr ? "" : edit->text().toStdString());
+    if (inspect) inspect(*box);
     if (edit != nullptr && reply.text != nullptr) edit->setText(QString::fromUtf8(reply.text));
     // Once the timer has returned, so that it sees a box that this answer opens.
     answering_.append(box);

@@ -183,7 +183,7 @@ TEST(RealBoxes, OfATrackAreAskedInTurnAndMayBeGivenUpAtEach) {
       EXPECT_EQ(hand.prompts.at(1), "not enough GPS points");
     }
   }
-  EXPECT_EQ(w.label("StatusFiles"), "1 file, 5 measurements, track of 1 fixes");
+  EXPECT_EQ(w.label("StatusFiles"), "1 file, 5 measurements, track of 1 fix");
 }
 
 }  // namespace
