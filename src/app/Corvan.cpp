@@ -304,6 +304,11 @@ void Corvan::dropEvent(QDropEvent* event) {
   if (!dropped.folder.isEmpty()) fileIn_->apri(dropped.folder);
   if (!dropped.surveys.isEmpty()) leggi(dropped.surveys);
   leggiTracce(dropped.tracks);
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile() && QFileInfo::exists(url.toLocalFile())) continue;
+    session_.findings().note("dropEvent", "is no file of this machine: left out", url.toDisplayString().toStdString());
+  }
+  aggiorna();
 }
 
 }  // namespace corvan

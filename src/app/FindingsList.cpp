@@ -63,7 +63,7 @@ FindingsList::FindingsList(const Findings& findings, QWidget* parent)
   table_->setWordWrap(true);
   table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   const int letter = fontMetrics().averageCharWidth();
-  const int widths[] = {20 * letter, 10 * letter, 22 * letter};
+  const int widths[] = {20 * letter, 12 * letter, 22 * letter};
   for (int column = CommandColumn; column < ReasonColumn; ++column) table_->setColumnWidth(column, widths[column]);
   connect(table_->horizontalHeader(), &QHeaderView::sectionResized, table_, &QTableWidget::resizeRowsToContents);
 

@@ -38,9 +38,11 @@ QString TestoFile(const Survey& survey) {
   const auto count = [](std::size_t n, const char* one, const char* many) {
     return QString::fromStdString(Quanti(n, one, many));
   };
-  QString text = survey.files.empty() ? "No survey"
-                                      : count(survey.files.size(), "file", "files") + ", " +
-                                            count(survey.Misure.size(), "measurement", "measurements");
+  const auto read = static_cast<std::size_t>(
+      std::count_if(survey.files.begin(), survey.files.end(), [](const FileSummary& f) { return !f.format.empty(); }));
+  QString text = read == 0
+                     ? "No survey"
+                     : count(read, "file", "files") + ", " + count(survey.Misure.size(), "measurement", "measurements");
   if (survey.tracciaEst.loaded) {
     text += ", track of " + count(survey.tracciaEst.PuntiGPSEst.size(), "fix", "fixes");
   }
