@@ -53,10 +53,17 @@ void ElidedLabel::riserva(const QString& longest) {
   updateGeometry();
 }
 
+/// The same for every text and weight: letters of other scripts would else make the window's lines higher.
+int ElidedLabel::altezza() const {
+  QFont bold = font(), light = font();
+  bold.setBold(true);
+  light.setBold(false);
+  return std::max(QFontMetrics(bold).height(), QFontMetrics(light).height());
+}
+
 QSize ElidedLabel::sizeHint() const {
   const QMargins margins = contentsMargins();
-  return {fontMetrics().horizontalAdvance(longest_) + margins.left() + margins.right() + 1,
-          QLabel::minimumSizeHint().height()};
+  return {fontMetrics().horizontalAdvance(longest_) + margins.left() + margins.right() + 1, altezza()};
 }
 
 void ElidedLabel::mostra(const QString& text, const QString& tail, const QString& whole) {

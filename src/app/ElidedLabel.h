@@ -32,7 +32,7 @@ class ElidedLabel : public QLabel {
   void alClic(std::function<void()> clicked);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+  QSize minimumSizeHint() const override { return {0, altezza()}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -41,6 +41,7 @@ class ElidedLabel : public QLabel {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  int altezza() const;
   int spazio() const { return contentsRect().width(); }
   void aggiorna();
 
