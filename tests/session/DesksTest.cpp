@@ -163,7 +163,7 @@ TEST(Desks, TheExportersAsksBeforeItReplacesAndKeepsWhatIsNotItsOwn) {
   request.E1 = 1;
   desk.scrivi(request);
   ASSERT_EQ(s.dialogs.messages.size(), 1U);
-  EXPECT_EQ(s.dialogs.messages[0].details, "out.bin\nout.txt");
+  EXPECT_EQ(s.dialogs.messages[0].details, "In " + s.folder.path().string() + ":\nout.bin\nout.txt");
   EXPECT_EQ(test::Slurp(s.folder / "out.txt"), before);
   EXPECT_EQ(desk.outputs().size(), 2U);
   s.dialogs.messageAnswer = Answer::Ok;
