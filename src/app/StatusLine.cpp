@@ -7,6 +7,7 @@
 
 #include "app/Frame.h"
 #include "app/StatusText.h"
+#include "view3d/Picking.h"
 
 namespace corvan {
 
@@ -82,7 +83,11 @@ void StatusLine::punta(const PuntoPixel& place) {
 }
 
 /// Level and resistivity of the cell that is seen there.
-QString StatusLine::cella(const PuntoPixel&) const { return {}; }
+QString StatusLine::cella(const PuntoPixel& place) const {
+  const PaintedScene& picture = session_.view.picture();
+  const std::optional<CellaVista> cell = CellaSotto(picture.scene(), picture.view(), place);
+  return cell ? TestoCella(cell->livello, static_cast<double>(cell->resistivita)) : QString();
+}
 
 void StatusLine::lascia() {
   pointer_.reset();

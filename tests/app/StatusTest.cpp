@@ -1,6 +1,7 @@
 // The status bar's places: what they hold, that none moves another, and that no text makes the window grow.
 #include "app/PickedLines.h"
 #include "app/StatusText.h"
+#include "base/NumberText.h"
 #include "geo/Utm.h"
 #include "Hand.h"
 #include "Window.h"
@@ -121,6 +122,27 @@ TEST(StatusBar, CoordinatesAreThoseOfTheMeasurementThere) {
     EXPECT_EQ(TestoCoordinate(*grid).toStdString(), c.text);
   }
   EXPECT_EQ(TestoCella(3, 12.345).toStdString(), "level 3, 12.35 Ohm m");
+}
+
+// Seen from the side the ten levels of the middle measurement hang one below the other.
+TEST(StatusBar, TellsLevelAndResistivityOfTheCellUnderThePointer) {
+  Window w;
+  w.readPlan();
+  w.enter("Thetatxt", "180");
+  w.enter("Zoomtxt", "6");
+  QCoreApplication::processEvents();
+  std::vector<std::string> seen;
+  for (int y = 0; y < w.picture()->height(); ++y) {
+    w.point({w.picture()->width() / 2, y});
+    const std::string cell = w.label("StatusCell");
+    if (!cell.empty() && (seen.empty() || seen.back() != cell)) seen.push_back(cell);
+  }
+  ASSERT_EQ(seen.size(), 10U);
+  const Misura& middle = w.session().survey.dati().Misure(3);
+  for (std::size_t level = 1; level <= 10; ++level) {
+    EXPECT_EQ(seen[level - 1], "level " + std::to_string(level) + ", " +
+                                   FormattaNumero(static_cast<double>(middle.Rho[level]), "0.0#") + " Ohm m");
+  }
 }
 
 TEST(StatusBar, NothingMovesAndNoTextMakesItGrow) {
