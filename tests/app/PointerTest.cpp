@@ -29,7 +29,7 @@ TEST(Pointer, FindsThePictureAtTheScreensOwnResolution) {
   const double scale = std::max(1.0, qEnvironmentVariable("QT_SCALE_FACTOR").toDouble());
   EXPECT_EQ(w.picture()->devicePixelRatioF(), scale);
   EXPECT_EQ(w.picture()->picture().width(), w.picture()->width() * scale);
-  EXPECT_EQ(w.picture()->picture().height(), w.picture()->height() * scale);
+  EXPECT_NEAR(w.picture()->picture().height(), w.picture()->height() * scale, 0.99);
 }
 
 // Firing 3 of 12 lies 73.03 m west and 48.24 m south of the middle, 50.01 m along the track (Krueger series).
