@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/Errors.h"
+#include "base/Halves.h"
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
@@ -63,22 +64,6 @@ void CalcolaProfondita(Survey& survey) {
   }
 }
 
-/// Extremes of the resistivities that stand, in readings that exist; 0 without any.
-void CalcolaEstremiRho(Survey& survey) {
-  TrackExtent& t = survey.traccia;
-  t.RhoMin = t.RhoMax = 0.0F;
-  bool started = false;
-  for (const Misura& m : survey.Misure) {
-    for (std::size_t c = 1; c <= MaxChannels; ++c) {
-      const float rho = m.Rho.at(c);
-      if (!HaLettura(m, c) || !std::isfinite(rho)) continue;
-      if (!started) t.RhoMin = t.RhoMax = rho;
-      started = true;
-      Allarga(t.RhoMin, t.RhoMax, rho);
-    }
-  }
-}
-
 /// Recomputes the apparent resistivities from potentials and currents of both signs.
 void CalcolaRho(Misura& m, const TrackExtent& t) {
   if (m.Val180 == 0.0F || m.Val184 == 0.0F) return;
@@ -92,16 +77,13 @@ void CalcolaRho(Misura& m, const TrackExtent& t) {
 }
 
 /// Tells of firings without current, whose resistivities cannot be computed anew.
-void RilevaCorrentiNulle(const Survey& survey, Findings& findings) {
-  const auto idle = [](const Misura& m) { return !m.SenzaFix && !Vuota(m) && (m.Val180 == 0.0F || m.Val184 == 0.0F); };
-  const auto first = std::find_if(survey.Misure.begin(), survey.Misure.end(), idle);
-  if (first == survey.Misure.end()) return;
-  const auto count = static_cast<std::uintmax_t>(std::count_if(first, survey.Misure.end(), idle));
+/// @param count how many @param first the first of them, 1-based
+void RilevaCorrentiNulle(const Survey& survey, std::size_t count, std::size_t first, Findings& findings) {
+  if (count == 0) return;
   std::string told = Quanti(count, "measurement with a current of 0 keeps", "measurements with a current of 0 keep") +
                      " the resistivities that were read";
   told += IlPrimo(count);
-  findings.note(Procedure, told + "measurement " + std::to_string(first - survey.Misure.begin() + 1),
-                FileDi(survey, *first));
+  findings.note(Procedure, told + "measurement " + std::to_string(first), FileDi(survey, survey.Misure(first)));
 }
 
 /// The scene holds positions and distances as singles: a place whose distance from another may exceed them has none.
@@ -130,26 +112,66 @@ bool FuoriDallaTerra(const Misura& m, AngleFormat layout) {
   return std::abs(GradiDaNumero(m.Lat, layout)) > 90.0 || std::abs(GradiDaNumero(m.Lon, layout)) > 180.0;
 }
 
-/// Positions of all measurements; those that cannot be converted lose theirs. What was interpolated is no source.
-void DerivaPosizioni(Survey& survey, Findings& findings) {
-  std::size_t failed = 0;
-  std::size_t impossible = 0;
-  for (Misura& m : survey.Misure) {
-    if (m.Interpolata) m.sorgente = {};
-    m.Scartata = m.Interpolata = false;
-    m.SenzaFix = !HaSorgente(m.sorgente);
-    if (!m.SenzaFix && !DerivaPosizione(m, survey.settings)) {
-      m.SenzaFix = true;
-      ++failed;
-    }
-    if (m.SenzaFix) {
-      m.Lat = m.Lon = m.UTMx = m.UTMy = 0.0;
-    } else if (FuoriDallaTerra(m, survey.settings.layout)) {
-      ++impossible;
-    }
-    m.Deriv[3] = m.UTMx;
-    m.Deriv[4] = m.UTMy;
+/// What the measurements of one stretch give by themselves.
+struct Stretch {
+  std::size_t failed = 0;      ///< positions that cannot be converted
+  std::size_t impossible = 0;  ///< positions that are nowhere on the earth
+  std::size_t idle = 0;        ///< positioned firings with readings and without current
+  std::size_t firstIdle = 0;
+  float RhoMin = 0, RhoMax = 0;
+  bool anyRho = false;
+
+  /// Extremes of the resistivities that stand, in readings that exist; 0 without any.
+  void allarga(float low, float high) {
+    if (!anyRho) RhoMin = low, RhoMax = high;
+    anyRho = true;
+    Allarga(RhoMin, RhoMax, low);
+    Allarga(RhoMin, RhoMax, high);
   }
+};
+
+/// The position of a measurement; one that cannot be converted is lost. What was interpolated is no source.
+void DerivaPosizione(Misura& m, const Settings& settings, Stretch& stretch) {
+  if (m.Interpolata) m.sorgente = {};
+  m.Scartata = m.Interpolata = false;
+  m.SenzaFix = !HaSorgente(m.sorgente);
+  if (!m.SenzaFix && !DerivaPosizione(m, settings)) {
+    m.SenzaFix = true;
+    ++stretch.failed;
+  }
+  if (m.SenzaFix) {
+    m.Lat = m.Lon = m.UTMx = m.UTMy = 0.0;
+  } else if (FuoriDallaTerra(m, settings.layout)) {
+    ++stretch.impossible;
+  }
+  m.Deriv[3] = m.UTMx;
+  m.Deriv[4] = m.UTMy;
+}
+
+/// Resistivities and positions of all measurements: what each has by itself, in one pass, since the survey is longer
+/// than any cache.
+void DerivaMisure(Survey& survey, Findings& findings) {
+  const auto work = [&survey](std::size_t from, std::size_t to) {
+    Stretch stretch;
+    for (std::size_t k = from + 1; k <= to; ++k) {
+      Misura& m = survey.Misure(k);
+      CalcolaRho(m, survey.traccia);
+      DerivaPosizione(m, survey.settings, stretch);
+      if (!m.SenzaFix && !Vuota(m) && (m.Val180 == 0.0F || m.Val184 == 0.0F)) {
+        if (stretch.idle++ == 0) stretch.firstIdle = k;
+      }
+      for (std::size_t c = 1; c <= MaxChannels; ++c) {
+        const float rho = m.Rho.at(c);
+        if (HaLettura(m, c) && std::isfinite(rho)) stretch.allarga(rho, rho);
+      }
+    }
+    return stretch;
+  };
+  auto [all, behind] = InDueMeta(survey.Misure.size(), work);
+  if (behind.anyRho) all.allarga(behind.RhoMin, behind.RhoMax);
+  survey.traccia.RhoMin = all.RhoMin;
+  survey.traccia.RhoMax = all.RhoMax;
+  const std::size_t failed = all.failed + behind.failed, impossible = all.impossible + behind.impossible;
   if (failed > 0) {
     findings.fault(Procedure, "positions that cannot be converted count as lost: " + std::to_string(failed));
   }
@@ -157,6 +179,7 @@ void DerivaPosizioni(Survey& survey, Findings& findings) {
     findings.fault(Procedure, "positions outside 90 degrees of latitude or 180 of longitude: " +
                                   std::to_string(impossible) + " (is the coordinate format right?)");
   }
+  RilevaCorrentiNulle(survey, all.idle + behind.idle, all.idle > 0 ? all.firstIdle : behind.firstIdle, findings);
 }
 
 /// Bounding box of the measurements with a position of their own, and the scene origin in its middle.
@@ -275,11 +298,8 @@ bool SenzaZona(const Survey& survey) {
 
 TrackResult AnalisiFile(Survey& survey, Findings& findings) {
   CalcolaFattori(survey, findings);
-  for (Misura& m : survey.Misure) CalcolaRho(m, survey.traccia);
-  DerivaPosizioni(survey, findings);
-  CalcolaEstremiRho(survey);
+  DerivaMisure(survey, findings);
   CalcolaProfondita(survey);
-  RilevaCorrentiNulle(survey, findings);
   CalcolaEstensione(survey);
   survey.settings.CoordUTM = true;
   const TrackResult result = TrattaFixPersi(survey);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "base/Halves.h"
 #include "base/Rounding.h"
 
 namespace corvan {
@@ -115,37 +116,38 @@ void CreaFourArray(Scene& scene, const Survey& survey) {
   cells.columns = Array1<CellColumn>(count);
   cells.NQuad = static_cast<std::int32_t>(MaxChannels * count);
   for (std::size_t k = 0; k <= MaxChannels; ++k) cells.z.at(k) = Coordinata(-static_cast<double>(k) * Spessore(survey));
-  for (std::size_t i = 1; i <= count; ++i) cells.columns(i) = CreaColonna(survey, origin, i);
+  InDueMeta(count, [&](std::size_t from, std::size_t to) {
+    for (std::size_t i = from + 1; i <= to; ++i) cells.columns(i) = CreaColonna(survey, origin, i);
+    return true;
+  });
 }
 
 void GeneraTraiettoria(Scene& scene, const Survey& survey) {
   const Origin origin(survey);
   scene.trajectory = Aperto(survey.Misure.size());
   scene.lineEnds.clear();
-  scene.placed.clear();
+  scene.placed.assign(survey.Misure.size(), false);
+  // A measurement without position repeats the one before it, at the start the first that has one: outlines then run
+  // on instead of turning off to the scene's origin.
+  const auto start = std::find_if(survey.Misure.begin(), survey.Misure.end(), HaPosizione);
+  const auto at = [&origin](const Misura& m) {
+    const Place place = origin.of(m);
+    return Punto3D{place.x, place.y, 0.0F, m.Val12};
+  };
+  Punto3D last = start == survey.Misure.end() ? Punto3D() : at(*start);
   // A line ends before the first measurement with a position that is of another file: empty firings name none.
   std::int16_t line = 0;
   for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
     const Misura& m = survey.Misure(k);
-    scene.placed.push_back(HaPosizione(m));
-    if (!scene.placed.back() || m.NumFile == 0) continue;
+    const bool placed = HaPosizione(m);
+    scene.placed[k - 1] = placed;
+    if (placed) last = at(m);
+    scene.trajectory(k) = last;
+    if (!placed || m.NumFile == 0) continue;
     if (line != 0 && m.NumFile != line) scene.lineEnds.push_back(k - 1);
     line = m.NumFile;
   }
   if (!survey.Misure.empty()) scene.lineEnds.push_back(survey.Misure.size());
-  // A measurement without position repeats the one before it, at the start the first that has one: outlines then run
-  // on instead of turning off to the scene's origin.
-  const auto start = std::find_if(survey.Misure.begin(), survey.Misure.end(), HaPosizione);
-  Punto3D last;
-  for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
-    const Misura& m =
-        HaPosizione(survey.Misure(k)) || start == survey.Misure.end() || k > 1 ? survey.Misure(k) : *start;
-    if (HaPosizione(m)) {
-      const Place place = origin.of(m);
-      last = {place.x, place.y, 0.0F, m.Val12};
-    }
-    scene.trajectory(k) = last;
-  }
 }
 
 void GeneraGPS(Scene& scene, const Survey& survey) {

@@ -352,5 +352,41 @@ TEST(DepthLookUp, IsThatOfAScanFromTheFirstPoint) {
   EXPECT_EQ(AssegnaZ(profile, 9, 4, 1.0), 0.0F);
 }
 
+// Two cores share a long survey: nothing depends on which of them a measurement falls to.
+TEST(LongSurveys, AreAnalysedAsShortOnesAre) {
+  constexpr std::size_t count = 20'000;
+  Survey survey;
+  survey.settings.griglia = {33, Hemisphere::North};
+  for (std::size_t k = 1; k <= count; ++k) {
+    Misura m;
+    ImpostaUTM(m, 5030000.0 + static_cast<double>(k), k == 3 || k == count - 2 ? 1e300 : 290000.0);
+    m.Val60 = 55;
+    m.Val64 = 60;
+    for (std::size_t e = 1; e <= PotentialElectrodes; ++e) m.Elettrodi.at(e) = 50.0F - 5.0F * static_cast<float>(e - 1);
+    m.Val180 = 1000;
+    m.Val184 = -1000;
+    m.NumFile = 1;
+    m.CanaleA.at(1) = 1.0F + static_cast<float>(k % 977);
+    m.CanaleB.at(1) = -m.CanaleA.at(1);
+    m.letture = BitDi(1);
+    survey.Misure.append(m);
+  }
+  survey.Misure(7000).CanaleA.at(1) = survey.Misure(7000).CanaleB.at(1) = 0.0F;
+  survey.Misure(count - 1).CanaleA.at(1) = 5000.0F;
+  survey.Misure(count - 1).CanaleB.at(1) = -5000.0F;
+  CreaCavoDaMisure(survey);
+  Findings findings;
+  AnalisiFile(survey, findings);
+  EXPECT_EQ(findings.entries().at(0).reason, "positions that cannot be converted count as lost: 2");
+  const float factor = survey.traccia.FattoreK.at(1);
+  ASSERT_NE(factor, 0.0F);
+  for (const std::size_t k : {std::size_t{1}, std::size_t{9999}, std::size_t{10000}, std::size_t{10001}, count}) {
+    EXPECT_FLOAT_EQ(survey.Misure(k).Rho.at(1), (1.0F + static_cast<float>(k % 977)) / 1000.0F * factor) << k;
+    EXPECT_EQ(survey.Misure(k).UTMy, 5030000.0 + static_cast<double>(k)) << k;
+  }
+  EXPECT_EQ(survey.traccia.RhoMin, std::min(0.0F, 5.0F * factor));
+  EXPECT_FLOAT_EQ(survey.traccia.RhoMax, std::max(0.0F, 5.0F * factor));
+}
+
 }  // namespace
 }  // namespace corvan

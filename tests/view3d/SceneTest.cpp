@@ -111,5 +111,20 @@ TEST(Cable, LiesTowardsIncreasingEasting) {
   ExpectPoint(scene.cable(12), 4, 50 + 55, 0, "C1 straight north");
 }
 
+// Two cores share the columns of a long survey: each still ends half-way to its neighbours.
+TEST(LongCurtains, JoinWhereTheirHalvesMeet) {
+  std::vector<test::Firing> firings;
+  for (std::size_t k = 0; k < 20'000; ++k) firings.push_back({300000.0 + static_cast<double>(k), 5000000.0});
+  const Survey survey = test::SurveyOf(firings);
+  Scene scene;
+  CreaFourArray(scene, survey);
+  for (std::size_t k = 2; k <= firings.size(); ++k) {
+    const CellColumn &before = scene.cells.columns(k - 1), &column = scene.cells.columns(k);
+    ASSERT_TRUE(column.present) << k;
+    ASSERT_EQ(column.x1, static_cast<float>(k) - 1.5F) << k;
+    ASSERT_EQ(column.x1, before.x2) << k;
+  }
+}
+
 }  // namespace
 }  // namespace corvan
