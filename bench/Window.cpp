@@ -111,7 +111,7 @@ std::pair<double, double> Changes(Corvan& window) {
       [&] {
         session.survey.impostaIntervallo({1, 2});
       },
-      [&] { session.survey.trasla(Translation::DataNorth, 37.5); },
+      [&] { session.translations.trasla(Translation::DataNorth, 37.5); },
       [&] { session.collegaPerTempo(3); }};
   auto* picture = window.findChild<QWidget*>("CoordPic");
   double slowest = 0, slowestBack = 0;

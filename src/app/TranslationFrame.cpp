@@ -59,7 +59,7 @@ void TranslationFrame::chiudi() { esegui("SHtranslation_Click")(); }
 
 void TranslationFrame::mostra() {
   setVisible(session().view.state().layers.MostraTraslazione);
-  for (const Box& box : boxes_) SetText(box.edit, session().survey.FrameDataMove.*box.text);
+  for (const Box& box : boxes_) SetText(box.edit, session().translations.FrameDataMove.*box.text);
 }
 
 }  // namespace corvan

@@ -107,7 +107,7 @@ void Trasla(Session& session, const std::string& shift, Translation east, Transl
   for (const auto& [what, text] :
        {std::pair(east, shift.substr(0, comma)), std::pair(north, shift.substr(comma + 1))}) {
     const auto metres = NumeroDaCasella<double>(text, CasellaDi(what), session.findings());
-    if (metres) session.survey.trasla(what, *metres);
+    if (metres) session.translations.trasla(what, *metres);
   }
 }
 

@@ -12,14 +12,14 @@ constexpr double ZoomStep = 0.1;  // decades
 
 template <Translation What, int Sign>
 void Passo(Session& s, const std::string&) {
-  s.survey.passo(What, Sign * Step);
+  s.translations.passo(What, Sign * Step);
 }
 
 template <Translation What, std::string TranslationPanel::*Box>
 void Trasla(Session& s, const std::string& text) {
   const auto metres = NumeroDaCasella<double>(text, CasellaDi(What), s.findings());
-  if (metres) s.survey.trasla(What, *metres);
-  s.survey.FrameDataMove.*Box = text;
+  if (metres) s.translations.trasla(What, *metres);
+  s.translations.FrameDataMove.*Box = text;
 }
 
 template <Axis Which, int Sign>

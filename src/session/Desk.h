@@ -12,14 +12,15 @@ namespace corvan {
 
 /// What a command changed, for the desks that show or use it.
 enum class Change {
-  Survey,     ///< another survey was read and is about to be analysed
-  Analysis,   ///< positions, factors or resistivities were derived anew
-  Cells,      ///< the scene's cells show something else
-  Depths,     ///< water depths, or the place where their profile is drawn
-  Colours,    ///< the range of the colour scale
-  Track,      ///< another external track
-  Selection,  ///< the chosen extremes
-  Label       ///< the line of information on the picture
+  Survey,       ///< another survey was read and is about to be analysed
+  Analysis,     ///< positions, factors or resistivities were derived anew
+  Cells,        ///< the scene's cells show something else
+  Depths,       ///< water depths, or the place where their profile is drawn
+  Translation,  ///< where the view shows the data
+  Colours,      ///< the range of the colour scale
+  Track,        ///< another external track
+  Selection,    ///< the chosen extremes
+  Label         ///< the line of information on the picture
 };
 
 struct Desk {

@@ -53,7 +53,8 @@ Session::Session(Dialogs& dialogs, Clock clock)
       track(desk(), survey.dati(), [this](std::int16_t zone) { survey.dichiaraZona(zone); }),
       selection(desk(), survey.dati()),
       view(desk(), survey.dati()),
-      exporter(desk(), survey.dati(), std::move(clock)) {
+      exporter(desk(), survey.dati(), std::move(clock)),
+      translations(desk(), survey.dati().settings) {
   view.informa(survey.info(), survey.avvisa());
 }
 
@@ -68,6 +69,7 @@ void Session::segui(Change change) {
       view.azzera();
       track.azzera();
       exporter.azzera();
+      translations.azzera();
       letti_ = survey.FrameFileIn.File1;
       return;
     case Change::Analysis:
@@ -79,6 +81,10 @@ void Session::segui(Change change) {
       return;
     case Change::Depths:
       view.picture().rifaiFondo();
+      return;
+    case Change::Translation:
+      survey.analizza();
+      view.picture().rifaiCelle();
       return;
     case Change::Colours:
       view.picture().colora(survey.colours());

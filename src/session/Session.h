@@ -11,6 +11,7 @@
 #include "session/Selection.h"
 #include "session/SurveyDesk.h"
 #include "session/TrackDesk.h"
+#include "session/Translations.h"
 #include "session/ViewDesk.h"
 
 namespace corvan {
@@ -43,6 +44,7 @@ class Session {
   ViewDesk view;
   PictureMouse mouse{view};
   Exporter exporter;
+  Translations translations;
 
   /// "Read File": reads the selected files and runs the whole chain.
   void leggi();

@@ -17,7 +17,6 @@ namespace corvan {
 namespace {
 
 constexpr const char* BadPositions = "Some Data have incorrect GPS position";
-constexpr Mask Shift = "####0.0";
 constexpr const char* OtherCables = "CreaCavoDaMisure";
 constexpr const char* ZoneAssumed = "SelezionaZonaUTM";
 
@@ -27,8 +26,6 @@ std::string TestoScala(float low, float high) {
   return FormattaNumero(static_cast<double>(low), bound) + ";" + FormattaNumero(static_cast<double>(high), bound);
 }
 
-bool DelFondo(Translation what) { return what == Translation::DepthEast || what == Translation::DepthNorth; }
-
 }  // namespace
 
 SurveyDesk::SurveyDesk(Desk desk) : desk_(std::move(desk)) { segnaZona(DefaultZone); }
@@ -36,7 +33,6 @@ SurveyDesk::SurveyDesk(Desk desk) : desk_(std::move(desk)) { segnaZona(DefaultZo
 void SurveyDesk::azzera() {
   FrameFileIn.DonelblVisible = false;
   survey_.settings = Settings{};
-  FrameDataMove = TranslationPanel{};
   rangeTyped_ = false;
   segnaZona(DefaultZone);
   desk_.tell(Change::Label);
@@ -252,53 +248,6 @@ void SurveyDesk::correggiProfondita(std::int32_t index) {
     });
     desk_.tell(Change::Depths);
   });
-}
-
-double& SurveyDesk::spostamentoDati(Translation what) {
-  return what == Translation::DataEast ? survey_.settings.TraslDatiEst : survey_.settings.TraslDatiNord;
-}
-
-float& SurveyDesk::spostamentoFondo(Translation what) {
-  return what == Translation::DepthEast ? survey_.settings.TraslFondoEst : survey_.settings.TraslFondoNord;
-}
-
-void SurveyDesk::ricordaTraslazioni() {
-  desk_.history.ricorda("Translation", [this, s = survey_.settings, boxes = FrameDataMove] {
-    survey_.settings.TraslDatiEst = s.TraslDatiEst;
-    survey_.settings.TraslDatiNord = s.TraslDatiNord;
-    survey_.settings.TraslFondoEst = s.TraslFondoEst;
-    survey_.settings.TraslFondoNord = s.TraslFondoNord;
-    FrameDataMove = boxes;
-    rifai();
-  });
-}
-
-void SurveyDesk::trasla(Translation what, double metres) {
-  ricordaTraslazioni();
-  if (DelFondo(what)) {
-    spostamentoFondo(what) = ASingolo(metres);
-    desk_.tell(Change::Depths);
-  } else {
-    spostamentoDati(what) = metres;
-    rifai();
-  }
-}
-
-void SurveyDesk::passo(Translation what, double metres) {
-  ricordaTraslazioni();
-  if (DelFondo(what)) {
-    float& moved = spostamentoFondo(what);
-    moved = SingoloOppure(static_cast<double>(moved) + metres, moved);
-    // All four buttons show their value in the north box, the east ones too: a quirk of the panel that users know.
-    FrameDataMove.DTnordTxt = FormattaNumero(static_cast<double>(moved), Shift);
-    desk_.tell(Change::Depths);
-  } else {
-    double& moved = spostamentoDati(what);
-    moved += metres;
-    std::string& box = what == Translation::DataEast ? FrameDataMove.TestTxt : FrameDataMove.TnordTxt;
-    box = FormattaNumero(moved, Shift);
-    rifai();
-  }
 }
 
 }  // namespace corvan

@@ -1,4 +1,4 @@
-// The survey of a run: the files it is read from, filter, cable, zone, colour range, depths and translations.
+// The survey of a run: the files it is read from, filter, cable, zone, colour range and depths.
 #pragma once
 
 #include <cstdint>
@@ -18,16 +18,6 @@
 
 namespace corvan {
 
-/// What the two translation panels move, m.
-enum class Translation { DataEast, DataNorth, DepthEast, DepthNorth };
-
-/// A translation as it may be typed into its box: a quarter of the way round the earth at most.
-constexpr BoxNumber CasellaDi(Translation what) {
-  constexpr const char* procedures[] = {"TestTxt_KeyPress", "TnordTxt_KeyPress", "DTestTxt_KeyPress",
-                                        "DTnordTxt_KeyPress"};
-  return {procedures[static_cast<int>(what)], "translation", -1e7, 1e7};
-}
-
 class SurveyDesk {
  public:
   static constexpr std::int16_t DefaultZone = 32;
@@ -35,7 +25,6 @@ class SurveyDesk {
   explicit SurveyDesk(Desk desk);
 
   InputPanel FrameFileIn;
-  TranslationPanel FrameDataMove;
 
   Survey& dati() { return survey_; }
   const Survey& dati() const { return survey_; }
@@ -70,9 +59,6 @@ class SurveyDesk {
   /// The depth of a measurement becomes the mean of its neighbours', at an end that of the only one.
   void correggiProfondita(std::int32_t index);
 
-  void trasla(Translation what, double metres);
-  void passo(Translation what, double metres);  ///< the same by steps, shown in its box
-
  private:
   ReadOptions opzioni() const;
   Survey leggiTutti();
@@ -86,9 +72,6 @@ class SurveyDesk {
   void rilevaGettoni(const std::string& cable);
   void rilevaPosizioni();
   void rifai();
-  double& spostamentoDati(Translation what);
-  float& spostamentoFondo(Translation what);
-  void ricordaTraslazioni();
 
   Desk desk_;
   Survey survey_;

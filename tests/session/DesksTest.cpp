@@ -8,6 +8,7 @@
 #include "session/Selection.h"
 #include "session/SurveyDesk.h"
 #include "session/TrackDesk.h"
+#include "session/Translations.h"
 #include "session/ViewDesk.h"
 #include "support/SurveyFiles.h"
 #include "view3d/Pictures.h"
@@ -44,13 +45,22 @@ TEST(Desks, TheSurveysReadsAnalysesAndTellsWhatChanged) {
   desk.impostaZona(32);
   EXPECT_NE(desk.dati().Misure(2).UTMx, before);
   EXPECT_EQ(s.told(Change::Cells), 1U);
-  desk.trasla(Translation::DepthNorth, 2.5);
-  EXPECT_EQ(desk.dati().settings.TraslFondoNord, 2.5F);
-  EXPECT_EQ(s.told(Change::Depths), 1U);
-  EXPECT_EQ(s.history.annulla(), "Translation");
   EXPECT_EQ(s.history.annulla(), "Set UTM Zone");
-  EXPECT_EQ(desk.dati().settings.TraslFondoNord, 0.0F);
   EXPECT_EQ(desk.dati().Misure(2).UTMx, before);
+}
+
+TEST(Desks, TheTranslationsMoveDataAndDepthsApart) {
+  Surroundings s;
+  Settings settings;
+  Translations desk(s.desk, settings);
+  desk.trasla(Translation::DepthNorth, 2.5);
+  desk.passo(Translation::DataEast, 0.1);
+  EXPECT_EQ(settings.TraslFondoNord, 2.5F);
+  EXPECT_EQ(settings.TraslDatiEst, 0.1);
+  EXPECT_EQ(s.changes, (std::vector<Change>{Change::Depths, Change::Translation}));
+  EXPECT_EQ(s.history.annulla() + s.history.annulla(), "TranslationTranslation");
+  EXPECT_EQ(settings.TraslFondoNord, 0.0F);
+  EXPECT_EQ(desk.FrameDataMove.TestTxt, "0.0");
 }
 
 // A reading of nothing but broken files is no reason to lose the survey that is there.

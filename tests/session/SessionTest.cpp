@@ -267,11 +267,12 @@ TEST(Translations, ShowTheirValueInTheBoxesTheyAlwaysDid) {
   f.press("EpCmd_Click");
   f.press("EpCmd_Click");
   f.press("NmCmd_Click");
-  EXPECT_EQ(f.session.survey.FrameDataMove.TestTxt, "0.2");
-  EXPECT_EQ(f.session.survey.FrameDataMove.TnordTxt, "-0.1");
+  EXPECT_EQ(f.session.translations.FrameDataMove.TestTxt, "0.2");
+  EXPECT_EQ(f.session.translations.FrameDataMove.TnordTxt, "-0.1");
   f.press("DEpCmd_Click");
-  EXPECT_EQ(f.session.survey.FrameDataMove.DTnordTxt, "0.1") << "the east button shows its value in the north box";
-  EXPECT_EQ(f.session.survey.FrameDataMove.DTestTxt, "0.0");
+  EXPECT_EQ(f.session.translations.FrameDataMove.DTnordTxt, "0.1")
+      << "the east button shows its value in the north box";
+  EXPECT_EQ(f.session.translations.FrameDataMove.DTestTxt, "0.0");
   EXPECT_FLOAT_EQ(f.session.survey.dati().settings.TraslFondoEst, 0.1F);
   f.press("TnordTxt_KeyPress", "12.5 m");
   EXPECT_EQ(f.session.survey.dati().settings.TraslDatiNord, 12.5);

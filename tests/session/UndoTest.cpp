@@ -93,7 +93,7 @@ TEST(Undo, TakesBackAMixedRowOfChangesOneAtATimeToTheFirstByteOfEveryOutput) {
     }
   }
   EXPECT_EQ(f.session.annullabile(), "");
-  EXPECT_EQ(f.session.survey.FrameDataMove.TnordTxt, "0.0");
+  EXPECT_EQ(f.session.translations.FrameDataMove.TnordTxt, "0.0");
   EXPECT_FALSE(f.session.track.timeLink());
   f.press("Undo_Click");
   EXPECT_EQ(f.everything(), states.front()) << "there is nothing left";
