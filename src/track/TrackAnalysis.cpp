@@ -185,18 +185,31 @@ void DerivaMisure(Survey& survey, Findings& findings) {
 /// Bounding box of the measurements with a position of their own, and the scene origin in its middle.
 void CalcolaEstensione(Survey& survey) {
   TrackExtent& t = survey.traccia;
-  t.XMin = t.XMax = t.YMin = t.YMax = 0.0;
-  bool started = false;
-  for (const Misura& m : survey.Misure) {
-    if (m.SenzaFix) continue;
-    if (!started) {
-      t.XMin = t.XMax = m.UTMx;
-      t.YMin = t.YMax = m.UTMy;
-      started = true;
+  struct Box {
+    double XMin = 0, XMax = 0, YMin = 0, YMax = 0;
+    bool any = false;
+    void allarga(double x, double y) {
+      if (!any) *this = {x, x, y, y, true};
+      Allarga(XMin, XMax, x);
+      Allarga(YMin, YMax, y);
     }
-    Allarga(t.XMin, t.XMax, m.UTMx);
-    Allarga(t.YMin, t.YMax, m.UTMy);
+  };
+  auto [box, behind] = InDueMeta(survey.Misure.size(), [&survey](std::size_t from, std::size_t to) {
+    Box part;
+    for (std::size_t k = from + 1; k <= to; ++k) {
+      const Misura& m = survey.Misure(k);
+      if (!m.SenzaFix) part.allarga(m.UTMx, m.UTMy);
+    }
+    return part;
+  });
+  if (behind.any) {
+    box.allarga(behind.XMin, behind.YMin);
+    box.allarga(behind.XMax, behind.YMax);
   }
+  t.XMin = box.XMin;
+  t.XMax = box.XMax;
+  t.YMin = box.YMin;
+  t.YMax = box.YMax;
   t.CentroX = ASingolo((t.XMin + t.XMax) / 2.0);
   t.CentroY = ASingolo((t.YMin + t.YMax) / 2.0);
   t.CentroZ = t.MaxVal12 / 2.0F;
@@ -215,15 +228,18 @@ void GeneraPuntiGPS(Survey& survey) {
   TrackExtent& t = survey.traccia;
   const Settings& s = survey.settings;
   t.PuntiGPS = Array1<Punto3D>(survey.Misure.size());
-  for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
-    const Misura& m = survey.Misure(k);
-    Punto3D& p = t.PuntiGPS(k);
-    if (HaPosizione(m)) p = Relativo(m, t);
-    if (m.SenzaFix) continue;
-    p.x = ASingolo(m.UTMx - static_cast<double>(t.CentroX) + s.TraslDatiEst);
-    p.y = ASingolo(m.UTMy - static_cast<double>(t.CentroY) + s.TraslDatiNord);
-    p.w = m.Val12;
-  }
+  InDueMeta(survey.Misure.size(), [&](std::size_t from, std::size_t to) {
+    for (std::size_t k = from + 1; k <= to; ++k) {
+      const Misura& m = survey.Misure(k);
+      Punto3D& p = t.PuntiGPS(k);
+      if (HaPosizione(m)) p = Relativo(m, t);
+      if (m.SenzaFix) continue;
+      p.x = ASingolo(m.UTMx - static_cast<double>(t.CentroX) + s.TraslDatiEst);
+      p.y = ASingolo(m.UTMy - static_cast<double>(t.CentroY) + s.TraslDatiNord);
+      p.w = m.Val12;
+    }
+    return true;
+  });
   t.PuntiGPS0 = t.PuntiGPS;
 }
 
