@@ -131,7 +131,7 @@ void PictureMouse::rinuncia() {
 PictureRequest PictureMouse::doppio(const MouseEvent& mouse) {
   const Target target = bersaglio(mouse.x, mouse.y);
   if (target.kind == TargetKind::Depth) return {PictureAct::CorrectDepth, target};
-  if (target.kind == TargetKind::Nothing) desk_.inquadra();
+  if (target.kind == TargetKind::Nothing && !cella(mouse.x, mouse.y)) desk_.inquadra();
   return {};
 }
 

@@ -71,6 +71,24 @@ TEST(ViewFrame, IsTheWholeSurveyByADoubleClickOnWaterOrHome) {
   }
 }
 
+TEST(ViewFrame, StaysAsItIsByADoubleClickOnACell) {
+  Window w;
+  w.readPlan();
+  w.enter("Thetatxt", "170");
+  w.enter("Zoomtxt", "0.5");
+  PictureMouse& mouse = w.session().mouse;
+  QPoint cell;
+  for (int k = 0; k < w.picture()->width() * w.picture()->height() && cell.isNull(); k += 7) {
+    const QPoint at(k % w.picture()->width(), k / w.picture()->width());
+    if (mouse.cella(at.x(), at.y()) && mouse.bersaglio(at.x(), at.y()).kind == TargetKind::Nothing) cell = at;
+  }
+  ASSERT_FALSE(cell.isNull());
+  w.doubleClick(cell);
+  EXPECT_EQ(w.text("Zoomtxt"), "0.5");
+  w.doubleClick({30, 60});
+  EXPECT_EQ(w.text("Zoomtxt"), "1.");
+}
+
 TEST(ViewMiddle, StaysWhenPanelsOpenAndClose) {
   Window w;
   w.readPlan();
