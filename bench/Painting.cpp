@@ -172,7 +172,7 @@ void HitTest(benchmark::State& state) {
   std::size_t k = 0;
   for (auto _ : state) {
     k = (k + 7919) % labels.size();
-    benchmark::DoNotOptimize(p.renderer.ptlbl().at(labels[k].at));
+    benchmark::DoNotOptimize(p.renderer.ptlbl().cerca(labels[k].at, 0));
   }
   p.view.layers.MostraElettrodi = false;
 }

@@ -7,7 +7,6 @@
 
 #include "app/Frame.h"
 #include "app/StatusText.h"
-#include "view3d/Picking.h"
 
 namespace corvan {
 
@@ -79,14 +78,8 @@ void StatusLine::punta(const PuntoPixel& place) {
   if (target.kind == TargetKind::Measurement) point = QStringLiteral("measurement %1").arg(target.index);
   if (target.kind == TargetKind::Fix) point = QStringLiteral("fix %1").arg(target.index);
   point_->mostra(point);
-  cell_->mostra(cella(place));
-}
-
-/// Level and resistivity of the cell that is seen there.
-QString StatusLine::cella(const PuntoPixel& place) const {
-  const PaintedScene& picture = session_.view.picture();
-  const std::optional<CellaVista> cell = CellaSotto(picture.scene(), picture.view(), place);
-  return cell ? TestoCella(cell->livello, static_cast<double>(cell->resistivita)) : QString();
+  const std::optional<CellaVista> cell = session_.mouse.cella(place.X, place.Y);
+  cell_->mostra(cell ? TestoCella(cell->livello, static_cast<double>(cell->resistivita)) : QString());
 }
 
 void StatusLine::lascia() {

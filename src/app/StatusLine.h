@@ -28,7 +28,6 @@ class StatusLine : public QWidget {
 
  private:
   void mostraNota();
-  QString cella(const PuntoPixel& place) const;
 
   Session& session_;
   std::optional<PuntoPixel> pointer_;

@@ -26,10 +26,12 @@ QString Angolo(double degrees, char positive, char negative) {
   return Numero(std::abs(degrees), "0.00000") + QChar(0x00B0) + ' ' + side;
 }
 
-QString Scritto(const std::vector<std::filesystem::path>& written) {
+/// Folder and names of what was written, behind "Written" or "written".
+QString Scritto(const char* word, const std::vector<std::filesystem::path>& written) {
   QStringList names;
   for (const auto& path : written) names << Nome(path.filename());
-  return "ritten to " + QDir::toNativeSeparators(Nome(written.front().parent_path())) + ": " + names.join(", ");
+  return QLatin1String(word) + " to " + QDir::toNativeSeparators(Nome(written.front().parent_path())) + ": " +
+         names.join(", ");
 }
 
 }  // namespace
@@ -115,13 +117,13 @@ QString TestoCella(std::int32_t level, double resistivity) {
 StatusNote NotaDi(std::span<const Finding> findings, const std::vector<std::filesystem::path>& written) {
   StatusNote note{"ready", {}, {}, Tone::Plain};
   if (findings.empty()) {
-    if (!written.empty()) note = {"W" + Scritto(written), {}, {}, Tone::Success};
+    if (!written.empty()) note = {Scritto("Written", written), {}, {}, Tone::Success};
     return note;
   }
   const auto fault =
       std::find_if(findings.begin(), findings.end(), [](const Finding& f) { return f.severity == Severity::Fault; });
   const Finding& gravest = fault == findings.end() ? findings.front() : *fault;
-  const QString behind = written.empty() ? QString() : "; w" + Scritto(written);
+  const QString behind = written.empty() ? QString() : "; " + Scritto("written", written);
   const QString file = Nome(std::filesystem::path(gravest.file).filename());
   const QString reason = QString::fromStdString(gravest.reason);
   note.text = (file.isEmpty() ? reason : file + ": " + reason) + behind;

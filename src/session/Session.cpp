@@ -83,8 +83,7 @@ void Session::segui(Change change) {
       view.picture().rifaiFondo();
       return;
     case Change::Translation:
-      survey.analizza();
-      view.picture().rifaiCelle();
+      survey.rifai();
       return;
     case Change::Colours:
       view.picture().colora(survey.colours());
@@ -140,9 +139,8 @@ void Session::collegaPerTempo(double clockOffset) {
   collegata("Link by Time", track.timeLink()->withoutTrack, [this, before, shown, link] {
     before->rimetti(survey.dati());
     track.riprendi(link);
-    survey.analizza();
     view.mostra(&Layers::MostraGPS2, shown);
-    view.picture().rifaiCelle();
+    survey.rifai();
   });
 }
 
@@ -159,8 +157,7 @@ void Session::collegaPerPosizione() {
   if (!track.collegaPerPosizione()) return;
   collegata("Link by Position", 0, [this, before] {
     before->rimetti(survey.dati());
-    survey.analizza();
-    view.picture().rifaiCelle();
+    survey.rifai();
   });
 }
 

@@ -41,6 +41,7 @@ class SurveyDesk {
   /// @return false when it stays
   bool leggi();
   void analizza();     ///< derives all that follows from the readings and their positions
+  void rifai();        ///< the same, and the cells that show it
   void scartaTutto();  ///< linked to an empty track: every measurement is left out, until the next analysis
 
   void chiediCavo();  ///< "Set Cable Configuration"
@@ -71,7 +72,6 @@ class SurveyDesk {
   void rilevaLettura();
   void rilevaGettoni(const std::string& cable);
   void rilevaPosizioni();
-  void rifai();
 
   Desk desk_;
   Survey survey_;

@@ -89,11 +89,6 @@ void PointLayer::buildGrid() const {
   gridValid_ = true;
 }
 
-std::optional<std::int32_t> PointLayer::at(const PuntoPixel& place) const {
-  const std::optional<Hit> hit = cerca(place, 0);
-  return hit ? std::optional(hit->index) : std::nullopt;
-}
-
 std::optional<PointLayer::Hit> PointLayer::cerca(const PuntoPixel& place, std::int32_t reach) const {
   if (topmost_.empty() || !Dentro(place, area_)) return std::nullopt;
   if (!gridValid_) buildGrid();

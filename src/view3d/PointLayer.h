@@ -49,8 +49,6 @@ class PointLayer {
   /// of several on one pixel the topmost. The first question after assign builds a grid of 16 pixels; each one then
   /// looks at the cells around the pixel only.
   std::optional<Hit> cerca(const PuntoPixel& place, std::int32_t reach) const;
-  /// Index of the label that covers a pixel.
-  std::optional<std::int32_t> at(const PuntoPixel& place) const;
 
  private:
   /// Numbers of labels, cell after cell.

@@ -11,13 +11,8 @@ namespace {
 using test::By;
 using test::Hand;
 using test::Reply;
+using test::Track;
 using test::Window;
-
-constexpr const char* Track =
-    "N;Line;Date;Time;Lat;Lon;Sats;Depth;Quality;East;North\r\n"
-    "1;a;15/06/2026;06:00:00;45.4;9.0;9;3;1;500000;5030003\r\n"
-    "2;a;15/06/2026;06:00:08;45.4;9.0;9;6;1;500003;5030007\r\n"
-    "3;a;15/06/2026;06:00:16;45.4;9.0;9;9;1;500008;5030003\r\n";
 
 TEST(Shortcuts, EachDoTheirOwnItem) {
   Window w;
@@ -144,8 +139,7 @@ TEST(RealBoxes, OfTheOffsetsReachTheFileWritten) {
     EXPECT_EQ(hand.prompts, std::vector<std::string>{"No points selected"});
   }
   w.key("Ctrl+1");
-  w.enter("E1Txt", "1");
-  w.enter("E2txt", "5");
+  w.section("1", "5");
   for (const auto& c : cases) {
     w.key("Ctrl+S");
     std::filesystem::remove(w.folder / "FileOut.bin");

@@ -146,8 +146,7 @@ TEST(Messages, NameEveryFileOfACommandAndNeverHideThatOneFailed) {
   Window w;
   w.readPlan();
   w.key("Ctrl+1");
-  w.enter("E1Txt", "1");
-  w.enter("E2txt", "4");
+  w.section("1", "4");
   const std::string root = w.folder.path().string();
   w.folder.write("FileOut.txt", test::Slurp(test::Samples.toStdString() + "/lagoon_1.txt"));  // an original
   const auto save = [&](std::initializer_list<const char*> ticks) {
@@ -180,8 +179,7 @@ TEST(Messages, TellOfAMissingFolderBeforeAnythingCloses) {
   Window w;
   w.readPlan();
   w.key("Ctrl+1");
-  w.enter("E1Txt", "1");
-  w.enter("E2txt", "4");
+  w.section("1", "4");
   w.key("Ctrl+S");
   w.get<QLineEdit>("FileOutTxt")->setText("nowhere/line");
   for (int k = 0; k < 2; ++k) {

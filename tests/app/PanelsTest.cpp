@@ -45,8 +45,7 @@ TEST(Keyboard, ChoosesExtremesWithoutAHandOnTheMouse) {
 TEST(Keyboard, SavesUnderATypedName) {
   Window w;
   w.readPlan();
-  w.enter("E1Txt", "1");
-  w.enter("E2txt", "4");
+  w.section("1", "4");
   w.key("Ctrl+T");
   EXPECT_EQ(Focused(), "FileOutTxt");
   Type("north");

@@ -15,13 +15,8 @@ namespace {
 using test::By;
 using test::Hand;
 using test::Reply;
+using test::Track;
 using test::Window;
-
-constexpr const char* Track =
-    "N;Line;Date;Time;Lat;Lon;Sats;Depth;Quality;East;North\r\n"
-    "1;a;15/06/2026;06:00:00;45.4;9.0;9;3;1;500000;5030003\r\n"
-    "2;a;15/06/2026;06:00:08;45.4;9.0;9;6;1;500003;5030007\r\n"
-    "3;a;15/06/2026;06:00:16;45.4;9.0;9;9;1;500008;5030003\r\n";
 
 QString Written(const Window& w, const char* name, const std::string& text) {
   return QString::fromStdString(w.folder.write(name, text).string());

@@ -76,8 +76,7 @@ TEST(StatusBar, TellsTheSectionByItsKeptPointsAndItsLength) {
   w.window.leggi({QString::fromStdString(w.folder.write("hole.bin", test::SyscalFile(records)).string())});
   EXPECT_EQ(w.label("StatusSection"), "") << "of another survey";
   w.key("Ctrl+1");
-  w.enter("E1Txt", "1");
-  w.enter("E2txt", "5");
+  w.section("1", "5");
   EXPECT_EQ(w.label("StatusSection"), "1 to 5: 4 points, 1200 m");
 }
 

@@ -28,6 +28,13 @@ namespace corvan::test {
 
 inline const QString Samples = CORVAN_SAMPLES;
 
+/// A table of three fixes beside the plan of Window::readPlan.
+inline constexpr const char* Track =
+    "N;Line;Date;Time;Lat;Lon;Sats;Depth;Quality;East;North\r\n"
+    "1;a;15/06/2026;06:00:00;45.4;9.0;9;3;1;500000;5030003\r\n"
+    "2;a;15/06/2026;06:00:08;45.4;9.0;9;6;1;500003;5030007\r\n"
+    "3;a;15/06/2026;06:00:16;45.4;9.0;9;9;1;500008;5030003\r\n";
+
 struct Window {
   TempFolder folder;
   std::filesystem::path before = std::filesystem::current_path();
@@ -75,6 +82,11 @@ struct Window {
     QTest::keyClick(edit, Qt::Key_Delete);
     QTest::keyClicks(edit, text);
     QTest::keyClick(edit, Qt::Key_Return);
+  }
+  /// Types both ends of the section.
+  void section(const char* first, const char* last) const {
+    enter("E1Txt", first);
+    enter("E2txt", last);
   }
   std::string text(const char* box) const { return get<QLineEdit>(box)->text().toStdString(); }
   std::string label(const char* name) const { return get<QLabel>(name)->text().toStdString(); }

@@ -235,8 +235,7 @@ TEST(Wiring, OfTheOutputTicksDecidesWhichFilesAppearAndWhatTheyHold) {
   Window w;
   w.readPlan();
   w.key("Ctrl+1");
-  w.enter("E1Txt", "1");
-  w.enter("E2txt", "4");
+  w.section("1", "4");
   for (const auto& c : cases) {
     w.key("Ctrl+S");
     w.tick("BinChk", false);
