@@ -50,7 +50,7 @@ struct Prepared {
   Findings findings;
   Survey survey;
   Scene scene;
-  ColourRange colours;
+  ColourScale colours;
   ViewState view;
   std::vector<std::uint32_t> pixels = std::vector<std::uint32_t>(static_cast<std::size_t>(Width) * Height);
   PixelCanvas canvas{pixels};

@@ -54,7 +54,7 @@ std::array<Level, MaxChannels + 1> Livelli(double height, double offset) {
 class Curtain {
  public:
   Curtain(const KmlGoogle& kml, const Section& section, const CurtainRequest& request)
-      : kml_(kml), section_(section), range_(request.range), levels_(Livelli(section.altezza, request.offset)) {
+      : kml_(kml), section_(section), range_(request.colours.range), levels_(Livelli(section.altezza, request.offset)) {
     for (const SectionPoint& point : section.RecordOut.points()) {
       if (point.posta) points_.push_back(&point);
     }

@@ -9,7 +9,7 @@
 namespace corvan {
 
 struct CurtainRequest {
-  ColourRange range;
+  ColourScale colours;
   double offset = 0;  ///< added to every altitude, m
 };
 

@@ -38,7 +38,7 @@ PixelBuffer Memoria(QImage& image) {
 }  // namespace
 
 ImageCanvas::ImageCanvas(QImage& image)
-    : BufferCanvas(Memoria(image)), image_(image), textHeight_(std::max(12, image.height() / 60)) {}
+    : BufferCanvas(Memoria(image)), image_(image), textHeight_(AltezzaCarattere(image.height())) {}
 
 void ImageCanvas::Poligono(std::span<const PuntoPixel> corners, Colour colour) {
   QPolygon polygon;

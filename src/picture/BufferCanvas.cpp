@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <thread>
 #include <vector>
 
@@ -59,6 +60,32 @@ void BufferCanvas::Linea(std::span<const PuntoPixel> points, Colour colour) {
   if (points.size() == 1) painter_.line(points[0], points[0], colour);
   for (std::size_t i = 1; i < points.size(); ++i) {
     if (points[i] != points[i - 1] || points.size() == 2) painter_.line(points[i - 1], points[i], colour);
+  }
+}
+
+/// Beside each other lie lines one pixel wide, shifted across the way that they run.
+void BufferCanvas::Tratto(std::span<const PuntoPixel> points, std::int32_t width, Colour colour) {
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    const PuntoPixel &a = points[i - 1], &b = points[i];
+    if (a == b && points.size() > 2) continue;
+    const bool steep = std::abs(static_cast<std::int64_t>(b.Y) - a.Y) > std::abs(static_cast<std::int64_t>(b.X) - a.X);
+    for (std::int32_t k = 0; k < width; ++k) {
+      const std::int32_t shift = k - width / 2, x = steep ? shift : 0, y = steep ? 0 : shift;
+      painter_.line({a.X + x, a.Y + y}, {b.X + x, b.Y + y}, colour);
+    }
+  }
+}
+
+void BufferCanvas::Velo(const PixelArea& box, Colour colour, std::uint32_t opacity) {
+  const auto mixed = [&](std::uint32_t below, std::uint32_t shift) {
+    const std::uint32_t part = (below >> shift & 0xFFU) * (255U - opacity) + (colour >> shift & 0xFFU) * opacity;
+    return (part + 127U) / 255U << shift;
+  };
+  for (std::int32_t y = std::max(box.top, 0); y < std::min(box.bottom, buffer_.height); ++y) {
+    std::uint32_t* row = buffer_.pixels + y * buffer_.stride;
+    for (std::int32_t x = std::max(box.left, 0); x < std::min(box.right, buffer_.width); ++x) {
+      row[x] = 0xFF000000U | mixed(row[x], 16U) | mixed(row[x], 8U) | mixed(row[x], 0U);
+    }
   }
 }
 

@@ -21,6 +21,12 @@ inline constexpr Colour Green = 0x008000;
 inline constexpr Colour White = 0xFFFFFF;
 }  // namespace qbcolor
 
+/// Texts and ticks of the pictures.
+inline constexpr Colour InkColour = 0x202020;
+
+/// Height of the letters of a picture so many pixels high.
+constexpr std::int32_t AltezzaCarattere(std::int32_t height) { return height < 720 ? 12 : height / 60; }
+
 /// A filled quadrilateral with an outline of its own colour.
 struct PixelQuad {
   std::array<PuntoPixel, 4> corner;
@@ -54,11 +60,15 @@ class Canvas {
   virtual PixelBuffer picture() const = 0;
 
   virtual void Riquadro(const PixelArea& box, Colour colour) = 0;
+  /// A box through which the picture below is seen. @param opacity 0 (nothing painted) to 255 (a full box)
+  virtual void Velo(const PixelArea& box, Colour colour, std::uint32_t opacity) = 0;
   /// All cells of a repaint at once: quads[low 32 bits of the key] for each key in turn.
   virtual void Quadrilateri(std::span<const PixelQuad> quads, std::span<const DepthKey> order) = 0;
   /// A closed polygon with its outline, filled where the number of edges around a place is odd.
   virtual void Poligono(std::span<const PuntoPixel> corners, Colour colour) = 0;
   virtual void Linea(std::span<const PuntoPixel> points, Colour colour) = 0;
+  /// The same so many pixels wide.
+  virtual void Tratto(std::span<const PuntoPixel> points, std::int32_t width, Colour colour) = 0;
   /// The same mark, 2 radius + 1 pixels across, centred on each point.
   virtual void Marcatori(std::span<const PuntoPixel> points, MarkerShape shape, std::int32_t radius, Colour colour) = 0;
 

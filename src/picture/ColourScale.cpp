@@ -11,6 +11,7 @@ namespace corvan {
 namespace {
 
 constexpr std::int32_t Byte = 256;
+constexpr std::size_t Colours = 256;
 
 /// RRGGBB to a value with red in the low byte.
 constexpr std::int32_t RossoInBasso(std::uint32_t rgb) {
@@ -45,12 +46,28 @@ void CreaColore(const float& ScalaMax, const float& ScalaMin, const float& Valor
   if (index > 0) Colore = static_cast<float>(palette.at(index));
 }
 
-ColourLookup::ColourLookup(const ColourRange& range)
-    : low_(range.ScalaMin), span_(static_cast<double>(range.ScalaMax) - low_) {}
+double ValoreScala(const ColourScale& scale, double share) {
+  const double low = scale.range.ScalaMin, high = scale.range.ScalaMax;
+  return Logaritmica(scale) ? low * std::pow(high / low, share) : low + (high - low) * share;
+}
+
+std::uint32_t ColoreScala(const ColourScale& scale, std::size_t index) {
+  return ColoriDi(scale.palette).at((scale.reversed ? Colours - index : index - 1));
+}
+
+ColourLookup::ColourLookup(const ColourScale& scale)
+    : logarithmic_(Logaritmica(scale)), low_(scale.range.ScalaMin), span_(scale.range.ScalaMax - low_) {
+  if (logarithmic_) {
+    low_ = std::log(low_);
+    span_ = std::log(static_cast<double>(scale.range.ScalaMax)) - low_;
+  }
+  for (std::size_t i = 1; i <= Colours; ++i) colours_.at(i) = ColoreScala(scale, i);
+}
 
 std::uint32_t ColourLookup::operator()(float value) const {
-  const std::size_t index = IndiceColore(value, low_, span_);
-  return index == 0 ? 0U : PaletteRgb[index - 1];
+  double place = value;
+  if (logarithmic_ && std::isfinite(value)) place = value > 0.0F ? std::log(place) : low_;
+  return colours_[IndiceColore(place, low_, span_)];
 }
 
 ColourParts ScomponiColore(std::int32_t Colore) {

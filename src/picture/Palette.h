@@ -1,4 +1,4 @@
-// The 256 colours of the resistivity scale, violet (low) to red (high).
+// The palettes of the resistivity scale, 256 colours each.
 #pragma once
 
 #include <array>
@@ -6,6 +6,9 @@
 
 namespace corvan {
 
+enum class PaletteName { Spectrum };
+
+/// Spectrum, violet (low) to red (high).
 /// Colours as RRGGBB; index 0 is colour 1. Doubled entries and the alternation of 254 and 255 belong to the table:
 /// pictures and files made with it are compared colour by colour.
 inline constexpr std::array<std::uint32_t, 256> PaletteRgb{
@@ -34,5 +37,8 @@ inline constexpr std::array<std::uint32_t, 256> PaletteRgb{
     0xFF3F00, 0xFE3B00, 0xFF3600, 0xFE3200, 0xFF2D00, 0xFE2900, 0xFF2400, 0xFE2000, 0xFF1B00, 0xFE1700, 0xFF1200,
     0xFE0E00, 0xFF0900, 0xFF0900,
 };
+
+/// The colours of a palette.
+constexpr const std::array<std::uint32_t, 256>& ColoriDi(PaletteName) { return PaletteRgb; }
 
 }  // namespace corvan

@@ -34,7 +34,7 @@ struct ExportRequest {
   std::int32_t E1 = 1;
   std::int32_t E2 = 1;
   OutputPanel output;
-  ColourRange colours;  ///< of the KML
+  ColourScale colours;  ///< of the KML
 };
 
 class Exporter {

@@ -42,7 +42,7 @@ class PaintedScene {
   void togliEtichette();
 
   void segna(PictureNotes notes) { notes_ = std::move(notes); }
-  void colora(const ColourRange& range) { colours_ = range; }
+  void colora(const ColourScale& range) { colours_ = range; }
 
   ViewState& view() { return view_; }
   const ViewState& view() const { return view_; }
@@ -63,7 +63,7 @@ class PaintedScene {
   bool outline_ = false;     ///< what was asked for last is the outline
   bool labelsHold_ = false;  ///< the labels are those of the present view
   PictureNotes notes_;
-  ColourRange colours_;
+  ColourScale colours_;
 };
 
 }  // namespace corvan

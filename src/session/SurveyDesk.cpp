@@ -52,7 +52,7 @@ void SurveyDesk::analizza() {
     Findings found;
     fixes_ = AnalisiFile(survey_, found);
     desk_.findings.addUnaVolta(found);
-    if (!rangeTyped_) colours_ = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
+    if (!rangeTyped_) colours_.range = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
     desk_.tell(Change::Colours);
     desk_.tell(Change::Analysis);
   });
@@ -182,7 +182,7 @@ void SurveyDesk::impostaZona(std::int16_t zone) {
 
 void SurveyDesk::chiediIntervallo() {
   Trappola(desk_.findings, "SetRange", [this] {
-    const std::string range = TestoScala(colours_.ScalaMin, colours_.ScalaMax);
+    const std::string range = TestoScala(colours_.range.ScalaMin, colours_.range.ScalaMax);
     const std::optional<std::string> answer =
         desk_.dialogs.InputBox({.question = Question::ColourRange,
                                 .defaultAnswer = range,
@@ -203,7 +203,7 @@ void SurveyDesk::impostaIntervallo(const ColourRange& range) {
     rangeTyped_ = typed;
     desk_.tell(Change::Colours);
   });
-  colours_ = range;
+  colours_.range = range;
   rangeTyped_ = true;
   desk_.tell(Change::Colours);
 }

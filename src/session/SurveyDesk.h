@@ -29,7 +29,7 @@ class SurveyDesk {
   Survey& dati() { return survey_; }
   const Survey& dati() const { return survey_; }
   const TrackResult& fixes() const { return fixes_; }
-  const ColourRange& colours() const { return colours_; }
+  const ColourScale& colours() const { return colours_; }
   /// The line of information on the picture.
   const std::string& info() const { return info_; }
   /// It warns: the user shall see it.
@@ -77,7 +77,7 @@ class SurveyDesk {
   Survey survey_;
   ZoneConstants zona_;
   TrackResult fixes_;
-  ColourRange colours_;
+  ColourScale colours_;
   bool rangeTyped_ = false;  ///< the user typed the colour range: it no longer follows the data
   std::string info_;
   bool warns_ = false;

@@ -71,7 +71,7 @@ void Colora(const CellColumn& column, const ColourLookup& scale, const std::arra
 /// Work of one pass over the columns.
 class Pass {
  public:
-  Pass(const Curtain& cells, const ViewState& view, const ColourRange& colours)
+  Pass(const Curtain& cells, const ViewState& view, const ColourScale& colours)
       : view_(view), shape_(cells, view), scale_(colours) {}
 
   /// Writes the column's cells behind the `count` that are in the lists. @return how many there are then
@@ -112,7 +112,7 @@ class Pass {
 
 }  // namespace
 
-void CurtainPainter::prepara(const Curtain& cells, const ViewState& view, const ColourRange& colours) {
+void CurtainPainter::prepara(const Curtain& cells, const ViewState& view, const ColourScale& colours) {
   // The lists never shrink: clearing and growing them anew would write every cell twice.
   const std::size_t columns = cells.columns.size(), most = MaxChannels * columns + 1;
   if (quads_.size() < most) quads_.resize(most);
@@ -141,7 +141,7 @@ void CurtainPainter::prepara(const Curtain& cells, const ViewState& view, const 
   OrdinaQuad(order_, scratch_);
 }
 
-void CurtainPainter::dipingi(const Curtain& cells, const ViewState& view, const ColourRange& colours, Canvas& canvas) {
+void CurtainPainter::dipingi(const Curtain& cells, const ViewState& view, const ColourScale& colours, Canvas& canvas) {
   prepara(cells, view, colours);
   canvas.Quadrilateri(quads_, order_);
 }

@@ -16,10 +16,10 @@ class CurtainPainter {
  public:
   /// Projects the cells into the list of quadrilaterals and their order. Left out are cells of measurements without
   /// position, with a resistivity that is not finite, and those wholly outside the drawing area.
-  void prepara(const Curtain& cells, const ViewState& view, const ColourRange& colours);
+  void prepara(const Curtain& cells, const ViewState& view, const ColourScale& colours);
 
   /// prepara, then one call to the canvas.
-  void dipingi(const Curtain& cells, const ViewState& view, const ColourRange& colours, Canvas& canvas);
+  void dipingi(const Curtain& cells, const ViewState& view, const ColourScale& colours, Canvas& canvas);
 
   const std::vector<PixelQuad>& quads() const { return quads_; }
   const std::vector<DepthKey>& order() const { return order_; }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "picture/Legend.h"
+#include "picture/TextLayout.h"
 #include "view3d/Projector.h"
 
 namespace corvan {
@@ -110,10 +111,6 @@ std::string NomeElettrodo(std::int32_t index) {
   return index <= floating ? "E" + std::to_string(index) : "C" + std::to_string(index - floating);
 }
 
-bool SiToccano(const PixelArea& a, const PixelArea& b) {
-  return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
-}
-
 /// Places of the names above the electrodes' marks.
 std::vector<PixelArea> PostiNomi(const std::vector<PointLabel>& electrodes, std::int32_t radius, const Canvas& canvas) {
   std::vector<PixelArea> places;
@@ -160,14 +157,20 @@ void ScriviNomi(const std::vector<PointLabel>& electrodes, std::int32_t radius, 
 
 }  // namespace
 
-void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourRange& colours,
+void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourScale& colours,
                                 const PictureNotes& notes, Canvas& canvas) {
   Disponi(scene, view, notes);
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
   curtain_.dipingi(scene.cells, view, colours, canvas);
   ptlbl_.dipingi(canvas);
   if (view.layers.MostraNord) DisegnaNordG(scene, view, path_, canvas);
-  if (view.layers.MostraScalaColori) DisegnaScalaColori3D(colours, canvas);
+  TextLayout texts(canvas);
+  if (view.layers.MostraScalaColori) {
+    const PixelArea& area = view.AreaPixel;
+    DisegnaScalaColori3D(colours, {(area.left + area.right) / 2, area.bottom - canvas.AltezzaTesto() / 2}, canvas,
+                         texts);
+  }
+  texts.dipingi(canvas);
   if (view.layers.MostraProfondita) DisegnaEchoSounder(scene, view, canvas);
   if (view.layers.MostraGPS2) DisegnaGPS(scene, view, canvas);
   if (!notes.info.empty()) {

@@ -28,7 +28,7 @@ class Renderer {
  public:
   /// Repaints everything: white ground, cells from far to near, labels, north arrow, colour scale, echo sounder and
   /// external track, as far as the view shows them.
-  void DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourRange& colours,
+  void DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourScale& colours,
                         const PictureNotes& notes, Canvas& canvas);
 
   /// Only the labels of the picture, where DisegnaImmagineQ would paint them: what a click would hit. Some 5 ms for

@@ -205,8 +205,8 @@ struct Window {
     number("depthEast", settings.TraslFondoEst);
     number("depthNorth", settings.TraslFondoNord);
     number("zone", settings.ZonaUTM);
-    number("min", session().survey.colours().ScalaMin);
-    number("max", session().survey.colours().ScalaMax);
+    number("min", session().survey.colours().range.ScalaMin);
+    number("max", session().survey.colours().range.ScalaMax);
     put("outputs", QString::number(session().exporter.outputs().size()));
     if (!dialogs.questions.empty()) put("question", QString::fromStdString(dialogs.questions.back().prompt));
     if (!dialogs.messages.empty()) put("message", QString::fromStdString(dialogs.messages.back().prompt));

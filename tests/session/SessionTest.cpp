@@ -176,7 +176,7 @@ TEST(CableConfiguration, ChangesFactorsAndResistivities) {
 TEST(ColourRange, IsTakenOnlyWithItsSemicolon) {
   Fixture f;
   f.readFirings(3);
-  const ColourRange data = f.session.survey.colours();
+  const ColourRange data = f.session.survey.colours().range;
   EXPECT_GT(data.ScalaMax, data.ScalaMin);
   struct Answer {
     const char* text;  ///< none: Cancel
@@ -195,8 +195,8 @@ TEST(ColourRange, IsTakenOnlyWithItsSemicolon) {
     if (text != nullptr) f.dialogs.answers[Question::ColourRange] = {text};
     const std::size_t before = f.session.findings().entries().size();
     f.press("SetRange_Click");
-    EXPECT_EQ(f.session.survey.colours().ScalaMin, low) << (text == nullptr ? "Cancel" : text);
-    EXPECT_EQ(f.session.survey.colours().ScalaMax, high) << (text == nullptr ? "Cancel" : text);
+    EXPECT_EQ(f.session.survey.colours().range.ScalaMin, low) << (text == nullptr ? "Cancel" : text);
+    EXPECT_EQ(f.session.survey.colours().range.ScalaMax, high) << (text == nullptr ? "Cancel" : text);
     EXPECT_EQ(f.session.findings().entries().size() - before, findings) << (text == nullptr ? "Cancel" : text);
   }
 }
@@ -205,20 +205,20 @@ TEST(ColourRange, IsTakenOnlyWithItsSemicolon) {
 TEST(ColourRange, FollowsTheDataUntilItIsTyped) {
   Fixture f;
   f.readFirings(3);
-  const float before = f.session.survey.colours().ScalaMax;
+  const float before = f.session.survey.colours().range.ScalaMax;
   f.dialogs.answers[Question::CableConfiguration] = {
       "C1 55 C2 60 E1 40 E2 30 E3 20 E4 10 E5 9 E6 8 E7 7 E8 6 E9 5 E10 4 E11 0"};
   f.press("CableConf_Click");
-  EXPECT_NE(f.session.survey.colours().ScalaMax, before);
-  EXPECT_EQ(f.session.survey.colours().ScalaMax, f.session.survey.dati().traccia.RhoMax);
+  EXPECT_NE(f.session.survey.colours().range.ScalaMax, before);
+  EXPECT_EQ(f.session.survey.colours().range.ScalaMax, f.session.survey.dati().traccia.RhoMax);
   f.dialogs.answers[Question::ColourRange] = {"1;2"};
   f.press("SetRange_Click");
   f.dialogs.answers[Question::CableConfiguration] = {
       "C1 55 C2 60 E1 50 E2 45 E3 40 E4 35 E5 30 E6 25 E7 20 E8 15 E9 10 E10 5 E11 0"};
   f.press("CableConf_Click");
-  EXPECT_EQ(f.session.survey.colours().ScalaMax, 2);
+  EXPECT_EQ(f.session.survey.colours().range.ScalaMax, 2);
   f.readFirings(2);
-  EXPECT_EQ(f.session.survey.colours().ScalaMax, f.session.survey.dati().traccia.RhoMax) << "a new reading forgets it";
+  EXPECT_EQ(f.session.survey.colours().range.ScalaMax, f.session.survey.dati().traccia.RhoMax) << "a new reading forgets it";
 }
 
 TEST(Selection, ClearsOnTheThirdClickAndIgnoresWhatIsNoMeasurement) {

@@ -34,7 +34,7 @@ inline Survey Winding() {
 struct Prepared {
   Survey survey;
   Scene scene;
-  ColourRange colours{0, 64};
+  ColourScale colours{{0, 64}};
   ViewState view;
 
   explicit Prepared(Survey given) : survey(std::move(given)) {
@@ -101,7 +101,7 @@ inline std::vector<PlainCell> PlainCells(const Prepared& p) {
     const float rho = p.scene.cells.QuadPunti(c, 4).w;
     if (!std::isfinite(rho)) continue;
     float colour = 0;
-    CreaColore(p.colours.ScalaMax, p.colours.ScalaMin, rho, colour);
+    CreaColore(p.colours.range.ScalaMax, p.colours.range.ScalaMin, rho, colour);
     const ColourParts parts = ScomponiColore(static_cast<std::int32_t>(colour));
     const auto shade = [f](int part) { return static_cast<Colour>(ArrotondaPari(part * f)); };
     quad.colour = shade(parts.Rosso) << 16U | shade(parts.Verde) << 8U | shade(parts.Blu);
