@@ -57,6 +57,13 @@ void CoordPic::resizeEvent(QResizeEvent*) {
                          static_cast<std::int32_t>(std::lround(QApplication::startDragDistance() * scale)));
 }
 
+QImage CoordPic::spiegata() {
+  QImage copy = CreaImmagine(image_.width(), image_.height());
+  ImageCanvas canvas(copy);
+  session_.view.picture().dipingiSu(canvas, session_.view.didascalia());
+  return copy;
+}
+
 void CoordPic::paintEvent(QPaintEvent*) {
   session_.view.picture().dipingi();
   mira();  // other labels may lie under a pointer at rest

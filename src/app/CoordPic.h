@@ -25,6 +25,8 @@ class CoordPic : public QWidget {
     session_.view.picture().dipingi();
     return image_;
   }
+  /// The same with the small line that explains it, as pictures leave the program.
+  QImage spiegata();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -1,5 +1,6 @@
 #include "app/Corvan.h"
 
+#include <chrono>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileInfo>
@@ -157,6 +158,12 @@ void Corvan::creaMenu() {
   });
   image->addSeparator();
   voce(image, "SetRange", "Set Colour Scale Range", QKeySequence("Ctrl+R"), "SetRange_Click");
+  mapColours_ = voce(image, "MapColours", "Map C&olours", QKeySequence("Ctrl+Shift+C"), "MapColours_Click");
+  mapColours_->setCheckable(true);
+  voce(image, "MapLevel", "Map &Level\u2026", QKeySequence("Ctrl+Shift+L"), "MapLevel_Click");
+  voce(image, "Exaggeration", "&Vertical Exaggeration\u2026", QKeySequence("Ctrl+Shift+X"), "Exaggeration_Click");
+  live_ = voce(image, "LiveRotation", "Live &Rotation", {}, [this] { ruotaViva(live_->isChecked()); });
+  live_->setCheckable(true);
 
   QAction* info = menuBar()->addAction("Info");
   info->setObjectName("Info");
@@ -172,6 +179,13 @@ void Corvan::creaMenu() {
   image->addAction(shown);
 }
 
+/// Drags show the curtain itself, as long as the machine keeps up.
+void Corvan::ruotaViva(bool live) {
+  session_.view.rotazioneViva(live, [] {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch()).count();
+  });
+}
+
 void Corvan::apriManuale() {
   if (manual_ == nullptr) manual_ = new ManualWindow(this);
   manual_->apri();
@@ -181,6 +195,8 @@ void Corvan::ripristina(QSize usual) {
   remembered_.ripristinaFinestra(*this, usual);
   view_->pin()->setChecked(remembered_.vistaFissata());
   bar_->setVisible(remembered_.barraMostrata());
+  live_->setChecked(remembered_.rotazioneViva());
+  ruotaViva(live_->isChecked());
   liked_ = remembered_.vista();
   session_.view.proietta(liked_->perspective ? Projection::Perspective : Projection::Orthographic);
   riprendiVista();
@@ -210,6 +226,7 @@ void Corvan::closeEvent(QCloseEvent* event) {
   remembered_.ricordaVistaFissata(view_->fissato());
   remembered_.ricordaBarraMostrata(!bar_->isHidden());
   remembered_.ricordaVista(vista());
+  remembered_.ricordaRotazioneViva(live_->isChecked());
   remembered_.ricordaCartella(QDir::currentPath());
   QMainWindow::closeEvent(event);
 }
@@ -263,6 +280,7 @@ void Corvan::aggiorna() {
   undo_->setText(undo.isEmpty() ? QString("&Undo") : "&Undo " + undo);
   undo_->setEnabled(!undo.isEmpty());
   for (const Switch& s : switches_) s.action->setChecked(session_.view.state().layers.*s.layer);
+  mapColours_->setChecked(session_.view.state().mappa.livello > 0);
   picture_->update();
   ricordaLettura();
   if (liked_) liked_ = vista();

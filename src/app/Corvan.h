@@ -59,6 +59,7 @@ class Corvan : public QMainWindow {
   void aggiorna();
   void apriManuale();
   void ricordaLettura();
+  void ruotaViva(bool live);
   void riprendiVista();
   ViewPreferences vista() const;
   void mostraPunto(const PuntoPixel& place);
@@ -90,6 +91,8 @@ class Corvan : public QMainWindow {
   };
   std::vector<Switch> switches_;
   QAction* undo_ = nullptr;
+  QAction* mapColours_ = nullptr;
+  QAction* live_ = nullptr;
   QToolBar* bar_ = nullptr;
   FindingsList* messages_ = nullptr;
   StatusLine* status_ = nullptr;

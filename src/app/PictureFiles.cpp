@@ -10,10 +10,7 @@
 
 namespace corvan {
 
-void PictureFiles::copia() {
-  // A copy of the pixels: the canvas goes on painting into its own.
-  QGuiApplication::clipboard()->setImage(picture_.picture().copy());
-}
+void PictureFiles::copia() { QGuiApplication::clipboard()->setImage(picture_.spiegata()); }
 
 QString PictureFiles::nome() const {
   const auto& files = session_.survey.dati().files;
@@ -35,7 +32,7 @@ void PictureFiles::salva() {
                               file.string());
     return;
   }
-  session_.exporter.immagine(file, [&] { return ComponiImmagine(picture_.picture(), file.string()); });
+  session_.exporter.immagine(file, [&] { return ComponiImmagine(picture_.spiegata(), file.string()); });
 }
 
 }  // namespace corvan

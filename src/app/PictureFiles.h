@@ -11,7 +11,7 @@ class PictureFiles {
  public:
   PictureFiles(Session& session, CoordPic& picture) : session_(session), picture_(picture) {}
 
-  /// "Copy Picture": what is to be seen, without marks of the pointer.
+  /// "Copy Picture": what is to be seen, without marks of the pointer, and the small line that explains it.
   void copia();
   /// "Save Picture As…": the same as a PNG or BMP file. Proposed are the name of the survey's first file and the folder
   /// used last; the dialog asks before it replaces, and what was read is never replaced.

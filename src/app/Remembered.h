@@ -33,6 +33,9 @@ class Remembered {
   bool barraMostrata() const { return vero("window/toolBar", true); }
   void ricordaBarraMostrata(bool shown) { settings_.setValue("window/toolBar", shown); }
 
+  bool rotazioneViva() const { return vero("view/liveRotation", false); }
+  void ricordaRotazioneViva(bool live) { settings_.setValue("view/liveRotation", live); }
+
   ViewPreferences vista() const;
   void ricordaVista(const ViewPreferences& view);
 

@@ -16,6 +16,8 @@ enum class Question {
   BezierPoints,
   ClockOffset,
   ColourRange,
+  MapLevel,
+  Exaggeration,
   Connection,  ///< its number and the measurement's stand in prompt and title
   CableOffset,
   EchoOffset,
@@ -50,6 +52,8 @@ inline constexpr std::array QuestionTable{
     QuestionText{Question::BezierPoints, "N Bezier Points", "Set the interpolation"},
     QuestionText{Question::ClockOffset, "Seconds to add to the instrument's clock", "Link by Time"},
     QuestionText{Question::ColourRange, "Scale (Min; Max)", "Set Colour Scale Range"},
+    QuestionText{Question::MapLevel, "Level; Width in pixels", "Map Colours"},
+    QuestionText{Question::Exaggeration, "Heights times", "Vertical Exaggeration"},
     QuestionText{Question::Connection, "Connection % (Data <--> GPS", "Data n.%"},
     QuestionText{Question::CableOffset, "Distance of the first floating Electrode from Syscal",
                  "Set Cable Offset Value "},

@@ -53,6 +53,36 @@ CLI::Validator Positivo() {
           "NUMBER"};
 }
 
+/// Level and width of "K" or "K,PIXELS"; none when it is neither.
+std::optional<MapColours> Banda(const std::string& text) {
+  const std::size_t comma = text.find(',');
+  const auto number = [](const std::string& digits, const BoxNumber& box) -> std::optional<std::int32_t> {
+    if (digits.empty() || digits.size() > 3 || digits.find_first_not_of("0123456789") != std::string::npos) return {};
+    const std::int32_t value = std::stoi(digits);
+    return value <= box.high ? std::optional(value) : std::nullopt;
+  };
+  const auto level = number(text.substr(0, comma), BandLevelBox);
+  const auto width = comma == std::string::npos ? std::optional(0) : number(text.substr(comma + 1), BandWidthBox);
+  if (!level || !width || (comma != std::string::npos && *width == 0)) return std::nullopt;
+  return MapColours{*level, *width};
+}
+
+CLI::Validator LivelloMappa() {
+  return {[](std::string& text) -> std::string {
+            return Banda(text) ? ""
+                               : "\"" + text + "\" is not a level of 0 to 10, or one and a width of 1 to 200 pixels";
+          },
+          "K[,PIXELS]"};
+}
+
+CLI::Validator Esagerazione() {
+  return {[](std::string& text) -> std::string {
+            const bool in = SoloNumero(text) && Val(text) >= ExaggerationBox.low && Val(text) <= ExaggerationBox.high;
+            return in ? "" : "\"" + text + "\" is not a number of 0.001 to 1000";
+          },
+          "NUMBER"};
+}
+
 /// Fonts need a running toolkit; it needs no display.
 class Toolkit {
  public:
@@ -86,6 +116,8 @@ void ImpostaVista(Session& session, const PictureOptions& options) {
     if (layer.word == nullptr) continue;
     session.view.mostra(layer.flag, std::find(layers.begin(), layers.end(), layer.word) != layers.end());
   }
+  if (const std::optional<MapColours> band = Banda(options.mapLevel)) session.view.mostraBanda(*band);
+  session.view.esagera(Val(options.exaggeration));
 }
 
 }  // namespace
@@ -113,10 +145,21 @@ void AggiungiImmagine(CLI::App& command, PictureOptions& o) {
       ->transform(CLI::Transformer(projections))
       ->type_name("orthographic|perspective");
   command
-      .add_option("--layers", o.layers,
-                  "Comma-separated list of electrodes, gps, depth, scale, north (default electrodes)")
-      ->check(Elenco({"electrodes", "gps", "depth", "scale", "north"}))
+      .add_option(
+          "--layers", o.layers,
+          "Comma-separated list of electrodes, gps, depth, scale, north, names, grid, axis (default electrodes)")
+      ->check(Elenco({"electrodes", "gps", "depth", "scale", "north", "names", "grid", "axis"}))
       ->type_name("LIST");
+  command
+      .add_option(
+          "--map-level", o.mapLevel,
+          "Level that colours the track seen from above, 0 for none, and the width of its band in pixels (default 1)")
+      ->check(LivelloMappa())
+      ->type_name("K[,PIXELS]");
+  command.add_option("--exaggeration", o.exaggeration, "Heights of the curtain so many times as high (default 1)")
+      ->check(Esagerazione())
+      ->type_name("F");
+  command.add_flag("--no-caption", o.noCaption, "Leave out the small line that explains the picture");
 }
 
 void FaiImmagine(Session& session, const PictureOptions& options) {
@@ -125,9 +168,14 @@ void FaiImmagine(Session& session, const PictureOptions& options) {
   ImpostaVista(session, options);
   const PuntoPixel size = Dimensioni(options.size);
   QImage image = CreaImmagine(size.X, size.Y);
+  if (image.isNull()) {
+    session.findings().fault("SalvaImmagine", "not written: a picture of " + options.size + " does not fit into memory",
+                             options.file);
+    return;
+  }
   ImageCanvas canvas(image);
   session.view.picture().tela(&canvas);
-  session.view.picture().dipingi();
+  session.view.picture().dipingiSu(canvas, options.noCaption ? "" : session.view.didascalia());
   session.exporter.immagine(options.file, [&] { return ComponiImmagine(image, options.file); });
   session.view.picture().tela(nullptr);
 }

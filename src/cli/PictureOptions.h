@@ -16,6 +16,9 @@ struct PictureOptions {
   std::string zoom = "1";
   Projection projection = Projection::Orthographic;
   std::string layers = "electrodes";
+  std::string mapLevel;  ///< "K" or "K,PIXELS"; empty: as the view has it
+  std::string exaggeration = "1";
+  bool noCaption = false;
 };
 
 void AggiungiImmagine(CLI::App& command, PictureOptions& options);

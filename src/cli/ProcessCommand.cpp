@@ -35,7 +35,7 @@ struct ProcessOptions {
   std::string cable;
   std::string zone;
   bool south = false;
-  std::int32_t from = 1;
+  std::optional<std::int32_t> from;
   std::optional<std::int32_t> to;
   bool truePosition = false;
   bool externalGps = false;
@@ -150,9 +150,12 @@ int Esegui(const ProcessOptions& options) {
   if (!options.range.empty()) session.survey.chiediIntervallo();
   const OutputPanel output = Uscite(options);
   if (options.writes("csv")) session.exporter.tabella(output.FileOutTxt);
+  // Pictures mark the extremes that were asked for; those of the whole survey would tell nothing.
+  if (options.from) session.selection.imposta(Extreme::First, *options.from);
+  if (options.to) session.selection.imposta(Extreme::Second, *options.to);
   FaiImmagine(session, options.picture);
-  session.selection.imposta(Extreme::First, options.from);
-  session.selection.imposta(Extreme::Second, options.to.value_or(session.survey.dati().NumMisure()));
+  if (!options.from) session.selection.imposta(Extreme::First, 1);
+  if (!options.to) session.selection.imposta(Extreme::Second, session.survey.dati().NumMisure());
   session.salvaEstratto(output);
   StampaRilievi(session.findings());
   std::cout << (options.json ? TestoJson(SommarioJson(session, dialogs.messages())) : SommarioTesto(session));

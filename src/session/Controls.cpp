@@ -127,6 +127,9 @@ constexpr std::array Table{
     Control{"ResCmd_Click", nullptr, [](S& s, T) { s.view.ricentra(); }},
     Control{"Oblique_Click", nullptr, [](S& s, T) { s.view.obliqua(); }},
     Control{"Frame_Click", nullptr, [](S& s, T) { s.view.inquadra(); }},
+    Control{"MapColours_Click", nullptr, [](S& s, T) { s.view.alternaBanda(); }},
+    Control{"MapLevel_Click", "Map Level", [](S& s, T) { s.view.chiediBanda(); }},
+    Control{"Exaggeration_Click", "Vertical Exaggeration", [](S& s, T) { s.view.chiediEsagerazione(); }},
     Control{"SaveCmd_Click", "Save Current Picture", [](S& s, T) { s.salvaImmagine(); }},
 
     Control{"SHelectrodes_Click", nullptr, Alterna<&Layers::MostraElettrodi>},
@@ -134,6 +137,10 @@ constexpr std::array Table{
     Control{"SHdepth_Click", nullptr, Alterna<&Layers::MostraProfondita>},
     Control{"SHcolour_Click", nullptr, Alterna<&Layers::MostraScalaColori>},
     Control{"SHNord_Click", nullptr, Alterna<&Layers::MostraNord>},
+    Control{"SHnames_Click", nullptr, Alterna<&Layers::MostraNomi>},
+    Control{"SHgrid_Click", nullptr, Alterna<&Layers::MostraGriglia>},
+    Control{"SHaxis_Click", nullptr, Alterna<&Layers::MostraAsse>},
+    Control{"SHscale_Click", nullptr, Alterna<&Layers::MostraScala>},
     Control{"SHInfoLabel_Click", nullptr, Alterna<&Layers::MostraInfo>},
     Control{"SHtranslation_Click", nullptr, Alterna<&Layers::MostraTraslazione>}};
 

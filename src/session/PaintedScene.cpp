@@ -17,12 +17,33 @@ void PaintedScene::dipingi() {
   if (canvas_ == nullptr) return;
   const Wanted wanted = std::exchange(wanted_, Wanted::Nothing);
   if (wanted == Wanted::Picture) {
-    TrappolaUnaVolta(findings_, "DisegnaImmagineQ",
-                     [this] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes_, *canvas_); });
+    dipingiImmagine();
     labelsHold_ = true;
   } else if (wanted == Wanted::Outline) {
     TrappolaUnaVolta(findings_, "DisegnaContorno", [this] { renderer_.DisegnaContorno(scene_, view_, *canvas_); });
   }
+}
+
+/// Repaints, and keeps how long that took.
+void PaintedScene::dipingiImmagine() {
+  const double before = live_ ? milliseconds_() : 0.0;
+  TrappolaUnaVolta(findings_, "DisegnaImmagineQ",
+                   [this] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes_, *canvas_); });
+  if (live_) took_ = milliseconds_() - before;
+}
+
+void PaintedScene::dipingiSu(Canvas& canvas, const std::string& caption) {
+  PictureNotes notes = notes_;
+  notes.caption = caption;
+  TrappolaUnaVolta(findings_, "DisegnaImmagineQ",
+                   [&] { renderer_.DisegnaImmagineQ(scene_, view_, colours_, notes, canvas); });
+  labelsHold_ = true;
+}
+
+void PaintedScene::viva(bool live, std::function<double()> milliseconds) {
+  live_ = live;
+  milliseconds_ = std::move(milliseconds);
+  took_ = 0;
 }
 
 void PaintedScene::disegna() {
@@ -31,7 +52,8 @@ void PaintedScene::disegna() {
 }
 
 void PaintedScene::contorno() {
-  wanted_ = Wanted::Outline;
+  constexpr double frame = 16.0;  // ms: sixty pictures a second
+  wanted_ = live_ && took_ < frame ? Wanted::Picture : Wanted::Outline;
   outline_ = true;
 }
 
@@ -58,6 +80,14 @@ void PaintedScene::rifaiStrati() {
   GeneraGPS(scene_, survey_);
   GeneraGPSD(scene_, survey_);
   scene_.cable.clear();
+}
+
+void PaintedScene::esagera(double factor) {
+  scene_.esagerazione = factor;
+  GeneraContorno(scene_, survey_);
+  GeneraEchoSounder(scene_, survey_);
+  GeneraGPSD(scene_, survey_);
+  rifaiCelle();
 }
 
 void PaintedScene::rifaiFondo() {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "picture/ColourScale.h"
 #include "session/Desk.h"
@@ -25,16 +27,24 @@ class PaintedScene {
   void disegna();
   /// Paints it anew where it does not.
   void dipingi();
-  /// The outline of a drag is wanted in its place, until the next call of disegna().
+  /// Paints the same on another canvas of the same size, with a caption.
+  void dipingiSu(Canvas& canvas, const std::string& caption);
+  /// The outline of a drag is wanted in its place, until the next call of disegna(); of a live scene the picture itself
+  /// for as long as it is painted fast enough.
   void contorno();
   /// The outline is shown, or about to be: no cells are seen.
   bool soloContorno() const { return outline_; }
 
-  void rifaiCelle();     ///< cells of the curtain, then a repaint
-  void rifaiStrati();    ///< window and all layers around the cells
-  void rifaiFondo();     ///< depths and their profile, then a repaint
-  void rifaiTraccia();   ///< the external track and a window that shows it, then a repaint
-  void rifaiFinestra();  ///< the window around the data, then a repaint
+  /// Drags show the picture itself. @param milliseconds a clock that never goes back
+  void viva(bool live, std::function<double()> milliseconds);
+  bool viva() const { return live_; }
+
+  void rifaiCelle();            ///< cells of the curtain, then a repaint
+  void rifaiStrati();           ///< window and all layers around the cells
+  void esagera(double factor);  ///< all heights so many times as high as they are, then a repaint
+  void rifaiFondo();            ///< depths and their profile, then a repaint
+  void rifaiTraccia();          ///< the external track and a window that shows it, then a repaint
+  void rifaiFinestra();         ///< the window around the data, then a repaint
 
   void mostraCavo(std::int32_t measurement);
   void togliCavo();
@@ -58,8 +68,13 @@ class PaintedScene {
   Scene scene_;
   Renderer renderer_;
   Canvas* canvas_ = nullptr;
+  void dipingiImmagine();
+
   enum class Wanted { Nothing, Picture, Outline };
   Wanted wanted_ = Wanted::Picture;
+  bool live_ = false;
+  std::function<double()> milliseconds_;
+  double took_ = 0;          ///< the last repaint of the whole picture, ms
   bool outline_ = false;     ///< what was asked for last is the outline
   bool labelsHold_ = false;  ///< the labels are those of the present view
   PictureNotes notes_;

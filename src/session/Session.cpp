@@ -94,7 +94,7 @@ void Session::segui(Change change) {
       view.picture().rifaiTraccia();
       return;
     case Change::Selection:
-      view.segna(selection.scelte(), selection.fixScelti());
+      view.segna(selection.scelte(), selection.fixScelti(), selection.primo(), selection.secondo());
       return;
     case Change::Label:
       view.informa(survey.info(), survey.avvisa());
@@ -107,6 +107,7 @@ void Session::leggi() {
   if (!survey.leggi()) return;
   selection.preimposta();
   survey.FrameFileIn.visible = exporter.FrameFileOut.visible = false;
+  view.mostraBanda(view.state().mappa);  // tells where the survey has no such level
   view.picture().rifaiCelle();
 }
 

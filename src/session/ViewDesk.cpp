@@ -2,7 +2,11 @@
 
 #include <utility>
 
+#include "base/ErrorTrap.h"
+#include "base/Fields.h"
 #include "base/NumberText.h"
+#include "session/Caption.h"
+#include "view3d/MapBand.h"
 
 namespace corvan {
 namespace {
@@ -95,6 +99,64 @@ void ViewDesk::inquadra() {
   picture_.rifaiFinestra();
 }
 
+void ViewDesk::mostraBanda(const MapColours& band) {
+  picture_.view().mappa = band;
+  if (band.livello > 0) level_ = band.livello;
+  const std::int32_t channels = picture_.survey().file.NumCanali;
+  if (channels > 0 && band.livello > channels) {
+    desk_.findings.note("MapLevel", "there are " + std::to_string(channels) +
+                                        " channels: the map shows nothing of level " + std::to_string(band.livello));
+  }
+  picture_.disegna();
+}
+
+void ViewDesk::alternaBanda() {
+  const MapColours& shown = state().mappa;
+  mostraBanda({shown.livello > 0 ? 0 : level_, shown.larghezza});
+}
+
+void ViewDesk::chiediBanda() {
+  Trappola(desk_.findings, "MapLevel", [this] {
+    const MapColours& shown = state().mappa;
+    const std::string now = std::to_string(shown.livello) + ";" + std::to_string(shown.larghezza);
+    const auto answer =
+        desk_.dialogs.InputBox({.question = Question::MapLevel,
+                                .defaultAnswer = now,
+                                .details = "Level 1 to 10, 0 for none. A width of 0 fits the picture."});
+    if (!answer || Rifila(*answer).empty()) return;
+    const auto separator = answer->find(';');
+    const auto level = NumeroDaCasella<std::int32_t>(answer->substr(0, separator), BandLevelBox, desk_.findings);
+    if (!level) return;
+    const auto width = separator == std::string::npos
+                           ? std::optional(shown.larghezza)
+                           : NumeroDaCasella<std::int32_t>(answer->substr(separator + 1), BandWidthBox, desk_.findings);
+    if (width) mostraBanda({*level, *width});
+  });
+}
+
+void ViewDesk::esagera(double factor) { picture_.esagera(factor); }
+
+void ViewDesk::chiediEsagerazione() {
+  Trappola(desk_.findings, "Exaggeration", [this] {
+    const auto answer = desk_.dialogs.InputBox({.question = Question::Exaggeration,
+                                                .defaultAnswer = TestoNumero(picture_.scene().esagerazione),
+                                                .details = "1 shows the curtain as high as it is.",
+                                                .number = true});
+    if (!answer || Rifila(*answer).empty()) return;
+    const auto factor = NumeroDaCasella<double>(*answer, ExaggerationBox, desk_.findings);
+    if (factor) esagera(*factor);
+  });
+}
+
+void ViewDesk::rotazioneViva(bool live, std::function<double()> milliseconds) {
+  picture_.viva(live, std::move(milliseconds));
+}
+
+std::string ViewDesk::didascalia() const {
+  const Scene& scene = picture_.scene();
+  return DidascaliaVista(picture_.survey(), state(), MostraBanda(scene.cells, state()), scene.esagerazione);
+}
+
 void ViewDesk::mostra(bool Layers::*layer, bool shown) {
   picture_.view().layers.*layer = shown;
   if (layer == &Layers::MostraElettrodi) picture_.togliCavo();
@@ -108,9 +170,12 @@ void ViewDesk::informa(const std::string& text, bool warns) {
   annota();
 }
 
-void ViewDesk::segna(std::vector<std::int32_t> measurements, std::vector<std::int32_t> fixes) {
+void ViewDesk::segna(std::vector<std::int32_t> measurements, std::vector<std::int32_t> fixes,
+                     std::optional<std::int32_t> E1, std::optional<std::int32_t> E2) {
   notes_.picked = std::move(measurements);
   notes_.pickedFixes = std::move(fixes);
+  notes_.E1 = E1;
+  notes_.E2 = E2;
   annota();
   picture_.disegna();
 }

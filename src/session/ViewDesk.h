@@ -2,7 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "session/BoxNumbers.h"
 #include "session/Desk.h"
@@ -18,9 +22,13 @@ enum class Axis { Theta, Phi, Gamma };
 inline constexpr BoxNumber AngleBox{"leggiAngolo", "angle", -1e6, 1e6};
 inline constexpr BoxNumber ZoomBox{"Zoomtxt_KeyPress", "zoom", 1e-6, 1e6};
 
+inline constexpr BoxNumber BandLevelBox{"MapLevel", "level", 0, 10};
+inline constexpr BoxNumber BandWidthBox{"MapLevel", "width", 0, 200};
+inline constexpr BoxNumber ExaggerationBox{"Exaggeration", "vertical exaggeration", 0.001, 1000};
+
 class ViewDesk {
  public:
-  ViewDesk(const Desk& desk, const Survey& survey) : picture_(desk.findings, survey) { azzera(); }
+  ViewDesk(Desk desk, const Survey& survey) : desk_(std::move(desk)), picture_(desk_.findings, survey) { azzera(); }
 
   ViewPanel FrameView;
 
@@ -40,12 +48,24 @@ class ViewDesk {
   void ricentra();           ///< around the middle of the data
   void inquadra();           ///< the whole survey at zoom 1
 
+  /// The band of the map; one of a level that the survey has no readings of is noted.
+  void mostraBanda(const MapColours& band);
+  void alternaBanda();          ///< switches it off, or on with the level that it had
+  void chiediBanda();           ///< "Map Level"
+  void esagera(double factor);  ///< heights so many times as high as they are
+  void chiediEsagerazione();    ///< "Vertical Exaggeration"
+  void rotazioneViva(bool live, std::function<double()> milliseconds);  ///< drags show the curtain itself
+
   void mostra(bool Layers::*layer, bool shown);
   void alterna(bool Layers::*layer) { mostra(layer, !(state().layers.*layer)); }
   /// The line of information on the picture. @param warns shows it though it was hidden
   void informa(const std::string& text, bool warns);
-  /// The chosen measurements and fixes.
-  void segna(std::vector<std::int32_t> measurements, std::vector<std::int32_t> fixes);
+  /// The chosen measurements and fixes, and the extremes that they give.
+  void segna(std::vector<std::int32_t> measurements, std::vector<std::int32_t> fixes, std::optional<std::int32_t> E1,
+             std::optional<std::int32_t> E2);
+
+  /// The small line that explains the picture as it is.
+  std::string didascalia() const;
 
   /// Puts angles and zoom into their boxes.
   void mostraAngoli();
@@ -56,7 +76,9 @@ class ViewDesk {
   std::string& casella(Axis axis);
   void annota();
 
+  Desk desk_;
   PaintedScene picture_;
+  std::int32_t level_ = 1;  ///< of the band that was shown last
   std::string info_;
   PictureNotes notes_;
 };

@@ -12,6 +12,10 @@ struct Layers {
   bool MostraProfondita = false;
   bool MostraScalaColori = false;
   bool MostraNord = false;
+  bool MostraNomi = true;
+  bool MostraGriglia = true;
+  bool MostraAsse = true;
+  bool MostraScala = true;
   bool MostraInfo = true;
   bool MostraTraslazione = false;
 };
@@ -30,6 +34,10 @@ inline constexpr std::array LayerTable{
     LayerEntry{&Layers::MostraProfondita, "SHdepth", "Show/Hide Depth Profile", "F4", "depth"},
     LayerEntry{&Layers::MostraScalaColori, "SHcolour", "Show/Hide Colour Scale", "F5", "scale"},
     LayerEntry{&Layers::MostraNord, "SHNord", "Show/Hide Nord Arrow", "F6", "north"},
+    LayerEntry{&Layers::MostraNomi, "SHnames", "Show/Hide Line Names", "Shift+F2", "names"},
+    LayerEntry{&Layers::MostraGriglia, "SHgrid", "Show/Hide Map Grid", "Shift+F3", "grid"},
+    LayerEntry{&Layers::MostraAsse, "SHaxis", "Show/Hide Depth Axis", "Shift+F4", "axis"},
+    LayerEntry{&Layers::MostraScala, "SHscale", "Show/Hide Scale Bar", "Shift+F5", nullptr},
     LayerEntry{&Layers::MostraInfo, "SHInfoLabel", "Show/Hide Info Label", "F7", nullptr},
     LayerEntry{&Layers::MostraTraslazione, "SHtranslation", "Show/Hide Translation Panel", "F8", nullptr}};
 

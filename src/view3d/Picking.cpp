@@ -8,6 +8,7 @@
 #include "base/Rounding.h"
 #include "picture/SpanPainter.h"
 #include "view3d/ColumnShape.h"
+#include "view3d/MapBand.h"
 #include "view3d/DepthOrder.h"
 #include "view3d/Projector.h"
 
@@ -97,6 +98,19 @@ class Sketch {
   Side last_;  // neighbours share a side
 };
 
+/// The piece of the map's band that a pixel shows: the one painted last.
+std::optional<CellaVista> PezzoSotto(const Curtain& cells, const ViewState& view, const PuntoPixel& pixel) {
+  MapBand band;
+  band.prepara(cells, view, {});
+  for (std::size_t k = band.quads().size(); k-- > 0;) {
+    if (!Copre(band.quads()[k].corner, pixel)) continue;
+    const std::size_t i = band.misura(k);
+    const auto level = static_cast<std::size_t>(view.mappa.livello);
+    return CellaVista{static_cast<std::int32_t>(i), view.mappa.livello, cells.columns(i).rho.at(level - 1)};
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 void SpostaFinestra(ViewState& view) {
@@ -138,6 +152,7 @@ std::optional<Punto3D> SuperficieSotto(const ViewState& view, const PuntoPixel& 
 std::optional<CellaVista> CellaSotto(const Scene& scene, const ViewState& view, const PuntoPixel& pixel) {
   const PixelArea& a = view.AreaPixel;
   if (pixel.X < a.left || pixel.X >= a.right || pixel.Y < a.top || pixel.Y >= a.bottom) return std::nullopt;
+  if (MostraBanda(scene.cells, view)) return PezzoSotto(scene.cells, view, pixel);
   // Columns that may cover the pixel, the one that may lie in front of all others on top.
   const auto at = NelPiano(view, pixel.X, pixel.Y), next = NelPiano(view, pixel.X + 2.0, pixel.Y + 2.0);
   constexpr double rough = 0.1;  // m: single precision over 100 km, and the tilt of lines at the horizon

@@ -65,10 +65,13 @@ void PointLayer::dipingi(Canvas& canvas) const {
   for (const std::uint32_t i : topmost_) {
     if (labels_[i].colour == style_.colour) common.push_back(labels_[i].at);
   }
-  canvas.Marcatori(common, style_.shape, style_.radius, style_.colour);
+  if (!style_.crowded && style_.cased) canvas.Marcatori(common, style_.shape, style_.radius + 1, qbcolor::White);
+  if (!style_.crowded) canvas.Marcatori(common, style_.shape, style_.radius, style_.colour);
   for (auto i = topmost_.rbegin(); i != topmost_.rend(); ++i) {
     const PointLabel& label = labels_[*i];
-    if (label.colour != style_.colour) canvas.Marcatori({&label.at, 1}, style_.shape, style_.radius + 2, label.colour);
+    if (label.colour == style_.colour) continue;
+    canvas.Marcatori({&label.at, 1}, style_.shape, style_.radius + 4, qbcolor::White);
+    canvas.Marcatori({&label.at, 1}, style_.shape, style_.radius + 2, label.colour);
   }
 }
 

@@ -23,6 +23,8 @@ struct LabelStyle {
   MarkerShape shape = MarkerShape::Dot;
   std::int32_t radius = 2;  ///< pixels beside the centre
   Colour colour = 0;
+  bool cased = false;    ///< a white ring makes them stand out on cells of any colour
+  bool crowded = false;  ///< the labels would touch: they are found, but only those with a colour of their own painted
 };
 
 /// The labels of one layer in the order of their indexes; later ones lie on top, those with a colour of their own above
@@ -35,6 +37,7 @@ class PointLayer {
   void hide() { assign({}, style_, area_); }
 
   const std::vector<PointLabel>& labels() const { return labels_; }
+  const LabelStyle& style() const { return style_; }
 
   void dipingi(Canvas& canvas) const;
 

@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "view3d/Routine3D.h"
@@ -48,6 +49,14 @@ class Projector {
 
   /// Rotates and projects points; SenzaPixel stands for those without a picture point.
   void tutti(std::span<const Punto3D> points, std::vector<PuntoPixel>& pixels) const;
+
+  /// The same before it is rounded to pixels, in the straight projection.
+  std::pair<double, double> reale(const Punto3D& rotated) const {
+    const ViewWindow<float>& w = view_.Finestra;
+    const PixelArea& a = view_.AreaPixel;
+    return {a.left + (static_cast<double>(rotated.x) - w.xmin) * a.width() / (static_cast<double>(w.xmax) - w.xmin),
+            a.top + (static_cast<double>(rotated.z) - w.zmin) * a.height() / (static_cast<double>(w.zmax) - w.zmin)};
+  }
 
   /// x to the right, z downwards; the rotated y, the depth into the screen, is dropped.
   PuntoPixel ortogonale(const Punto3D& rotated) const { return mappa(rotated.x, rotated.z); }

@@ -7,8 +7,13 @@
 #include <utility>
 
 #include "picture/Legend.h"
-#include "picture/TextLayout.h"
+#include "picture/ScaleBar.h"
+#include "view3d/CableNames.h"
+#include "view3d/DepthAxis.h"
+#include "view3d/MapGrid.h"
+#include "view3d/NorthArrow.h"
 #include "view3d/Projector.h"
+#include "view3d/TrackMarks.h"
 
 namespace corvan {
 namespace {
@@ -17,19 +22,25 @@ constexpr Colour MeasurementColour = 0x202020;
 constexpr Colour FixColour = 0x00A838;
 constexpr Colour ElectrodeColour = 0xB03000;
 
-/// Marks grow with the picture, so that they are as easy to see on a fine screen.
+/// Marks grow with the picture, so that they are as easy to see on a fine screen. The many dots of the measurements
+/// have no ring: it would hide the cells around them.
 LabelStyle Stile(MarkerShape shape, std::int32_t radius, Colour colour, const PixelArea& area) {
   const double size = std::max(1.0, area.height() / 800.0);
-  return {shape, static_cast<std::int32_t>(ArrotondaPixel(radius * size)), colour};
+  return {shape, static_cast<std::int32_t>(ArrotondaPixel(radius * size)), colour, colour != MeasurementColour};
 }
 
 std::span<const Punto3D> Tutti(const Array1<Punto3D>& points) {
   return points.empty() ? std::span<const Punto3D>() : std::span<const Punto3D>(&points(1), points.size());
 }
 
+struct LineStyle {
+  Colour colour = 0;
+  bool cased = true;
+};
+
 /// Draws an outline of 2N + 1 points as a ring for each survey line, so that nothing joins one line to the next.
 void DisegnaAnelli(const Array1<Punto3D>& outline, const Scene& scene, const ViewState& view,
-                   std::vector<PuntoPixel>& path, Canvas& canvas, Colour colour) {
+                   std::vector<PuntoPixel>& path, Canvas& canvas, const LineStyle& style) {
   if (outline.empty()) return;
   std::vector<PuntoPixel> all;
   Projector(view).tutti(Tutti(outline), all);
@@ -45,7 +56,7 @@ void DisegnaAnelli(const Array1<Punto3D>& outline, const Scene& scene, const Vie
     add(first, last);
     add(back - last, back - first);
     add(first, first);
-    canvas.Linea(path, colour);
+    style.cased ? DisegnaBordato(path, style.colour, canvas) : canvas.Linea(path, style.colour);
     first = last + 1;
   }
 }
@@ -75,9 +86,9 @@ void Arrossa(std::vector<PointLabel>& labels, const std::vector<std::int32_t>& p
   }
 }
 
-/// Dots that lie closer than they are wide become smaller: a band of them would hide the cells below it.
-LabelStyle Diradato(LabelStyle style, const std::vector<PointLabel>& labels) {
-  if (labels.size() < 2) return style;
+/// Dots that lie closer than they are wide crowd: a band of them would hide the cells below it.
+bool Fitti(const LabelStyle& style, const std::vector<PointLabel>& labels) {
+  if (labels.size() < 2) return false;
   std::int64_t length = 0;
   for (std::size_t i = 1; i < labels.size(); ++i) {
     const PuntoPixel& a = labels[i - 1].at;
@@ -85,75 +96,28 @@ LabelStyle Diradato(LabelStyle style, const std::vector<PointLabel>& labels) {
     length += std::max(std::abs(static_cast<std::int64_t>(b.X) - a.X), std::abs(static_cast<std::int64_t>(b.Y) - a.Y));
   }
   const auto needed = static_cast<std::int64_t>(labels.size()) * (2 * style.radius + 3);
-  if (length < needed) style.radius = std::max(1, style.radius / 2);
-  return style;
+  return length < needed;
 }
 
-/// Puts labels on a layer, thinned where they crowd.
-void Mostra(PointLayer& layer, std::vector<PointLabel> labels, const LabelStyle& style, const PixelArea& area) {
-  const LabelStyle fitting = Diradato(style, labels);
-  layer.assign(std::move(labels), fitting, area);
+/// Puts labels on a layer; where they crowd a line stands for them.
+void Mostra(PointLayer& layer, std::vector<PointLabel> labels, LabelStyle style, const PixelArea& area) {
+  style.crowded = Fitti(style, labels);
+  layer.assign(std::move(labels), style, area);
+}
+
+/// Rows of the picture's foot: a line for the caption, above it legend, scale bar and north arrow.
+struct Foot {
+  std::int32_t inset, caption, legend;
+
+  Foot(const PixelArea& area, std::int32_t text)
+      : inset(text * 3 / 4), caption(area.bottom - text * 5 / 4), legend(caption - text / 4) {}
+};
+
+double MetriPerPixel(const ViewState& view) {
+  return (static_cast<double>(view.Finestra.xmax) - view.Finestra.xmin) / view.AreaPixel.width();
 }
 
 constexpr auto Every = [](std::size_t) { return true; };
-
-/// The arrow keeps to the straight projection in every view.
-void DisegnaNordG(const Scene& scene, const ViewState& view, std::vector<PuntoPixel>& path, Canvas& canvas) {
-  const Projector projector(view);
-  path.clear();
-  for (const Punto3D& p : scene.northArrow) path.push_back(projector.ortogonale(projector.ruota(p)));
-  if (!path.empty()) canvas.Poligono(path, qbcolor::DarkBlue);
-}
-
-/// Name of an electrode by its place in the list of positions.
-std::string NomeElettrodo(std::int32_t index) {
-  constexpr std::int32_t floating = 11;
-  return index <= floating ? "E" + std::to_string(index) : "C" + std::to_string(index - floating);
-}
-
-/// Places of the names above the electrodes' marks.
-std::vector<PixelArea> PostiNomi(const std::vector<PointLabel>& electrodes, std::int32_t radius, const Canvas& canvas) {
-  std::vector<PixelArea> places;
-  for (const PointLabel& e : electrodes) {
-    const std::int32_t half = canvas.LarghezzaTesto(NomeElettrodo(e.index)) / 2 + 2;
-    const std::int32_t bottom = e.at.Y - radius - 2;
-    places.push_back({e.at.X - half, e.at.X + half, bottom - canvas.AltezzaTesto(), bottom});
-  }
-  return places;
-}
-
-/// The two ends of a cable: the electrodes farthest from each other on the picture. Electrodes are not listed in the
-/// order in which they lie.
-std::pair<std::size_t, std::size_t> Estremi(const std::vector<PointLabel>& electrodes) {
-  std::pair<std::size_t, std::size_t> ends{0, 0};
-  double most = -1.0;
-  for (std::size_t i = 0; i < electrodes.size(); ++i) {
-    for (std::size_t j = 0; j < i; ++j) {
-      const PuntoPixel &a = electrodes[i].at, &b = electrodes[j].at;
-      const double distance = std::hypot(static_cast<double>(a.X) - b.X, static_cast<double>(a.Y) - b.Y);
-      if (distance <= most) continue;
-      most = distance;
-      ends = {j, i};
-    }
-  }
-  return ends;
-}
-
-/// The names on white: they stand over cells of any colour.
-void ScriviNomi(const std::vector<PointLabel>& electrodes, std::int32_t radius, Canvas& canvas) {
-  const std::vector<PixelArea> places = PostiNomi(electrodes, radius, canvas);
-  bool free = true;
-  for (std::size_t i = 0; i < places.size(); ++i) {
-    for (std::size_t j = 0; j < i; ++j) free = free && !SiToccano(places[i], places[j]);
-  }
-  const auto [first, last] = Estremi(electrodes);
-  for (std::size_t i = 0; i < places.size(); ++i) {
-    const bool end = i == first || (i == last && !SiToccano(places[first], places[last]));
-    if (!free && !end) continue;
-    canvas.Riquadro(places[i], qbcolor::White);
-    canvas.Testo({places[i].left + 2, places[i].top}, NomeElettrodo(electrodes[i].index), ElectrodeColour);
-  }
-}
 
 }  // namespace
 
@@ -161,50 +125,111 @@ void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const
                                 const PictureNotes& notes, Canvas& canvas) {
   Disponi(scene, view, notes);
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
-  curtain_.dipingi(scene.cells, view, colours, canvas);
-  ptlbl_.dipingi(canvas);
-  if (view.layers.MostraNord) DisegnaNordG(scene, view, path_, canvas);
-  TextLayout texts(canvas);
-  if (view.layers.MostraScalaColori) {
-    const PixelArea& area = view.AreaPixel;
-    DisegnaScalaColori3D(colours, {(area.left + area.right) / 2, area.bottom - canvas.AltezzaTesto() / 2}, canvas,
-                         texts);
-  }
-  texts.dipingi(canvas);
-  if (view.layers.MostraProfondita) DisegnaEchoSounder(scene, view, canvas);
+  const bool grid = view.layers.MostraGriglia && !scene.trajectory.empty();
+  const auto lines = grid ? Reticolo(scene, view, canvas.AltezzaTesto()) : std::vector<GridLine>();
+  DisegnaReticolo(lines, canvas);
+  DisegnaCelle(scene, view, colours, notes, canvas);
+  if (view.layers.MostraProfondita) DisegnaAnelli(scene.echoSounder, scene, view, path_, canvas, {qbcolor::DarkBlue});
   if (view.layers.MostraGPS2) DisegnaGPS(scene, view, canvas);
-  if (!notes.info.empty()) {
-    const std::int32_t inset = canvas.AltezzaTesto() * 3 / 4;
-    canvas.Testo({view.AreaPixel.left + inset, view.AreaPixel.top + inset}, notes.info, MeasurementColour);
+  if (ptlbl_.style().crowded) DisegnaTracciato(ptlbl_.labels(), scene, view, MeasurementColour, canvas);
+  for (const PointLayer* layer : {&ptlbl_, &dptlbl_, &gpslbl_}) layer->dipingi(canvas);
+  texts_.emplace(canvas);
+  ScriviPiede(scene, view, colours, notes, canvas);
+  ScriviEstremi(view, notes);
+  if (view.layers.MostraAsse) DisegnaAsse(scene, view, scene.livelli, canvas, *texts_);
+  if (view.layers.MostraNomi) DisegnaNomi(track_, scene, view, canvas, *texts_);
+  ScriviReticolo(lines, view, canvas, *texts_);
+  texts_->dipingi(canvas);
+}
+
+/// Curtain or, from above, the band of the map; the chosen section is marked as a border of the band, else along the
+/// surface.
+void Renderer::DisegnaCelle(const Scene& scene, const ViewState& view, const ColourScale& colours,
+                            const PictureNotes& notes, Canvas& canvas) {
+  const bool section = notes.E1 && notes.E2 && *notes.E1 != *notes.E2;
+  const auto mark = [&](std::int32_t width, Colour colour) {
+    const auto [from, to] = std::minmax(*notes.E1, *notes.E2);
+    DisegnaTratto(track_, from, to, scene, width, colour, canvas);
+  };
+  if (MostraBanda(scene.cells, view)) {
+    const std::int32_t width = LarghezzaBanda(view);
+    if (section) mark(width + 8, PickedColour);
+    if (section) mark(width + 4, qbcolor::White);
+    band_.prepara(scene.cells, view, colours);
+    band_.dipingi(canvas);
+    return;
+  }
+  curtain_.dipingi(scene.cells, view, colours, canvas);
+  if (section) mark(5, qbcolor::White);
+  if (section) mark(3, PickedColour);
+}
+
+/// What stands along the picture's edges: the line of information, the caption, legend, scale bar and north arrow.
+void Renderer::ScriviPiede(const Scene& scene, const ViewState& view, const ColourScale& colours,
+                           const PictureNotes& notes, Canvas& canvas) {
+  const PixelArea& area = view.AreaPixel;
+  const std::int32_t text = canvas.AltezzaTesto();
+  const Foot foot(area, text);
+  const auto line = [&](std::int32_t top, const std::string& written) {
+    const std::int32_t room = area.right - area.left - 2 * foot.inset - 4;
+    texts_->scrivi({area.left + foot.inset, top}, Accorcia(canvas, written, room));
+  };
+  line(area.top + foot.inset, notes.info);
+  line(foot.caption, notes.caption);
+  if (view.layers.MostraScalaColori) {
+    DisegnaScalaColori3D(colours, {(area.left + area.right) / 2, foot.legend}, canvas, *texts_);
+  }
+  if (view.layers.MostraScala && view.projection == Projection::Orthographic && !scene.trajectory.empty()) {
+    DisegnaScala(MetriPerPixel(view), {area.right - foot.inset - text / 2, foot.legend - 4}, canvas, *texts_);
+  }
+  if (view.layers.MostraNord) DisegnaNordG(scene, view, {area.left + foot.inset, foot.legend}, canvas, *texts_);
+}
+
+/// "1" and "2" at the chosen measurements.
+void Renderer::ScriviEstremi(const ViewState& view, const PictureNotes& notes) {
+  for (const auto& [index, text] : {std::pair(notes.E1, "1"), std::pair(notes.E2, "2")}) {
+    const auto found = std::find_if(track_.begin(), track_.end(),
+                                    [&](const PointLabel& label) { return index && label.index == *index; });
+    if (found != track_.end()) ScriviEstremo(found->at, text, view, PickedColour, *texts_);
   }
 }
 
 void Renderer::Disponi(const Scene& scene, const ViewState& view, const PictureNotes& notes) {
   const Layers& shown = view.layers;
-  shown.MostraElettrodi ? DisponiTraiettoria(scene, view, notes) : TraiettoriaNonVisibile();
+  track_.clear();
+  if (shown.MostraElettrodi || shown.MostraNomi || notes.E1 || notes.E2) {
+    track_ = Etichette(scene.trajectory, scene.trajectory.size(), view, MeasurementColour,
+                       [&scene](std::size_t k) { return scene.placed[k - 1]; });
+  }
+  shown.MostraElettrodi ? DisponiTraiettoria(view, notes) : TraiettoriaNonVisibile();
   shown.MostraProfondita ? DisponiEchoSounder(scene, view) : DepthNonVisibile();
   shown.MostraGPS2 ? DisponiGPS(scene, view, notes) : GpsNonVisibile();
 }
 
 void Renderer::DisegnaContorno(const Scene& scene, const ViewState& view, Canvas& canvas) {
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
-  DisegnaAnelli(scene.outline, scene, view, path_, canvas, qbcolor::Green);
-  if (view.layers.MostraNord) DisegnaNordG(scene, view, path_, canvas);
+  DisegnaAnelli(scene.outline, scene, view, path_, canvas, {qbcolor::Green, false});
+  texts_.emplace(canvas);
+  if (view.layers.MostraNord) {
+    const Foot foot(view.AreaPixel, canvas.AltezzaTesto());
+    DisegnaNordG(scene, view, {view.AreaPixel.left + foot.inset, foot.legend}, canvas, *texts_);
+  }
+  texts_->dipingi(canvas);
 }
 
 void Renderer::DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& canvas) {
   const LabelStyle style = Stile(MarkerShape::Diamond, 5, ElectrodeColour, view.AreaPixel);
   CableLbl_.assign(Etichette(scene.cable, scene.cable.size(), view, style.colour, Every), style, view.AreaPixel);
   CableLbl_.dipingi(canvas);
-  ScriviNomi(CableLbl_.labels(), style.radius, canvas);
+  TextLayout names(canvas);
+  ScriviElettrodi(CableLbl_.labels(), style.radius, ElectrodeColour, names);
+  names.dipingi(canvas);
 }
 
-void Renderer::DisponiTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes) {
-  const LabelStyle style = Stile(MarkerShape::Dot, 2, MeasurementColour, view.AreaPixel);
-  auto labels = Etichette(scene.trajectory, scene.trajectory.size(), view, style.colour,
-                          [&scene](std::size_t k) { return scene.placed[k - 1]; });
+void Renderer::DisponiTraiettoria(const ViewState& view, const PictureNotes& notes) {
+  std::vector<PointLabel> labels = track_;
   Arrossa(labels, notes.picked);
-  Mostra(ptlbl_, std::move(labels), style, view.AreaPixel);
+  Mostra(ptlbl_, std::move(labels), Stile(MarkerShape::Dot, 2, MeasurementColour, view.AreaPixel), view.AreaPixel);
 }
 
 void Renderer::DisponiEchoSounder(const Scene& scene, const ViewState& view) {
@@ -215,11 +240,6 @@ void Renderer::DisponiEchoSounder(const Scene& scene, const ViewState& view) {
          style, view.AreaPixel);
 }
 
-void Renderer::DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas) {
-  DisegnaAnelli(scene.echoSounder, scene, view, path_, canvas, qbcolor::DarkBlue);
-  dptlbl_.dipingi(canvas);
-}
-
 void Renderer::DisponiGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes) {
   const LabelStyle style = Stile(MarkerShape::Dot, 2, FixColour, view.AreaPixel);
   auto labels = Etichette(scene.gps, scene.gps.size(), view, style.colour, Every);
@@ -227,13 +247,16 @@ void Renderer::DisponiGPS(const Scene& scene, const ViewState& view, const Pictu
   Mostra(gpslbl_, std::move(labels), style, view.AreaPixel);
 }
 
-/// The fixes of the external track, and its bottom: out along it and back the same way, so that the filled polygon is a
-/// line and hides nothing.
+/// The external track: a line where its fixes would touch, and its bottom, out along it and back the same way, so that
+/// the filled polygon is a line and hides nothing.
 void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas) {
-  gpslbl_.dipingi(canvas);
-  Projector(view).tutti(Tutti(scene.gpsDepth), path_);
-  std::erase(path_, SenzaPixel);
-  canvas.Linea(path_, qbcolor::DarkBlue);
+  const auto line = [&](const Array1<Punto3D>& points, Colour colour) {
+    Projector(view).tutti(Tutti(points), path_);
+    std::erase(path_, SenzaPixel);
+    DisegnaBordato(path_, colour, canvas);
+  };
+  if (gpslbl_.style().crowded) line(scene.gps, FixColour);
+  line(scene.gpsDepth, qbcolor::DarkBlue);
 }
 
 }  // namespace corvan

@@ -2,12 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "picture/Canvas.h"
 #include "picture/ColourScale.h"
+#include "picture/TextLayout.h"
 #include "view3d/CurtainPainter.h"
+#include "view3d/MapBand.h"
 #include "view3d/PointLayer.h"
 #include "view3d/Scene.h"
 #include "view3d/ViewState.h"
@@ -18,7 +21,9 @@ namespace corvan {
 struct PictureNotes {
   std::vector<std::int32_t> picked;       ///< measurements chosen as extremes: red labels
   std::vector<std::int32_t> pickedFixes;  ///< fixes that were clicked: red labels
+  std::optional<std::int32_t> E1, E2;     ///< the extremes, however they were chosen
   std::string info;                       ///< line in the upper left corner; empty for none
+  std::string caption;                    ///< small line at the foot that explains the picture; empty for none
 };
 
 /// Red of the chosen labels.
@@ -26,8 +31,8 @@ inline constexpr Colour PickedColour = 0xFF0000;
 
 class Renderer {
  public:
-  /// Repaints everything: white ground, cells from far to near, labels, north arrow, colour scale, echo sounder and
-  /// external track, as far as the view shows them.
+  /// Repaints everything: white ground, map grid, cells from far to near or the map's band, lines, labels, and above
+  /// all of them the texts, as far as the view shows them.
   void DisegnaImmagineQ(const Scene& scene, const ViewState& view, const ColourScale& colours,
                         const PictureNotes& notes, Canvas& canvas);
 
@@ -37,6 +42,9 @@ class Renderer {
 
   /// The frame of a drag: white ground and the outline of the section, the north arrow where it is shown.
   void DisegnaContorno(const Scene& scene, const ViewState& view, Canvas& canvas);
+
+  /// The texts of the last picture, each at its place.
+  std::vector<PlacedText> testi() const { return texts_ ? texts_->testi() : std::vector<PlacedText>(); }
 
   /// The electrodes of the scene's cable with their names; where these would touch, of the first and the last only.
   void DisegnaCavoG(const Scene& scene, const ViewState& view, Canvas& canvas);
@@ -52,13 +60,20 @@ class Renderer {
   void CavoGNonVisibile() { CableLbl_.hide(); }
 
  private:
-  void DisponiTraiettoria(const Scene& scene, const ViewState& view, const PictureNotes& notes);
+  void DisponiTraiettoria(const ViewState& view, const PictureNotes& notes);
   void DisponiEchoSounder(const Scene& scene, const ViewState& view);
   void DisponiGPS(const Scene& scene, const ViewState& view, const PictureNotes& notes);
-  void DisegnaEchoSounder(const Scene& scene, const ViewState& view, Canvas& canvas);
+  void DisegnaCelle(const Scene& scene, const ViewState& view, const ColourScale& colours, const PictureNotes& notes,
+                    Canvas& canvas);
+  void ScriviPiede(const Scene& scene, const ViewState& view, const ColourScale& colours, const PictureNotes& notes,
+                   Canvas& canvas);
+  void ScriviEstremi(const ViewState& view, const PictureNotes& notes);
   void DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas);
 
   CurtainPainter curtain_;
+  MapBand band_;
+  std::optional<TextLayout> texts_;
+  std::vector<PointLabel> track_;  // one for each measurement with a position
   PointLayer ptlbl_, dptlbl_, gpslbl_, CableLbl_;
   std::vector<PuntoPixel> path_;  // working space
 };

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <filesystem>
 #include <limits>
 
 #include "base/Halves.h"
 #include "base/Rounding.h"
+#include "survey/MeasurementText.h"
 
 namespace corvan {
 namespace {
@@ -60,12 +62,11 @@ CellColumn CreaColonna(const Survey& survey, const Origin& origin, std::size_t i
   return column;
 }
 
-double Spessore(const Survey& survey) { return survey.traccia.AltezzaCella; }
+/// Height of a level as it is shown, m.
+double Spessore(const Scene& scene, const Survey& survey) { return survey.traccia.AltezzaCella * scene.esagerazione; }
 
 /// Height of the bottom under a depth, m of the scene: depths count in levels of the curtain.
-float Fondo(double depth, const Survey& survey) {
-  return std::isfinite(depth) ? Coordinata(-std::abs(depth) * Spessore(survey)) : 0.0F;
-}
+float Fondo(double depth, double level) { return std::isfinite(depth) ? Coordinata(-std::abs(depth) * level) : 0.0F; }
 
 Array1<Punto3D> Aperto(std::size_t count) { return Array1<Punto3D>(count); }
 
@@ -115,7 +116,8 @@ void CreaFourArray(Scene& scene, const Survey& survey) {
   const std::size_t count = survey.Misure.size();
   cells.columns = Array1<CellColumn>(count);
   cells.NQuad = static_cast<std::int32_t>(MaxChannels * count);
-  for (std::size_t k = 0; k <= MaxChannels; ++k) cells.z.at(k) = Coordinata(-static_cast<double>(k) * Spessore(survey));
+  const double level = Spessore(scene, survey);
+  for (std::size_t k = 0; k <= MaxChannels; ++k) cells.z.at(k) = Coordinata(-static_cast<double>(k) * level);
   InDueMeta(count, [&](std::size_t from, std::size_t to) {
     for (std::size_t i = from + 1; i <= to; ++i) cells.columns(i) = CreaColonna(survey, origin, i);
     return true;
@@ -125,7 +127,10 @@ void CreaFourArray(Scene& scene, const Survey& survey) {
 void GeneraTraiettoria(Scene& scene, const Survey& survey) {
   const Origin origin(survey);
   scene.trajectory = Aperto(survey.Misure.size());
+  scene.est0 = survey.traccia.CentroX;
+  scene.nord0 = survey.traccia.CentroY;
   scene.lineEnds.clear();
+  scene.lineNames.clear();
   scene.placed.assign(survey.Misure.size(), false);
   // A measurement without position repeats the one before it, at the start the first that has one: outlines then run
   // on instead of turning off to the scene's origin.
@@ -144,10 +149,13 @@ void GeneraTraiettoria(Scene& scene, const Survey& survey) {
     if (placed) last = at(m);
     scene.trajectory(k) = last;
     if (!placed || m.NumFile == 0) continue;
-    if (line != 0 && m.NumFile != line) scene.lineEnds.push_back(k - 1);
+    if (line == m.NumFile) continue;
+    if (line != 0) scene.lineEnds.push_back(k - 1);
+    scene.lineNames.push_back(std::filesystem::path(FileDi(survey, m)).filename().string());
     line = m.NumFile;
   }
   if (!survey.Misure.empty()) scene.lineEnds.push_back(survey.Misure.size());
+  scene.lineNames.resize(scene.lineEnds.size());
 }
 
 void GeneraGPS(Scene& scene, const Survey& survey) {
@@ -160,10 +168,11 @@ void GeneraGPS(Scene& scene, const Survey& survey) {
 
 void GeneraGPSD(Scene& scene, const Survey& survey) {
   scene.gpsDepth = Aperto(survey.tracciaEst.PuntiGPSEst.size());
+  const double level = Spessore(scene, survey);
   for (std::size_t k = 1; k <= scene.gpsDepth.size(); ++k) {
     const PuntoGPSEst& fix = survey.tracciaEst.PuntiGPSEst(k);
     scene.gpsDepth(k) = {Coordinata(fix.X - survey.traccia.CentroX), Coordinata(fix.Y - survey.traccia.CentroY),
-                         Fondo(fix.Prof, survey), SingoloOppure(fix.Prof, 0.0F)};
+                         Fondo(fix.Prof, level), SingoloOppure(fix.Prof, 0.0F)};
   }
 }
 
@@ -171,9 +180,10 @@ void GeneraEchoSounder(Scene& scene, const Survey& survey) {
   const Settings& s = survey.settings;
   const std::size_t n = scene.trajectory.size();
   scene.echoSounder = Aperto(n == 0 ? 0 : 2 * n + 1);
+  const double level = Spessore(scene, survey);
   for (std::size_t k = 1; k <= n; ++k) {
     Punto3D there = scene.trajectory(k);
-    there.z = Fondo(there.w, survey);
+    there.z = Fondo(there.w, level);
     scene.echoSounder(2 * n + 1 - k) = there;
     there.x = Coordinata(static_cast<double>(there.x) + s.TraslFondoEst);
     there.y = Coordinata(static_cast<double>(there.y) + s.TraslFondoNord);
@@ -184,11 +194,12 @@ void GeneraEchoSounder(Scene& scene, const Survey& survey) {
 
 void GeneraContorno(Scene& scene, const Survey& survey) {
   const std::size_t n = scene.trajectory.size();
-  const double levels = std::clamp(survey.file.NumCanali, 0, static_cast<std::int32_t>(MaxChannels));
+  scene.livelli = std::clamp(survey.file.NumCanali, 0, static_cast<std::int32_t>(MaxChannels));
+  const double levels = scene.livelli;
   scene.outline = Aperto(n == 0 ? 0 : 2 * n + 1);
   for (std::size_t k = 1; k <= n; ++k) {
     Punto3D& bottom = scene.outline(2 * n + 1 - k) = scene.trajectory(k);
-    bottom.z = Coordinata(bottom.z - levels * Spessore(survey));
+    bottom.z = Coordinata(bottom.z - levels * Spessore(scene, survey));
     scene.outline(k) = scene.trajectory(k);
   }
   Chiudi(scene.outline);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "base/Array1.h"
@@ -35,15 +36,19 @@ struct Curtain {
 
 struct Scene {
   Curtain cells;
-  std::vector<std::size_t> lineEnds;  ///< last measurement of each survey line (file of the batch)
-  std::vector<bool> placed;           ///< of each measurement, from 0: it has a position
-  Array1<Punto3D> trajectory;         ///< one per measurement; w is the depth
-  Array1<Punto3D> gps;                ///< one per fix of the external track
-  Array1<Punto3D> gpsDepth;           ///< the same at the depth that the track holds
-  Array1<Punto3D> echoSounder;        ///< closed outline along the bottom, 2N + 1
-  Array1<Punto3D> outline;            ///< of the section: along the surface and back along its bottom, 2N + 1
-  Array1<Punto3D> northArrow;         ///< 18
-  Array1<Punto3D> cable;              ///< 13 while the cable of a measurement is shown, else empty
+  double est0 = 0, nord0 = 0;          ///< the scene's origin on the survey's grid, m
+  double esagerazione = 1;             ///< how many times as high as they are all heights are shown
+  std::int32_t livelli = 0;            ///< levels of the curtain: the channels of a firing, at most 10
+  std::vector<std::size_t> lineEnds;   ///< last measurement of each survey line (file of the batch)
+  std::vector<std::string> lineNames;  ///< file names of the same lines, without folder
+  std::vector<bool> placed;            ///< of each measurement, from 0: it has a position
+  Array1<Punto3D> trajectory;          ///< one per measurement; w is the depth
+  Array1<Punto3D> gps;                 ///< one per fix of the external track
+  Array1<Punto3D> gpsDepth;            ///< the same at the depth that the track holds
+  Array1<Punto3D> echoSounder;         ///< closed outline along the bottom, 2N + 1
+  Array1<Punto3D> outline;             ///< of the section: along the surface and back along its bottom, 2N + 1
+  Array1<Punto3D> northArrow;          ///< 18
+  Array1<Punto3D> cable;               ///< 13 while the cable of a measurement is shown, else empty
 };
 
 /// Builds the cells.

@@ -3,10 +3,22 @@
 #include <algorithm>
 #include <cmath>
 
+#include "picture/Legend.h"
+
 namespace corvan {
 namespace {
 
 constexpr float SmallestWindow = 10.0F;  // m: a survey at one place still has something to look at
+
+/// How many times as large as the survey the window is before its lower edge is moved down by a tenth of it: from 1.15
+/// on, or as much as the legend and the line of the caption need below the survey, to 1.7 in very small pictures.
+double Margine(const PixelArea& area) {
+  constexpr double least = 1.15, most = 1.7, lower = 0.6, whole = 1.1;  // window heights, see AggiornaZoom
+  const auto text = static_cast<std::int32_t>(1.2 * AltezzaCarattere(static_cast<std::int32_t>(area.height())));
+  const double band = (AltezzaLegenda(text) + 2.0 * text) / std::max(area.height(), 1.0);
+  const double room = lower - whole * band;
+  return room > 0.5 / most ? std::max(least, 0.5 / room) : most;
+}
 
 /// Angle of a normalised position: -pi at edge 1, pi at edge 2.
 double Angolo(double p, double edge1, double edge2) { return (2.0 * (p - edge1) / (edge2 - edge1) - 1.0) * Pi; }
@@ -38,10 +50,13 @@ void ImpostaFinestra(ViewState& view, const TrackExtent& extent) {
   const float north = SingoloOppure(extent.EstensioneY, 0.0F);
   const float east = SingoloOppure(extent.EstensioneX, 0.0F);
   view.Lato = std::max({north, east, SmallestWindow});
-  const double half = 0.5 * view.Lato;
-  const double ratio = view.AreaPixel.height() > 0.0 ? view.AreaPixel.width() / view.AreaPixel.height() : 1.0;
+  const PixelArea& area = view.AreaPixel;
+  const double ratio = area.width() > 0.0 && area.height() > 0.0 ? area.width() / area.height() : 1.0;
+  constexpr double sides = 1.15, lowered = 1.1;  // the window's height, once its lower edge is moved down
+  const double half = 0.5 * std::max(view.Lato * Margine(area), sides * east / (lowered * ratio));
+  const double across = half * lowered * ratio;
   const Punto3D& c = view.CentroVista;
-  view.FinestraBase = {c.x - half * ratio, c.x + half * ratio, c.z - half, c.z + half};
+  view.FinestraBase = {c.x - across, c.x + across, c.z - half, c.z + half};
   const ViewWindow<double>& base = view.FinestraBase;
   view.FinestraIniziale = {SingoloOppure(base.xmin, 0.0F), SingoloOppure(base.xmax, 0.0F),
                            SingoloOppure(base.zmin, 0.0F), SingoloOppure(base.zmax, 0.0F)};

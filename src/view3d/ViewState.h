@@ -38,6 +38,12 @@ struct ViewMarker {
   float OrizzonteMin = 0, OrizzonteMax = 0.01F;
 };
 
+/// The map's band: what a curtain seen from above shows instead of its edge.
+struct MapColours {
+  std::int32_t livello = 1;    ///< level whose resistivities colour the track, 1..10; 0: no band
+  std::int32_t larghezza = 0;  ///< pixels across; 0: as fits the picture
+};
+
 struct ViewState {
   double AngoloVista = Pi / 2;  ///< theta, about the X axis, rad; pi/2 is the map view
   double AngoloPhi = 0;         ///< phi, about the Z axis, rad
@@ -54,14 +60,17 @@ struct ViewState {
 
   ViewDrag drag;
   ViewMarker marker;
+  MapColours mappa;
   Layers layers;
 };
 
-/// Angles, zoom and layers back to those of the start; window, drawing area and projection stay.
+/// Angles, zoom and layers back to those of the start; window, drawing area, projection and the map's band stay.
 void AzzeraVista(ViewState& view);
 
-/// The window at zoom 1 around the survey: its height is the larger of the survey's extents (at least 10 m), its
-/// width such that a metre has the same number of pixels on both axes.
+/// The window at zoom 1 around the survey, of which L is the larger extent (at least 10 m). A metre has the same number
+/// of pixels on both axes at every zoom: the window is wider than its own height asks for, since AggiornaZoom makes it
+/// higher. Seen from above the survey keeps a margin to all sides, below it a band for the legend, and
+/// in a picture higher than wide it is not cut at the sides.
 void ImpostaFinestra(ViewState& view, const TrackExtent& extent);
 
 /// The window at the current zoom. Its lower edge lies 1.2 times as far from the middle as the upper one, which leaves

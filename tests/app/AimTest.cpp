@@ -29,6 +29,14 @@ int Marked(const Window& w, QPoint at) {
   return dots;
 }
 
+/// A saved picture is what was seen but for the small line at its foot.
+bool OnlyExplains(const QImage& saved, const QImage& seen) {
+  const int foot = std::max(20, seen.height() / 35), rest = seen.height() - foot;
+  const auto part = [&](const QImage& image, int top, int rows) { return image.copy(0, top, image.width(), rows); };
+  return saved.size() == seen.size() && part(saved, 0, rest) == part(seen, 0, rest) &&
+         part(saved, rest, foot) != part(seen, rest, foot);
+}
+
 TEST(Aim, IsTheNearestLabelWithinTenPixelsAndShows) {
   Window w;
   w.readPlan();
@@ -135,10 +143,11 @@ TEST(Pictures, AreSavedAndCopiedWithoutTheMarksOfThePointer) {
             seen);
   w.picture()->setFocus();
   QTest::keySequence(w.picture(), QKeySequence::Copy);
-  EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), seen);
+  const QImage copied = QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32);
+  EXPECT_TRUE(OnlyExplains(copied, seen));
   w.press("RightPhicmd");
   EXPECT_NE(w.picture()->picture(), seen);
-  EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), seen) << "what was copied stays";
+  EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), copied) << "it stays";
   auto* box = w.get<QLineEdit>("Thetatxt");
   box->setFocus();
   box->selectAll();
@@ -167,7 +176,7 @@ TEST(Pictures, AreSavedUnderANameOfTheUsersChoice) {
   EXPECT_EQ(save({{By::Escape}}), "plan.png") << "the name of the survey's first file";
   EXPECT_EQ(w.session().exporter.outputs().size(), 0U);
   save({{By::Ok, first.c_str()}});
-  EXPECT_EQ(file("pictures/first.png").convertToFormat(QImage::Format_RGB32), seen);
+  EXPECT_TRUE(OnlyExplains(file("pictures/first.png").convertToFormat(QImage::Format_RGB32), seen));
   EXPECT_EQ(w.session().exporter.outputs().size(), 1U);
   save({{By::Ok, "again.png"}});
   EXPECT_FALSE(file("pictures/again.png").isNull()) << "the folder used last";
@@ -175,9 +184,9 @@ TEST(Pictures, AreSavedUnderANameOfTheUsersChoice) {
   EXPECT_EQ(test::Slurp(second).substr(0, 2), "BM");
   w.press("RightPhicmd");
   save({{By::Ok, second.c_str()}, {By::Cancel}, {By::Escape}});
-  EXPECT_EQ(file("second.bmp").convertToFormat(QImage::Format_RGB32), seen) << "not replaced";
+  EXPECT_TRUE(OnlyExplains(file("second.bmp").convertToFormat(QImage::Format_RGB32), seen)) << "not replaced";
   save({{By::Ok, second.c_str()}, {By::Ok}});
-  EXPECT_NE(file("second.bmp").convertToFormat(QImage::Format_RGB32), seen) << "asked and replaced";
+  EXPECT_FALSE(OnlyExplains(file("second.bmp").convertToFormat(QImage::Format_RGB32), seen)) << "asked and replaced";
   const std::string bytes = test::Slurp(original);
   EXPECT_FALSE(w.session().findings().anyFault());
   for (const std::string& name : {original, wrong}) {

@@ -76,6 +76,8 @@ std::vector<Asked> AllQuestions() {
            "curve.sav: 4 fixes. 2 or more points for each run of four; an empty answer keeps the fixes."},
           {Question::ClockOffset, item("LinkToGPST"), "track.csv"},
           {Question::ColourRange, item("SetRange"), "The data: "},
+          {Question::MapLevel, item("MapLevel"), "Level 1 to 10, 0 for none. A width of 0 fits the picture."},
+          {Question::Exaggeration, item("Exaggeration"), "1 shows the curtain as high as it is."},
           {Question::Connection,
            [](Window& w) { QTest::mouseClick(w.picture(), Qt::RightButton, Qt::ShiftModifier, w.place(5)); },
            "Number of the fix, 1 to 3 of track.csv"},

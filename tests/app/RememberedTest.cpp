@@ -54,8 +54,8 @@ TEST_F(Memory, KeepsEachValueForTheNextStart) {
   EXPECT_EQ(Remembered().cartella(), "");
   EXPECT_TRUE(Remembered().vistaFissata());
   EXPECT_TRUE(Remembered().barraMostrata());
-  EXPECT_EQ(Shown(Remembered().vista()), "1000010 0");
-  const ViewPreferences liked{{false, true, true, true, true, false, true}, true};
+  EXPECT_EQ(Shown(Remembered().vista()), "10000111110 0");
+  const ViewPreferences liked{{false, true, true, true, true, false, true, false, true, false, true}, true};
   {
     Remembered now;
     now.ricordaCartella(path());
@@ -66,7 +66,7 @@ TEST_F(Memory, KeepsEachValueForTheNextStart) {
   EXPECT_EQ(Remembered().cartella(), path());
   EXPECT_FALSE(Remembered().vistaFissata());
   EXPECT_FALSE(Remembered().barraMostrata());
-  EXPECT_EQ(Shown(Remembered().vista()), "0111101 1");
+  EXPECT_EQ(Shown(Remembered().vista()), "01111010101 1");
   for (const LayerEntry& layer : LayerTable) {  // one at a time: no two share a key
     ViewPreferences one = liked;
     one.layers.*layer.flag = !(one.layers.*layer.flag);
@@ -87,7 +87,7 @@ TEST_F(Memory, OfDamagedValuesFallsBackToTheUsualOnes) {
   EXPECT_EQ(Remembered().cartella(), "");
   EXPECT_TRUE(Remembered().vistaFissata());
   EXPECT_TRUE(Remembered().barraMostrata());
-  EXPECT_EQ(Shown(Remembered().vista()), "1000010 0");
+  EXPECT_EQ(Shown(Remembered().vista()), "10000111110 0");
   EXPECT_TRUE(Remembered().recenti().empty());
   QMainWindow window;
   Remembered().ripristinaFinestra(window, {700, 500});

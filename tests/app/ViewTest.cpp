@@ -80,7 +80,9 @@ TEST(ViewFrame, StaysAsItIsByADoubleClickOnACell) {
   QPoint cell;
   for (int k = 0; k < w.picture()->width() * w.picture()->height() && cell.isNull(); k += 7) {
     const QPoint at(k % w.picture()->width(), k / w.picture()->width());
-    if (mouse.cella(at.x(), at.y()) && mouse.bersaglio(at.x(), at.y()).kind == TargetKind::Nothing) cell = at;
+    const double scale = w.picture()->devicePixelRatioF();
+    const auto x = static_cast<int>(at.x() * scale), y = static_cast<int>(at.y() * scale);
+    if (mouse.cella(x, y) && mouse.bersaglio(x, y).kind == TargetKind::Nothing) cell = at;
   }
   ASSERT_FALSE(cell.isNull());
   w.doubleClick(cell);

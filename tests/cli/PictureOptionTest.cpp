@@ -72,9 +72,9 @@ Picture Paint(const Cli& cli, const std::string& options) {
   const auto unless = [&options](const char* option, const char* with) {
     return Contains(options, option) ? "" : with;
   };
-  const Outcome run =
-      cli("process grid.txt --coords utm --out o --picture p.bmp " + options + unless("--layers", " --layers gps") +
-          unless("--range", " '--range=-2000000;-1000000'") + unless("--size", " --size 640x400"));
+  const Outcome run = cli("process grid.txt --coords utm --out o --no-caption --picture p.bmp " + options +
+                          unless("--map-level", " --map-level 0") + unless("--layers", " --layers gps") +
+                          unless("--range", " '--range=-2000000;-1000000'") + unless("--size", " --size 640x400"));
   EXPECT_EQ(run.status, 0) << run.err;
   return Picture(test::Slurp(cli.folder / "p.bmp"));
 }
@@ -87,24 +87,24 @@ struct ViewCase {
 TEST(Views, StandWhereTheFormulasPutThem) {
   const Cli cli;
   for (const auto& [options, red] : {
-           ViewCase{"", {120, 45, 520, 318}},
-           ViewCase{"--theta 180 --zoom 6", {287, 182, 353, 371}},
-           ViewCase{"--theta 120 --zoom 6", {287, 162, 353, 296}},
-           ViewCase{"--phi 30", {0, 45, 493, 318}},
-           ViewCase{"--gamma 25 --zoom 3", {281, 115, 359, 249}},
-           ViewCase{"--theta 150 --gamma 20 --phi=-40 --zoom 8", {294, 166, 432, 313}},
-           ViewCase{"--zoom 2", {220, 114, 420, 250}},
-           ViewCase{"--zoom 0.95", {109, 38, 531, 325}},
-           ViewCase{"--size 400x320", {40, 36, 360, 255}},
-           ViewCase{"--projection perspective --zoom 2", {258, 140, 382, 224}},
-           ViewCase{"--projection perspective --theta 130 --zoom 6", {295, 173, 337, 214}},
-           ViewCase{"--projection orthographic --zoom 2", {220, 114, 420, 250}},
-           ViewCase{"--data-shift 3.5,0", {155, 45, 555, 318}},
-           ViewCase{"--data-shift 0,2.5", {120, 23, 520, 295}},
-           ViewCase{"--data-shift=-1.5,-4", {105, 82, 505, 355}},
+           ViewCase{"", {179, 76, 461, 288}},
+           ViewCase{"--theta 180 --zoom 6", {296, 182, 344, 329}},
+           ViewCase{"--theta 120 --zoom 6", {296, 167, 344, 271}},
+           ViewCase{"--phi 30", {0, 76, 442, 288}},
+           ViewCase{"--gamma 25 --zoom 3", {292, 130, 348, 234}},
+           ViewCase{"--theta 150 --gamma 20 --phi=-40 --zoom 8", {302, 170, 399, 284}},
+           ViewCase{"--zoom 2", {249, 129, 391, 235}},
+           ViewCase{"--zoom 0.95", {171, 70, 469, 293}},
+           ViewCase{"--size 400x320", {102, 72, 298, 219}},
+           ViewCase{"--projection perspective --zoom 2", {275, 148, 365, 216}},
+           ViewCase{"--projection perspective --theta 130 --zoom 6", {303, 174, 333, 213}},
+           ViewCase{"--projection orthographic --zoom 2", {249, 129, 391, 235}},
+           ViewCase{"--data-shift 3.5,0", {204, 76, 486, 288}},
+           ViewCase{"--data-shift 0,2.5", {179, 58, 461, 270}},
+           ViewCase{"--data-shift=-1.5,-4", {168, 104, 451, 316}},
            // -220 ohm m lies between the ninth level (above it, red) and the tenth, which takes the row that both
            // share.
-           ViewCase{"--theta 180 --zoom 6 '--range=-220.0001;-220'", {287, 182, 353, 351}},
+           ViewCase{"--theta 180 --zoom 6 '--range=-220.0001;-220'", {296, 182, 344, 313}},
        }) {
     EXPECT_EQ(Paint(cli, options).red(), red) << options;
   }
@@ -139,27 +139,28 @@ TEST_P(Layers, ArePaintedAtTheirPlaces) {
 }
 
 INSTANTIATE_TEST_SUITE_P(OnTheMap, Layers,
-                         ::testing::Values(LayerCase{"--layers electrodes", {120, 45, 520, 318}},
-                                           LayerCase{"--layers gps --gps grid.csv", {180, 98, 490, 286}},
-                                           LayerCase{"--layers depth", {120, 45, 520, 318}},
-                                           LayerCase{"--layers depth --depth-shift 6,0", {120, 45, 580, 318}},
-                                           LayerCase{"--layers depth --depth-shift 0,-6", {120, 45, 520, 373}},
-                                           LayerCase{"--layers depth --depth-shift=-4,3", {80, 18, 520, 318}}));
+                         ::testing::Values(LayerCase{"--layers electrodes", {179, 76, 461, 288}},
+                                           LayerCase{"--layers gps --gps grid.csv", {221, 117, 440, 263}},
+                                           LayerCase{"--layers depth", {179, 76, 461, 288}},
+                                           LayerCase{"--layers depth --depth-shift 6,0", {179, 76, 504, 288}},
+                                           LayerCase{"--layers depth --depth-shift 0,-6", {179, 76, 461, 330}},
+                                           LayerCase{"--layers depth --depth-shift=-4,3", {151, 55, 461, 288}}));
 
-// The arrow keeps its shape: both its sides are measured in the longer side of the survey.
+// The arrow keeps its shape: both its sides are measured in the longer side of the survey, 7.06 pixels a metre. Its
+// middle stands as far from the lower left corner as its half (20 pixels) and a letter, the N above it.
 INSTANTIATE_TEST_SUITE_P(NorthArrow, Layers,
-                         ::testing::Values(LayerCase{"--layers north", {160, 313, 180, 364}},
-                                           LayerCase{"--layers electrodes,north", {120, 45, 520, 364}}));
+                         ::testing::Values(LayerCase{"--layers north", {37, 313, 51, 366}},
+                                           LayerCase{"--layers electrodes,north", {37, 76, 461, 366}}));
 
 TEST(Legend, ShowsThePaletteFromLeftToRight) {
   const Cli cli;
   const Picture picture = Paint(cli, "--layers scale");
   // The bar takes the middle 30 % of the width; index i stands at i/256 of it.
   for (const auto& [x, colour] : {std::pair{320, 0x00FE3E}, {320 - 48, 0x009EFE}, {320 + 48, 0xDEFF00}}) {
-    EXPECT_EQ(picture.at(x, 368), colour) << x;
+    EXPECT_EQ(picture.at(x, 355), colour) << x;
   }
-  EXPECT_EQ(picture.at(320 - 100, 368), 0xFFFFFF);
-  EXPECT_EQ(picture.at(320 + 100, 368), 0xFFFFFF);
+  EXPECT_EQ(picture.at(320 - 100, 355), 0xFFFFFF);
+  EXPECT_EQ(picture.at(320 + 100, 355), 0xFFFFFF);
 }
 
 }  // namespace

@@ -218,7 +218,8 @@ TEST(ColourRange, FollowsTheDataUntilItIsTyped) {
   f.press("CableConf_Click");
   EXPECT_EQ(f.session.survey.colours().range.ScalaMax, 2);
   f.readFirings(2);
-  EXPECT_EQ(f.session.survey.colours().range.ScalaMax, f.session.survey.dati().traccia.RhoMax) << "a new reading forgets it";
+  EXPECT_EQ(f.session.survey.colours().range.ScalaMax, f.session.survey.dati().traccia.RhoMax)
+      << "a new reading forgets it";
 }
 
 TEST(Selection, ClearsOnTheThirdClickAndIgnoresWhatIsNoMeasurement) {

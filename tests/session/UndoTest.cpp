@@ -10,7 +10,7 @@ namespace corvan {
 namespace {
 
 struct Fixture : test::SessionFixture {
-  test::TestCanvas canvas{320, 200};
+  test::TestCanvas canvas{640, 400};
   OutputPanel formats;
 
   Fixture() {
@@ -56,7 +56,7 @@ struct Fixture : test::SessionFixture {
                press("SetRange_Click");
              }},
             {"Translation", [this] { press("TnordTxt_KeyPress", "37.5"); }},
-            {"Translation", [this] { press("DEpCmd_Click"); }},
+            {"Translation", [this] { press("DTestTxt_KeyPress", "12.5"); }},
             {"Link by Time",
              [this] {
                answer(Question::ClockOffset, "3");
@@ -80,7 +80,7 @@ TEST(Undo, TakesBackAMixedRowOfChangesOneAtATimeToTheFirstByteOfEveryOutput) {
     change();
     EXPECT_EQ(f.session.annullabile(), what);
     states.push_back(f.everything());
-    EXPECT_NE(states.back(), states[states.size() - 2]) << what << " changes something";
+    EXPECT_NE(states.back(), states[states.size() - 2]) << what << ", state " << states.size() << ", changes something";
   }
   f.press("SH2ndGps_Click");  // the link by time had hidden it
   while (states.size() > 1) {

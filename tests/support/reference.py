@@ -158,9 +158,16 @@ def cross(p1, p2, p3, p4):
     return x, (x - p1[0]) * m1 + p1[1]
 
 
+def margin(h):
+    """The window's height over the survey's: room for the legend and the caption below it, 15 % at least."""
+    text = int(1.2 * (12 if h < 720 else h // 60))  # a line of text
+    foot = 2 * text + max(6, text * 2 // 3) + 3 * (text // 4 + 1) + 2 * text
+    return max(1.15, 0.5 / (0.6 - 1.1 * foot / h))
+
+
 def pixel(p, w=640, h=400, theta=90, phi=0, gamma=0, zoom=1, perspective=False, side=40.0):
     x, y, z = rotate(p, *(v * math.pi / 180 for v in (theta, phi, gamma)))
-    half, ratio = side / 2, w / h
+    half, ratio = side / 2 * margin(h), 1.1 * w / h
     if perspective:  # vanishing point in the middle of the picture
         x, z = cross((x, z), (x + half - y, z), (0.0, 0.005), (-half * ratio, 0.005))
     left, top, bottom = -half * ratio * zoom, -half * zoom, half * zoom * 1.2

@@ -31,9 +31,7 @@ std::string Names(float zoom) {
 // surface is row 91, the marks reach 5 pixels up.
 TEST(ElectrodeNames, AreThoseOfTheEndsWhereAllWouldTouch) {
   EXPECT_EQ(Names(1), "E11 138 72, C2 262 72, ");
-  EXPECT_EQ(Names(0.25F),
-            "E1 542 72, E2 502 72, E3 462 72, E4 422 72, E5 382 72, E6 342 72, E7 302 72, E8 262 72, E9 222 72, "
-            "E10 178 72, E11 138 72, C1 582 72, C2 622 72, ");
+  EXPECT_EQ(Names(0.25F), "E8 262 72, E9 222 72, E10 178 72, E11 138 72, ") << "the others lie outside the picture";
   EXPECT_EQ(Names(10), "E11 138 72, ");
 }
 

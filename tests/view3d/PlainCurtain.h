@@ -42,10 +42,19 @@ struct Prepared {
     GeneraTraiettoria(scene, survey);
     GeneraContorno(scene, survey);
     view.AreaPixel = {0, 300, 0, 200};
+    view.layers.MostraNomi = view.layers.MostraGriglia = view.layers.MostraAsse = view.layers.MostraScala = false;
+    view.mappa.livello = 0;
     update();
   }
+  /// A window that just holds the survey's larger extent, without the margin of a first view: numbers stay round.
   void update() {
+    const double half = std::max({survey.traccia.EstensioneX, survey.traccia.EstensioneY, 10.0}) / 2;
+    const double ratio = view.AreaPixel.width() / view.AreaPixel.height();
     ImpostaFinestra(view, survey.traccia);
+    view.FinestraBase = {-half * ratio, half * ratio, -half, half};
+    const auto single = [](double v) { return static_cast<float>(v); };
+    view.FinestraIniziale = {single(-half * ratio), single(half * ratio), single(-half), single(half)};
+    ImpostaProspettiva(view);
     AggiornaZoom(view);
   }
 };

@@ -82,25 +82,28 @@ ViewState View(double east, double north) {
 
 TEST(Window, HoldsTheSurveyWithSquarePixelsAndABandBelow) {
   ViewState view = View(100, 300);
-  EXPECT_TRUE(view.FinestraBase.xmin == -225 && view.FinestraBase.xmax == 225);  // 300 high, 1200 to 800 wide
-  EXPECT_EQ(view.Finestra.zmin, -150);
-  EXPECT_FLOAT_EQ(view.Finestra.zmax, 180) << "1.2 times as far below the middle";
+  // 1.15 times the 300 m high; 1200 to 800 wide, and a tenth more since the lower edge makes it a tenth higher.
+  EXPECT_NEAR(view.FinestraBase.xmin, -284.625, 1e-9);
+  EXPECT_NEAR(view.FinestraBase.xmax, 284.625, 1e-9);
+  EXPECT_FLOAT_EQ(view.Finestra.zmin, -172.5F);
+  EXPECT_FLOAT_EQ(view.Finestra.zmax, 207) << "1.2 times as far below the middle";
   view.ZoomFattore = 2;
   AggiornaZoom(view);
-  EXPECT_EQ(view.Finestra.xmax, 450);
-  EXPECT_FLOAT_EQ(view.Finestra.zmax, 360);
+  EXPECT_FLOAT_EQ(view.Finestra.xmax, 569.25F);
+  EXPECT_FLOAT_EQ(view.Finestra.zmax, 414);
   EXPECT_EQ(View(0, 0).Lato, 10) << "a survey of one place";
 }
 
 TEST(Window, HasItsVanishingPointUnderTheMarker) {
   ViewState view = View(100, 300);
-  EXPECT_TRUE(view.marker.FugaX == 0 && view.marker.DistanzaFuga == 225) << "without a marker in the middle";
+  EXPECT_EQ(view.marker.FugaX, 0) << "without a marker in the middle";
+  EXPECT_FLOAT_EQ(view.marker.DistanzaFuga, 284.625F);
   EXPECT_FLOAT_EQ(view.marker.OrizzonteZ, 0.005F);
   view.marker.posto = true;
   view.marker.MarcatoreX = UnitaMarcatore(300, 1200);
   view.marker.MarcatoreY = UnitaMarcatore(800, 800);
   ImpostaProspettiva(view);
-  EXPECT_FLOAT_EQ(view.marker.FugaX, -112.5F);
+  EXPECT_FLOAT_EQ(view.marker.FugaX, -142.3125F);
   EXPECT_FLOAT_EQ(view.marker.OrizzonteZ, 0.01F);
 }
 
