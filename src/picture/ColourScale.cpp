@@ -13,11 +13,6 @@ namespace {
 constexpr std::int32_t Byte = 256;
 constexpr std::size_t Colours = 256;
 
-/// RRGGBB to a value with red in the low byte.
-constexpr std::int32_t RossoInBasso(std::uint32_t rgb) {
-  return static_cast<std::int32_t>((rgb & 0xFFU) << 16U | (rgb & 0xFF00U) | rgb >> 16U);
-}
-
 /// Index 1..256 of a value on the scale; 0 when the bounds are equal or the value is not finite.
 std::size_t IndiceColore(double value, double low, double span) {
   const double index = (value - low) * Byte / span;

@@ -13,6 +13,7 @@ namespace corvan {
 struct ColourRange {
   float ScalaMin = 0;
   float ScalaMax = 0;
+  friend bool operator==(const ColourRange&, const ColourRange&) = default;
 };
 
 /// How resistivities become colours: the range and which colours lie over it.
@@ -67,6 +68,11 @@ struct ColourParts {
   std::int16_t Verde = 0;
   std::int16_t Blu = 0;
 };
+
+/// RRGGBB as a value with red in the low byte.
+constexpr std::int32_t RossoInBasso(std::uint32_t rgb) {
+  return static_cast<std::int32_t>((rgb & 0xFFU) << 16U | (rgb & 0xFF00U) | (rgb >> 16U & 0xFFU));
+}
 
 /// Splits a colour value into its parts; a negative part is 0.
 ColourParts ScomponiColore(std::int32_t Colore);

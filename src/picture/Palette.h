@@ -2,16 +2,22 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace corvan {
 
-enum class PaletteName { Spectrum };
+enum class PaletteName { Spectrum, Viridis, Cividis, Grey };
+
+/// The colours of a palette as RRGGBB, from the lowest value to the highest; index 0 is colour 1.
+using PaletteColours = std::array<std::uint32_t, 256>;
 
 /// Spectrum, violet (low) to red (high).
-/// Colours as RRGGBB; index 0 is colour 1. Doubled entries and the alternation of 254 and 255 belong to the table:
-/// pictures and files made with it are compared colour by colour.
-inline constexpr std::array<std::uint32_t, 256> PaletteRgb{
+/// Doubled entries and the alternation of 254 and 255 belong to the table: pictures and files made with it are compared
+/// colour by colour.
+inline constexpr PaletteColours PaletteRgb{
     0x7800FE, 0x7800FE, 0x7300FF, 0x6F00FE, 0x6A00FF, 0x6600FE, 0x6100FF, 0x5D00FE, 0x5800FF, 0x5400FE, 0x4F00FF,
     0x4B00FE, 0x4600FF, 0x4200FE, 0x3900FE, 0x3900FE, 0x3400FF, 0x3000FE, 0x2B00FF, 0x2700FE, 0x2200FF, 0x1E00FE,
     0x1900FF, 0x1500FE, 0x1000FF, 0x0C00FE, 0x0700FF, 0x0300FE, 0x0006FE, 0x0006FE, 0x000BFF, 0x000FFE, 0x0014FF,
@@ -38,7 +44,34 @@ inline constexpr std::array<std::uint32_t, 256> PaletteRgb{
     0xFE0E00, 0xFF0900, 0xFF0900,
 };
 
+/// A palette with the names by which menu, memory and command line know it.
+struct PaletteEntry {
+  PaletteName name;
+  const char* item;     ///< of its menu item
+  const char* caption;  ///< of its menu item
+  const char* word;     ///< on the command line
+  const char* source;   ///< what it is and where it comes from, in a line
+};
+
+/// In the order of PaletteName.
+inline constexpr std::array PaletteTable{
+    PaletteEntry{PaletteName::Spectrum, "PaletteSpectrum", "&Spectrum", "spectrum",
+                 "Violet to red, the colours of all earlier pictures"},
+    PaletteEntry{PaletteName::Viridis, "PaletteViridis", "&Viridis", "viridis",
+                 "Even in lightness, for most colour-blind eyes (van der Walt and Smith 2015, CC0)"},
+    PaletteEntry{PaletteName::Cividis, "PaletteCividis", "&Cividis", "cividis",
+                 "Alike for every eye (Nu\u00F1ez, Anderton and Renslow 2018)"},
+    PaletteEntry{PaletteName::Grey, "PaletteGrey", "&Grey", "grey", "For print: CIE L* in even steps"}};
+
+constexpr const PaletteEntry& VoceDi(PaletteName name) { return PaletteTable.at(static_cast<std::size_t>(name)); }
+
+/// The palette of a word of the command line. @return none for a word that is none
+const PaletteEntry* PaletteDaParola(std::string_view word);
+
+/// The words of all palettes, joined by ", ".
+std::string ParoleDiPalette();
+
 /// The colours of a palette.
-constexpr const std::array<std::uint32_t, 256>& ColoriDi(PaletteName) { return PaletteRgb; }
+const PaletteColours& ColoriDi(PaletteName name);
 
 }  // namespace corvan
