@@ -109,7 +109,7 @@ std::pair<double, double> Changes(Corvan& window) {
       },
       [&] { session.survey.impostaZona(32); },
       [&] {
-        session.survey.impostaIntervallo({1, 2});
+        session.survey.colori().impostaIntervallo({1, 2});
       },
       [&] { session.translations.trasla(Translation::DataNorth, 37.5); },
       [&] { session.collegaPerTempo(3); }};

@@ -147,7 +147,7 @@ int Esegui(const ProcessOptions& options) {
   CollegaTraccia(session, dialogs, options);
   Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
   Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
-  if (!options.range.empty()) session.survey.chiediIntervallo();
+  if (!options.range.empty()) session.survey.colori().chiediIntervallo();
   const OutputPanel output = Uscite(options);
   if (options.writes("csv")) session.exporter.tabella(output.FileOutTxt);
   // Pictures mark the extremes that were asked for; those of the whole survey would tell nothing.

@@ -61,6 +61,11 @@ void Salva(Session& s, const std::string&) {
   s.exporter.FrameFileOut.visible = false;
 }
 
+template <PaletteName Which>
+void Tavolozza(Session& s, const std::string&) {
+  s.survey.colori().scegli(Which);
+}
+
 void Zoom(Session& s, const std::string& text) {
   s.view.FrameView.Zoomtxt = text;
   const auto zoom = NumeroDaCasella<float>(text, ZoomBox, s.findings());
@@ -88,7 +93,18 @@ constexpr std::array Table{
     Control{"LinkToGPSP_Click", "Link by Position", [](S& s, T) { s.collegaPerPosizione(); }},
     Control{"SetUtmZone_Click", "Set UTM Zone", [](S& s, T) { s.survey.chiediZona(); }},
     Control{"CableConf_Click", "Set Cable Configuration", [](S& s, T) { s.survey.chiediCavo(); }},
-    Control{"SetRange_Click", "Set Colour Scale Range", [](S& s, T) { s.survey.chiediIntervallo(); }},
+    Control{"SetRange_Click", "Set Colour Scale Range", [](S& s, T) { s.survey.colori().chiediIntervallo(); }},
+    Control{"RangeData_Click", "Set Colour Scale Range", [](S& s, T) { s.survey.colori().intervalloDaiDati(); }},
+    Control{"RangePercentile_Click", "Set Colour Scale Range",
+            [](S& s, T) { s.survey.colori().intervalloPercentile(Percentiles{}); }},
+    Control{"PaletteSpectrum_Click", "Set Palette", Tavolozza<PaletteName::Spectrum>},
+    Control{"PaletteViridis_Click", "Set Palette", Tavolozza<PaletteName::Viridis>},
+    Control{"PaletteCividis_Click", "Set Palette", Tavolozza<PaletteName::Cividis>},
+    Control{"PaletteGrey_Click", "Set Palette", Tavolozza<PaletteName::Grey>},
+    Control{"ReverseColours_Click", "Reverse Colours",
+            [](S& s, T) { s.survey.colori().inverti(!s.survey.colours().reversed); }},
+    Control{"LogColours_Click", "Logarithmic Colours",
+            [](S& s, T) { s.survey.colori().logaritmo(!s.survey.colours().logarithmic); }},
     Control{"SelFirst_Click", nullptr, [](S& s, T) { s.selection.FrameExtrema.visible = true; }},
     Control{"SelectLast_Click", nullptr, [](S& s, T) { s.selection.FrameExtrema.visible = true; }},
     Control{"E1Txt_KeyPress", "Select First Data", Estremo<Extreme::First>},

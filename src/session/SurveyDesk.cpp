@@ -20,12 +20,6 @@ constexpr const char* BadPositions = "Some Data have incorrect GPS position";
 constexpr const char* OtherCables = "CreaCavoDaMisure";
 constexpr const char* ZoneAssumed = "SelezionaZonaUTM";
 
-/// Bounds of the colours, ohm m, as they are typed.
-std::string TestoScala(float low, float high) {
-  constexpr Mask bound = "#####0.0#";
-  return FormattaNumero(static_cast<double>(low), bound) + ";" + FormattaNumero(static_cast<double>(high), bound);
-}
-
 }  // namespace
 
 SurveyDesk::SurveyDesk(Desk desk) : desk_(std::move(desk)) { segnaZona(DefaultZone); }
@@ -33,7 +27,7 @@ SurveyDesk::SurveyDesk(Desk desk) : desk_(std::move(desk)) { segnaZona(DefaultZo
 void SurveyDesk::azzera() {
   FrameFileIn.DonelblVisible = false;
   survey_.settings = Settings{};
-  rangeTyped_ = false;
+  colori_.azzera();
   segnaZona(DefaultZone);
   desk_.tell(Change::Label);
 }
@@ -52,8 +46,7 @@ void SurveyDesk::analizza() {
     Findings found;
     fixes_ = AnalisiFile(survey_, found);
     desk_.findings.addUnaVolta(found);
-    if (!rangeTyped_) colours_.range = ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax);
-    desk_.tell(Change::Colours);
+    colori_.segui();
     desk_.tell(Change::Analysis);
   });
   rilevaPosizioni();
@@ -76,6 +69,7 @@ void SurveyDesk::rilevaPosizioni() {
 void SurveyDesk::scartaTutto() {
   ScartaSenzaTraccia(survey_);
   fixes_.discarded = survey_.Misure.size();
+  colori_.segui();
 }
 
 void SurveyDesk::rifai() {
@@ -178,39 +172,6 @@ void SurveyDesk::impostaZona(std::int16_t zone) {
     rifai();
   });
   rifai();
-}
-
-void SurveyDesk::chiediIntervallo() {
-  Trappola(desk_.findings, "SetRange", [this] {
-    const std::string range = TestoScala(colours_.range.ScalaMin, colours_.range.ScalaMax);
-    const std::optional<std::string> answer =
-        desk_.dialogs.InputBox({.question = Question::ColourRange,
-                                .defaultAnswer = range,
-                                .details = "The data: " + TestoScala(survey_.traccia.RhoMin, survey_.traccia.RhoMax)});
-    if (!answer) return;
-    if (Rifila(*answer).empty()) {
-      intervalloDaiDati();
-      return;
-    }
-    const auto typed = CoppiaDaCasella<float>(*answer, {"SetRange", "range"}, desk_.findings);
-    if (typed) impostaIntervallo({typed->first, typed->second});
-  });
-}
-
-void SurveyDesk::impostaIntervallo(const ColourRange& range) {
-  desk_.history.ricorda("Set Colour Scale Range", [this, colours = colours_, typed = rangeTyped_] {
-    colours_ = colours;
-    rangeTyped_ = typed;
-    desk_.tell(Change::Colours);
-  });
-  colours_.range = range;
-  rangeTyped_ = true;
-  desk_.tell(Change::Colours);
-}
-
-void SurveyDesk::intervalloDaiDati() {
-  impostaIntervallo(ScalaDaDati(survey_.traccia.RhoMin, survey_.traccia.RhoMax));
-  rangeTyped_ = false;
 }
 
 void SurveyDesk::chiediProfondita(std::int32_t index) {

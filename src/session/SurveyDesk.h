@@ -1,4 +1,4 @@
-// The survey of a run: the files it is read from, filter, cable, zone, colour range and depths.
+// The survey of a run: the files it is read from, filter, cable, zone, colours and depths.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +9,8 @@
 
 #include "geo/ZoneConstants.h"
 #include "input/FileRead.h"
-#include "picture/ColourScale.h"
 #include "session/BoxNumbers.h"
+#include "session/ColourDesk.h"
 #include "session/Desk.h"
 #include "session/Panels.h"
 #include "survey/Survey.h"
@@ -29,7 +29,9 @@ class SurveyDesk {
   Survey& dati() { return survey_; }
   const Survey& dati() const { return survey_; }
   const TrackResult& fixes() const { return fixes_; }
-  const ColourScale& colours() const { return colours_; }
+  const ColourScale& colours() const { return colori_.scale(); }
+  ColourDesk& colori() { return colori_; }
+  const ColourDesk& colori() const { return colori_; }
   /// The line of information on the picture.
   const std::string& info() const { return info_; }
   /// It warns: the user shall see it.
@@ -52,9 +54,6 @@ class SurveyDesk {
   void impostaZona(std::int16_t zone);
   /// The zone of a survey that has none yet: nothing is converted.
   void dichiaraZona(std::int16_t zone);
-  void chiediIntervallo();  ///< "Set Colour Scale Range": an empty answer goes back to the data
-  void impostaIntervallo(const ColourRange& range);
-  void intervalloDaiDati();
 
   void chiediProfondita(std::int32_t index);  ///< asks whether to correct a measurement's depth
   /// The depth of a measurement becomes the mean of its neighbours', at an end that of the only one.
@@ -77,8 +76,7 @@ class SurveyDesk {
   Survey survey_;
   ZoneConstants zona_;
   TrackResult fixes_;
-  ColourScale colours_;
-  bool rangeTyped_ = false;  ///< the user typed the colour range: it no longer follows the data
+  ColourDesk colori_{desk_, survey_};
   std::string info_;
   bool warns_ = false;
 };

@@ -35,6 +35,7 @@ bool SurveyDesk::leggi() {
     rilevaLettura();
   } else {
     fixes_ = TrackResult{};
+    colori_.segui();
     desk_.tell(Change::Analysis);
   }
   FrameFileIn.Donelbl = "Read " + TestoConSegno(static_cast<double>(survey_.NumMisure())) + " meas.";
