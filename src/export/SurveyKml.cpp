@@ -54,7 +54,7 @@ std::array<Level, MaxChannels + 1> Livelli(double height, double offset) {
 class Curtain {
  public:
   Curtain(const KmlGoogle& kml, const Section& section, const CurtainRequest& request)
-      : kml_(kml), section_(section), range_(request.colours.range), levels_(Livelli(section.altezza, request.offset)) {
+      : kml_(kml), section_(section), colours_(request.colours), levels_(Livelli(section.altezza, request.offset)) {
     for (const SectionPoint& point : section.RecordOut.points()) {
       if (point.posta) points_.push_back(&point);
     }
@@ -149,15 +149,13 @@ class Curtain {
     (work.ring += work.behind.text) += level.bottom;
     (work.ring += work.before.text) += level.bottom;
     (work.ring += work.before.text) += level.top;
-    float colour = 0.0F;
-    CreaColore(range_.ScalaMax, range_.ScalaMin, rho, colour);
     AggiungiPoligono(out, {work.cellName, work.cellDescription, kml_.AltitudeMode(), work.ring,
-                           static_cast<std::int32_t>(colour), kml_.Opacity()});
+                           RossoInBasso(colours_(rho)), kml_.Opacity()});
   }
 
   const KmlGoogle& kml_;
   const Section& section_;
-  const ColourRange range_;
+  const ColourLookup colours_;
   const std::array<Level, MaxChannels + 1> levels_;
   std::vector<const SectionPoint*> points_;
   std::atomic<std::size_t> skipped_{0};
