@@ -12,6 +12,7 @@
 #include "base/Clock.h"
 #include "base/Fields.h"
 #include "base/NumberText.h"
+#include "cli/ColourOptions.h"
 #include "cli/Commands.h"
 #include "cli/PictureOptions.h"
 #include "cli/ProcessSummary.h"
@@ -44,7 +45,7 @@ struct ProcessOptions {
   std::string kmlOffset;
   std::string out;
   std::string formats = "bin";
-  std::string range;
+  ColourOptions colours;
   std::string dataShift;
   std::string depthShift;
   PictureOptions picture;
@@ -64,7 +65,7 @@ struct ProcessOptions {
 void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
   if (!options.channels.empty()) dialogs.answer(Question::ChannelNumber, options.channels);
   dialogs.answer(Question::UtmZone, options.zone);
-  dialogs.answer(Question::ColourRange, options.range);
+  dialogs.answer(Question::ColourRange, options.colours.range);
   if (!options.trackDate.empty()) dialogs.answer(Question::TrackDate, options.trackDate);
   dialogs.answer(Question::CableOffset, options.cableOffset);
   dialogs.answer(Question::EchoOffset, options.echoOffset);
@@ -147,7 +148,7 @@ int Esegui(const ProcessOptions& options) {
   CollegaTraccia(session, dialogs, options);
   Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
   Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
-  if (!options.range.empty()) session.survey.colori().chiediIntervallo();
+  ImpostaColori(session, options.colours, !options.picture.file.empty() || options.writes("kml"));
   const OutputPanel output = Uscite(options);
   if (options.writes("csv")) session.exporter.tabella(output.FileOutTxt);
   // Pictures mark the extremes that were asked for; those of the whole survey would tell nothing.
@@ -214,9 +215,6 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
   command.add_option("--depth-shift", o.depthShift, "Translation of the echo-sounder profile in the view, m")
       ->check(Coppia())
       ->type_name("E,N");
-  command.add_option("--range", o.range, "Bounds of the colour scale, ohm m (default: from the data)")
-      ->check(Intervallo())
-      ->type_name("MIN;MAX");
 }
 
 /// Options of one link are a mistake beside another: they would do nothing, and nobody would hear of it.
@@ -269,6 +267,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   AggiungiSezione(*command, *options);
   AggiungiUscita(*command, *options);
   AggiungiImmagine(*command, options->picture);
+  AggiungiColori(*command, options->colours);
   AggiungiTraccia(*command, *options);
   command->callback([options, &work] {
     Verifica(*options);

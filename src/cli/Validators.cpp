@@ -8,6 +8,7 @@
 #include "base/Errors.h"
 #include "base/NumberText.h"
 #include "base/OleDate.h"
+#include "session/ColourDesk.h"
 
 namespace corvan::cli {
 namespace {
@@ -40,7 +41,14 @@ CLI::Validator NumeroEntro(double most) {
 
 CLI::Validator Coppia() { return DueNumeri(',', "E,N"); }
 
-CLI::Validator Intervallo() { return DueNumeri(';', "MIN;MAX"); }
+CLI::Validator Intervallo() {
+  return {[](std::string& text) -> std::string {
+            if (text == "auto") return "";
+            if (!text.starts_with('p')) return DueNumeri(';', "MIN;MAX")(text);
+            return PercentiliDaTesto(text) ? "" : "\"" + text + "\" is not pLOW,HIGH with 0 <= LOW < HIGH <= 100";
+          },
+          "auto|pLOW,HIGH|MIN;MAX"};
+}
 
 CLI::Validator Collegamento() {
   return {[](std::string& text) -> std::string {

@@ -13,7 +13,7 @@ CLI::Validator Numero();
 CLI::Validator NumeroEntro(double most);
 /// Two numbers joined by a comma, e.g. "2.5,-1".
 CLI::Validator Coppia();
-/// Two numbers joined by a semicolon, e.g. "0.5;12".
+/// A range of colours: "auto", percentiles as "p2,98", or two numbers joined by a semicolon, e.g. "0.5;12".
 CLI::Validator Intervallo();
 
 /// Two whole numbers from 1 on joined by a colon, e.g. "12:340".
