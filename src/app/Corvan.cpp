@@ -157,7 +157,9 @@ void Corvan::creaMenu() {
     aggiorna();
   });
   image->addSeparator();
-  voce(image, "SetRange", "Set Colour Scale Range", QKeySequence("Ctrl+R"), "SetRange_Click");
+  colours_ = new ColourMenu(
+      session_, [this] { aggiorna(); }, this);
+  image->addMenu(colours_);
   mapColours_ = voce(image, "MapColours", "Map C&olours", QKeySequence("Ctrl+Shift+C"), "MapColours_Click");
   mapColours_->setCheckable(true);
   voce(image, "MapLevel", "Map &Level\u2026", QKeySequence("Ctrl+Shift+L"), "MapLevel_Click");
@@ -199,6 +201,7 @@ void Corvan::ripristina(QSize usual) {
   ruotaViva(live_->isChecked());
   liked_ = remembered_.vista();
   session_.view.proietta(liked_->perspective ? Projection::Perspective : Projection::Orthographic);
+  session_.survey.colori().preferisci(liked_->palette, liked_->reversed, liked_->logarithmic);
   riprendiVista();
   aggiorna();
   // Started from a folder of surveys, that one is meant; a desktop starts programs at home or at the root.
@@ -218,7 +221,9 @@ void Corvan::riprendiVista() {
 
 ViewPreferences Corvan::vista() const {
   const ViewState& state = session_.view.state();
-  return {state.layers, state.projection == Projection::Perspective};
+  const ColourScale& colours = session_.survey.colours();
+  return {state.layers, state.projection == Projection::Perspective, colours.palette, colours.reversed,
+          colours.logarithmic};
 }
 
 void Corvan::closeEvent(QCloseEvent* event) {
@@ -279,6 +284,7 @@ void Corvan::aggiorna() {
   const QString undo = QString::fromStdString(session_.annullabile());
   undo_->setText(undo.isEmpty() ? QString("&Undo") : "&Undo " + undo);
   undo_->setEnabled(!undo.isEmpty());
+  colours_->mostra();
   for (const Switch& s : switches_) s.action->setChecked(session_.view.state().layers.*s.layer);
   mapColours_->setChecked(session_.view.state().mappa.livello > 0);
   picture_->update();

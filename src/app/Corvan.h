@@ -9,6 +9,7 @@
 #include <QToolBar>
 #include <vector>
 
+#include "app/ColourMenu.h"
 #include "app/CoordPic.h"
 #include "app/EdgePanel.h"
 #include "app/FindingsList.h"
@@ -90,6 +91,7 @@ class Corvan : public QMainWindow {
     bool Layers::*layer;
   };
   std::vector<Switch> switches_;
+  ColourMenu* colours_ = nullptr;
   QAction* undo_ = nullptr;
   QAction* mapColours_ = nullptr;
   QAction* live_ = nullptr;

@@ -46,12 +46,19 @@ ViewPreferences Remembered::vista() const {
     view.layers.*layer.flag = vero(Chiave(layer), view.layers.*layer.flag);
   }
   view.perspective = settings_.value("view/projection").toString() == "perspective";
+  const std::string palette = settings_.value("view/palette").toString().toStdString();
+  if (const PaletteEntry* entry = PaletteDaParola(palette)) view.palette = entry->name;
+  view.reversed = vero("view/reversedColours", view.reversed);
+  view.logarithmic = vero("view/logarithmicColours", view.logarithmic);
   return view;
 }
 
 void Remembered::ricordaVista(const ViewPreferences& view) {
   for (const LayerEntry& layer : LayerTable) settings_.setValue(Chiave(layer), view.layers.*layer.flag);
   settings_.setValue("view/projection", view.perspective ? "perspective" : "orthographic");
+  settings_.setValue("view/palette", VoceDi(view.palette).word);
+  settings_.setValue("view/reversedColours", view.reversed);
+  settings_.setValue("view/logarithmicColours", view.logarithmic);
 }
 
 std::vector<QStringList> Remembered::recenti() const {

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <vector>
 
+#include "picture/Palette.h"
 #include "view3d/Layers.h"
 
 namespace corvan {
@@ -14,6 +15,9 @@ namespace corvan {
 struct ViewPreferences {
   Layers layers;
   bool perspective = false;
+  PaletteName palette = PaletteName::Spectrum;
+  bool reversed = false;  ///< its colours
+  bool logarithmic = false;
 };
 
 /// Each value by itself: one that is missing or damaged counts as its default, and harms no other.

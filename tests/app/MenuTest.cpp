@@ -30,7 +30,7 @@ TEST(Shortcuts, EachDoTheirOwnItem) {
                {"F6", "SHNord=1 north=1 picture"},
                {"F7", "SHInfoLabel=0 info=0 picture"},
                {"F8", "FrameDataMove=1 FrameDepthMove=1 SHtranslation=1 translation=1"},
-               {"Ctrl+R", "max=7 min=2 question=Scale (Min; Max) picture"},
+               {"Ctrl+R", "RangeData=0 SetRange=1 max=7 min=2 question=Scale (Min; Max) picture"},
                {"Ctrl+K", "question=Set String"},
                {"Ctrl+L", "SH2ndGps=0 question=Seconds to add to the instrument's clock track=0 picture"},
                {"Ctrl+2", "FrameExtrema=1"},
@@ -88,7 +88,12 @@ TEST(RealBoxes, GiveWhatWasTypedAndNothingWhenGivenUp) {
     Reply reply;
     const char* changes;
   } cases[] = {
-      {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", nullptr, {By::Enter, "2;7"}, "max=7 min=2 picture"},
+      {"SetRange",
+       "Set Colour Scale Range",
+       "Scale (Min; Max)",
+       nullptr,
+       {By::Enter, "2;7"},
+       "RangeData=0 SetRange=1 max=7 min=2 picture"},
       {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", "2.0;7.0", {By::Escape, "1;9"}, ""},
       {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", "2.0;7.0", {By::Cancel, "1;9"}, ""},
       {"SetRange", "Set Colour Scale Range", "Scale (Min; Max)", "2.0;7.0", {By::Ok, "2.5;7"}, "min=2.5 picture"},

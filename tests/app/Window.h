@@ -205,6 +205,7 @@ struct Window {
     number("depthEast", settings.TraslFondoEst);
     number("depthNorth", settings.TraslFondoNord);
     number("zone", settings.ZonaUTM);
+    number("palette", static_cast<int>(session().survey.colours().palette));
     number("min", session().survey.colours().range.ScalaMin);
     number("max", session().survey.colours().range.ScalaMax);
     put("outputs", QString::number(session().exporter.outputs().size()));
