@@ -175,7 +175,7 @@ void FaiImmagine(Session& session, const PictureOptions& options) {
   }
   ImageCanvas canvas(image);
   session.view.picture().tela(&canvas);
-  session.view.picture().dipingiSu(canvas, options.noCaption ? "" : session.view.didascalia());
+  session.view.picture().dipingiSu(canvas, options.noCaption ? Caption() : session.view.didascalia());
   session.exporter.immagine(options.file, [&] { return ComponiImmagine(image, options.file); });
   session.view.picture().tela(nullptr);
 }

@@ -9,7 +9,7 @@
 namespace corvan {
 namespace {
 
-constexpr const char* Between = "  \u00B7  ";
+constexpr const char* Between = " \u00B7 ";
 
 std::string File(const Survey& survey) {
   std::vector<std::string> names;
@@ -45,21 +45,23 @@ std::string Gradi(const char* name, double radians) {
 
 }  // namespace
 
-std::string DidascaliaRilievo(const Survey& survey) {
-  if (survey.Misure.empty()) return "";
+Caption DidascaliaRilievo(const Survey& survey) {
+  if (survey.Misure.empty()) return {};
   const GridZone& grid = survey.settings.griglia;
-  return File(survey) + Between + Tempi(survey) + Between + "UTM zone " + std::to_string(grid.zone) +
-         (grid.hemisphere == Hemisphere::North ? " north" : " south");
+  return {File(survey), Between + Tempi(survey) + Between + "UTM zone " + std::to_string(grid.zone) +
+                            (grid.hemisphere == Hemisphere::North ? " north" : " south")};
 }
 
-std::string DidascaliaVista(const Survey& survey, const ViewState& view, bool band, double exaggeration) {
-  if (survey.Misure.empty()) return "";
-  std::string text = DidascaliaRilievo(survey) + Between + Gradi("theta", view.AngoloVista) + ", " +
-                     Gradi("phi", view.AngoloPhi) + ", " + Gradi("gamma", view.AngoloGamma) + Between +
-                     (view.projection == Projection::Orthographic ? "orthographic" : "perspective");
+Caption DidascaliaVista(const Survey& survey, const ViewState& view, bool band, double exaggeration) {
+  Caption caption = DidascaliaRilievo(survey);
+  if (survey.Misure.empty()) return caption;
+  std::string& text = caption.rest;
+  text += Between + Gradi("\u03B8", view.AngoloVista) + " " + Gradi("\u03C6", view.AngoloPhi) + " " +
+          Gradi("\u03B3", view.AngoloGamma) + Between +
+          (view.projection == Projection::Orthographic ? "orthographic" : "perspective");
   if (band) text += Between + ("level " + std::to_string(view.mappa.livello));
   if (exaggeration != 1.0) text += Between + ("heights \u00D7 " + TestoNumero(exaggeration));
-  return text;
+  return caption;
 }
 
 }  // namespace corvan

@@ -32,7 +32,7 @@ void PaintedScene::dipingiImmagine() {
   if (live_) took_ = milliseconds_() - before;
 }
 
-void PaintedScene::dipingiSu(Canvas& canvas, const std::string& caption) {
+void PaintedScene::dipingiSu(Canvas& canvas, const Caption& caption) {
   PictureNotes notes = notes_;
   notes.caption = caption;
   TrappolaUnaVolta(findings_, "DisegnaImmagineQ",

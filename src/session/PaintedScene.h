@@ -28,7 +28,7 @@ class PaintedScene {
   /// Paints it anew where it does not.
   void dipingi();
   /// Paints the same on another canvas of the same size, with a caption.
-  void dipingiSu(Canvas& canvas, const std::string& caption);
+  void dipingiSu(Canvas& canvas, const Caption& caption);
   /// The outline of a drag is wanted in its place, until the next call of disegna(); of a live scene the picture itself
   /// for as long as it is painted fast enough.
   void contorno();

@@ -152,7 +152,7 @@ void ViewDesk::rotazioneViva(bool live, std::function<double()> milliseconds) {
   picture_.viva(live, std::move(milliseconds));
 }
 
-std::string ViewDesk::didascalia() const {
+Caption ViewDesk::didascalia() const {
   const Scene& scene = picture_.scene();
   return DidascaliaVista(picture_.survey(), state(), MostraBanda(scene.cells, state()), scene.esagerazione);
 }

@@ -65,7 +65,7 @@ class ViewDesk {
              std::optional<std::int32_t> E2);
 
   /// The small line that explains the picture as it is.
-  std::string didascalia() const;
+  Caption didascalia() const;
 
   /// Puts angles and zoom into their boxes.
   void mostraAngoli();

@@ -8,6 +8,7 @@
 
 #include "picture/Ticks.h"
 #include "view3d/Projector.h"
+#include "view3d/TrackMarks.h"
 
 namespace corvan {
 namespace {
@@ -56,22 +57,21 @@ std::vector<AxisLine> Assi(const Scene& scene, const ViewState& view, std::int32
 /// Columns of the numbers beside an axis.
 class AxisNumbers {
  public:
-  AxisNumbers(const AxisLine& axis, std::int32_t levels, Canvas& canvas, TextLayout& texts)
-      : axis_(axis), levels_(levels), canvas_(canvas), texts_(texts), text_(canvas.AltezzaTesto()) {}
+  AxisNumbers(const AxisLine& axis, const ViewState& view, std::int32_t levels, Canvas& canvas, TextLayout& texts)
+      : axis_(axis), view_(view), levels_(levels), canvas_(canvas), texts_(texts), text_(canvas.AltezzaTesto()) {}
 
   void scrivi() {
     const double pitch = std::abs(axis_.bottom.Y - axis_.top.Y) / static_cast<double>(levels_);  // pixels of a level
     const double step = std::max(1.0, PassoTacche(levels_, std::max(1.0, levels_ * pitch / (1.3 * text_))));
     const std::int32_t first = std::max(axis_.top.X, axis_.bottom.X) + text_ / 2 + 2;
     const std::int32_t second = first + canvas_.LarghezzaTesto(LevelTitle) + text_ / 2;
-    canvas_.Tratto(std::array{axis_.top, axis_.bottom}, 3, qbcolor::White);
-    canvas_.Linea(std::array{axis_.top, axis_.bottom}, InkColour);
+    DisegnaBordato({axis_.top, axis_.bottom}, view_, InkColour, canvas_);
     const std::int32_t title = std::min(axis_.top.Y, axis_.bottom.Y) - 2 * text_ + 2;
     texts_.scrivi({first, title}, LevelTitle);
     texts_.scrivi({second, title}, WaterTitle);
     for (const double edge : Tacche(0.0, levels_, step)) {
       const PuntoPixel at = posto(edge);
-      canvas_.Linea(std::array{at, PuntoPixel{at.X + text_ / 3, at.Y}}, InkColour);
+      canvas_.Tratto(std::array{at, PuntoPixel{at.X + text_ / 3, at.Y}}, LineaSottile(view_), InkColour);
       texts_.scrivi({second, at.Y - text_ / 2}, TestoTacca(edge, step));
     }
     // Of every so many levels the one that ends at the tick.
@@ -88,6 +88,7 @@ class AxisNumbers {
   }
 
   const AxisLine& axis_;
+  const ViewState& view_;
   std::int32_t levels_;
   Canvas& canvas_;
   TextLayout& texts_;
@@ -101,7 +102,7 @@ void DisegnaAsse(const Scene& scene, const ViewState& view, std::int32_t levels,
   for (const AxisLine& axis : Assi(scene, view, levels)) {
     const double height = std::abs(static_cast<double>(axis.bottom.Y) - axis.top.Y);
     if (height < 1.2 * canvas.AltezzaTesto() || !texts.libero(Posto(axis, canvas))) continue;
-    AxisNumbers(axis, levels, canvas, texts).scrivi();
+    AxisNumbers(axis, view, levels, canvas, texts).scrivi();
     texts.occupa(Posto(axis, canvas));
     return;
   }

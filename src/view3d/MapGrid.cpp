@@ -10,6 +10,7 @@
 #include "picture/Ticks.h"
 #include "view3d/Picking.h"
 #include "view3d/Projector.h"
+#include "view3d/TrackMarks.h"
 
 namespace corvan {
 namespace {
@@ -68,8 +69,8 @@ std::vector<GridLine> Reticolo(const Scene& scene, const ViewState& view, std::i
   return lines;
 }
 
-void DisegnaReticolo(const std::vector<GridLine>& lines, Canvas& canvas) {
-  for (const GridLine& line : lines) canvas.Linea(std::array{line.from, line.to}, GridColour);
+void DisegnaReticolo(const std::vector<GridLine>& lines, const ViewState& view, Canvas& canvas) {
+  for (const GridLine& line : lines) canvas.Tratto(std::array{line.from, line.to}, LineaSottile(view), GridColour);
 }
 
 void ScriviReticolo(const std::vector<GridLine>& lines, const ViewState& view, const Canvas& canvas,

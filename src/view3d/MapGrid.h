@@ -23,7 +23,7 @@ bool Mappa(const ViewState& view);
 /// @param letter height of a text, pixels
 std::vector<GridLine> Reticolo(const Scene& scene, const ViewState& view, std::int32_t letter);
 
-void DisegnaReticolo(const std::vector<GridLine>& lines, Canvas& canvas);
+void DisegnaReticolo(const std::vector<GridLine>& lines, const ViewState& view, Canvas& canvas);
 /// Each line's number where it leaves the picture: at the upper edge, of lines that run across at the left one.
 void ScriviReticolo(const std::vector<GridLine>& lines, const ViewState& view, const Canvas& canvas, TextLayout& texts);
 

@@ -8,8 +8,8 @@
 #include "base/Rounding.h"
 #include "picture/SpanPainter.h"
 #include "view3d/ColumnShape.h"
-#include "view3d/MapBand.h"
 #include "view3d/DepthOrder.h"
+#include "view3d/MapBand.h"
 #include "view3d/Projector.h"
 
 namespace corvan {

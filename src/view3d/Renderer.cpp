@@ -56,7 +56,7 @@ void DisegnaAnelli(const Array1<Punto3D>& outline, const Scene& scene, const Vie
     add(first, last);
     add(back - last, back - first);
     add(first, first);
-    style.cased ? DisegnaBordato(path, style.colour, canvas) : canvas.Linea(path, style.colour);
+    style.cased ? DisegnaBordato(path, view, style.colour, canvas) : canvas.Linea(path, style.colour);
     first = last + 1;
   }
 }
@@ -127,7 +127,7 @@ void Renderer::DisegnaImmagineQ(const Scene& scene, const ViewState& view, const
   canvas.Riquadro(view.AreaPixel, qbcolor::White);
   const bool grid = view.layers.MostraGriglia && !scene.trajectory.empty();
   const auto lines = grid ? Reticolo(scene, view, canvas.AltezzaTesto()) : std::vector<GridLine>();
-  DisegnaReticolo(lines, canvas);
+  DisegnaReticolo(lines, view, canvas);
   DisegnaCelle(scene, view, colours, notes, canvas);
   if (view.layers.MostraProfondita) DisegnaAnelli(scene.echoSounder, scene, view, path_, canvas, {qbcolor::DarkBlue});
   if (view.layers.MostraGPS2) DisegnaGPS(scene, view, canvas);
@@ -152,16 +152,17 @@ void Renderer::DisegnaCelle(const Scene& scene, const ViewState& view, const Col
     DisegnaTratto(track_, from, to, scene, width, colour, canvas);
   };
   if (MostraBanda(scene.cells, view)) {
-    const std::int32_t width = LarghezzaBanda(view);
-    if (section) mark(width + 8, PickedColour);
-    if (section) mark(width + 4, qbcolor::White);
+    const std::int32_t width = LarghezzaBanda(view), line = LineaSottile(view);
+    if (section) mark(width + 8 * line, PickedColour);
+    if (section) mark(width + 4 * line, qbcolor::White);
     band_.prepara(scene.cells, view, colours);
     band_.dipingi(canvas);
     return;
   }
   curtain_.dipingi(scene.cells, view, colours, canvas);
-  if (section) mark(5, qbcolor::White);
-  if (section) mark(3, PickedColour);
+  const std::int32_t line = LineaSottile(view);
+  if (section) mark(5 * line, qbcolor::White);
+  if (section) mark(3 * line, PickedColour);
 }
 
 /// What stands along the picture's edges: the line of information, the caption, legend, scale bar and north arrow.
@@ -170,12 +171,9 @@ void Renderer::ScriviPiede(const Scene& scene, const ViewState& view, const Colo
   const PixelArea& area = view.AreaPixel;
   const std::int32_t text = canvas.AltezzaTesto();
   const Foot foot(area, text);
-  const auto line = [&](std::int32_t top, const std::string& written) {
-    const std::int32_t room = area.right - area.left - 2 * foot.inset - 4;
-    texts_->scrivi({area.left + foot.inset, top}, Accorcia(canvas, written, room));
-  };
-  line(area.top + foot.inset, notes.info);
-  line(foot.caption, notes.caption);
+  const std::int32_t left = area.left + foot.inset, room = area.right - area.left - 2 * foot.inset - 4;
+  texts_->scrivi({left, area.top + foot.inset}, Accorcia(canvas, notes.info, room));
+  texts_->scrivi({left, foot.caption}, Riga(notes.caption, room, canvas));
   if (view.layers.MostraScalaColori) {
     DisegnaScalaColori3D(colours, {(area.left + area.right) / 2, foot.legend}, canvas, *texts_);
   }
@@ -253,7 +251,7 @@ void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& can
   const auto line = [&](const Array1<Punto3D>& points, Colour colour) {
     Projector(view).tutti(Tutti(points), path_);
     std::erase(path_, SenzaPixel);
-    DisegnaBordato(path_, colour, canvas);
+    DisegnaBordato(path_, view, colour, canvas);
   };
   if (gpslbl_.style().crowded) line(scene.gps, FixColour);
   line(scene.gpsDepth, qbcolor::DarkBlue);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "picture/Canvas.h"
+#include "picture/Caption.h"
 #include "picture/ColourScale.h"
 #include "picture/TextLayout.h"
 #include "view3d/CurtainPainter.h"
@@ -23,7 +24,7 @@ struct PictureNotes {
   std::vector<std::int32_t> pickedFixes;  ///< fixes that were clicked: red labels
   std::optional<std::int32_t> E1, E2;     ///< the extremes, however they were chosen
   std::string info;                       ///< line in the upper left corner; empty for none
-  std::string caption;                    ///< small line at the foot that explains the picture; empty for none
+  Caption caption;                        ///< small line at the foot that explains the picture
 };
 
 /// Red of the chosen labels.

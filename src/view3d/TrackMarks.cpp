@@ -177,22 +177,26 @@ bool ScriviVerso(const PuntoPixel& at, std::pair<double, double> towards, std::i
 
 }  // namespace
 
-void DisegnaBordato(const std::vector<PuntoPixel>& path, Colour colour, Canvas& canvas) {
-  canvas.Tratto(path, 3, qbcolor::White);
-  canvas.Linea(path, colour);
+std::int32_t LineaSottile(const ViewState& view) { return static_cast<std::int32_t>(ArrotondaPixel(Misura800(view))); }
+
+void DisegnaBordato(const std::vector<PuntoPixel>& path, const ViewState& view, Colour colour, Canvas& canvas) {
+  const std::int32_t width = LineaSottile(view);
+  canvas.Tratto(path, 3 * width, qbcolor::White);
+  canvas.Tratto(path, width, colour);
 }
 
 void DisegnaTracciato(const std::vector<PointLabel>& labels, const Scene& scene, const ViewState& view, Colour colour,
                       Canvas& canvas) {
   const double size = Misura800(view), tick = 4.0 * size;
+  const std::int32_t width = LineaSottile(view);
   PerLinea(labels, scene, [&](Labels line, std::size_t) {
-    PerTratto(line, [&](const std::vector<PuntoPixel>& path) { canvas.Linea(path, colour); });
+    PerTratto(line, [&](const std::vector<PuntoPixel>& path) { canvas.Tratto(path, width, colour); });
     const std::size_t step = PassoTacche(line, size);
     for (std::size_t i = 0; i < line.size(); ++i) {
       if (static_cast<std::size_t>(line[i].index) % step != 0 || !Dentro(line[i].at, view.AreaPixel)) continue;
       const auto [x, y] = Verso(line, i);
-      canvas.Linea(std::array{Accanto(line[i].at, -y * tick, x * tick), Accanto(line[i].at, y * tick, -x * tick)},
-                   colour);
+      canvas.Tratto(std::array{Accanto(line[i].at, -y * tick, x * tick), Accanto(line[i].at, y * tick, -x * tick)},
+                    width, colour);
     }
   });
 }

@@ -22,8 +22,11 @@ void DisegnaTracciato(const std::vector<PointLabel>& labels, const Scene& scene,
 void DisegnaTratto(const std::vector<PointLabel>& labels, std::int32_t from, std::int32_t to, const Scene& scene,
                    std::int32_t width, Colour colour, Canvas& canvas);
 
+/// Width of thin lines: a pixel, more in pictures of over 1200 rows.
+std::int32_t LineaSottile(const ViewState& view);
+
 /// A line with a white casing, so that it stands out on cells of any colour.
-void DisegnaBordato(const std::vector<PuntoPixel>& path, Colour colour, Canvas& canvas);
+void DisegnaBordato(const std::vector<PuntoPixel>& path, const ViewState& view, Colour colour, Canvas& canvas);
 
 /// For each line that is seen: the name of its file and the number of its first measurement, the number of its last,
 /// and an arrow in the middle that points where the boat sailed.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "picture/Caption.h"
 #include "picture/Ticks.h"
 #include "support/TestCanvas.h"
 
@@ -104,6 +105,15 @@ TEST(Texts, AreCutAtWholeLetters) {
   EXPECT_EQ(Accorcia(canvas, "lagoon", 47), "la\u2026");
   EXPECT_EQ(Accorcia(canvas, "a\u00FC\u00FC", 4 * 8), "a\u2026");
   EXPECT_EQ(Accorcia(canvas, "lagoon", 20), "");
+}
+
+TEST(Captions, ShortenTheirFilesFirst) {
+  const TestCanvas canvas(100, 100);
+  const Caption caption{"north.bin, south.bin", " UTM 33"};
+  EXPECT_EQ(Riga(caption, 27 * 8, canvas), "north.bin, south.bin UTM 33");
+  EXPECT_EQ(Riga(caption, 20 * 8, canvas), "north.bin,\u2026 UTM 33");
+  EXPECT_EQ(Riga(caption, 9 * 8, canvas), "north.\u2026") << "no room for both";
+  EXPECT_EQ(Riga({}, 100, canvas), "");
 }
 
 // A line of three pixels covers its own and one to each side; a box half seen mixes the colours.

@@ -20,9 +20,11 @@ Survey Timed(const std::vector<double>& times) {
   return survey;
 }
 
+std::string Text(const Caption& caption) { return caption.files + caption.rest; }
+
 TEST(Captions, TellFilesTimesAndGrid) {
   Survey survey = Timed({46188.5, 0, 46188.25, 46188.75});
-  EXPECT_EQ(DidascaliaRilievo(survey), "a.bin  \u00B7  2026-06-15 06:00:00 to 18:00:00  \u00B7  UTM zone 33 north");
+  EXPECT_EQ(Text(DidascaliaRilievo(survey)), "a.bin \u00B7 2026-06-15 06:00:00 to 18:00:00 \u00B7 UTM zone 33 north");
   survey.settings.griglia = {7, Hemisphere::South};
   survey.Misure(2).Tempo = 46189.0;
   const auto add = [&survey](const char* name, std::size_t firings) {
@@ -34,13 +36,13 @@ TEST(Captions, TellFilesTimesAndGrid) {
   add("/data/b.bin", 1);
   add("c.bin", 1);
   add("empty.bin", 0);
-  EXPECT_EQ(DidascaliaRilievo(survey),
-            "a.bin, b.bin, c.bin  \u00B7  2026-06-15 06:00:00 to 2026-06-16 00:00:00  \u00B7  "
+  EXPECT_EQ(Text(DidascaliaRilievo(survey)),
+            "a.bin, b.bin, c.bin \u00B7 2026-06-15 06:00:00 to 2026-06-16 00:00:00 \u00B7 "
             "UTM zone 7 south");
   add("d.bin", 2);
-  EXPECT_EQ(DidascaliaRilievo(survey).substr(0, 23), "a.bin, b.bin and 2 more");
-  EXPECT_NE(DidascaliaRilievo(Timed({0, 0})).find("no times"), std::string::npos);
-  EXPECT_EQ(DidascaliaRilievo(Survey{}), "");
+  EXPECT_EQ(Text(DidascaliaRilievo(survey)).substr(0, 23), "a.bin, b.bin and 2 more");
+  EXPECT_NE(Text(DidascaliaRilievo(Timed({0, 0}))).find("no times"), std::string::npos);
+  EXPECT_EQ(Text(DidascaliaRilievo(Survey{})), "");
 }
 
 TEST(Captions, TellHowTheSurveyIsLookedAt) {
@@ -50,13 +52,13 @@ TEST(Captions, TellHowTheSurveyIsLookedAt) {
   view.AngoloPhi = InRadianti(-30);
   view.AngoloGamma = InRadianti(7);
   view.projection = Projection::Perspective;
-  const std::string head = DidascaliaRilievo(survey);
-  EXPECT_EQ(DidascaliaVista(survey, view, false, 1).substr(head.size()),
-            "  \u00B7  theta 120.3\u00B0, phi -30\u00B0, gamma 7\u00B0  \u00B7  perspective");
+  const std::string head = Text(DidascaliaRilievo(survey));
+  EXPECT_EQ(Text(DidascaliaVista(survey, view, false, 1)).substr(head.size()),
+            " \u00B7 \u03B8 120.3\u00B0 \u03C6 -30\u00B0 \u03B3 7\u00B0 \u00B7 perspective");
   view.projection = Projection::Orthographic;
   view.mappa.livello = 4;
-  EXPECT_EQ(DidascaliaVista(survey, view, true, 2.5).substr(head.size()),
-            "  \u00B7  theta 120.3\u00B0, phi -30\u00B0, gamma 7\u00B0  \u00B7  orthographic  \u00B7  level 4  \u00B7  "
+  EXPECT_EQ(Text(DidascaliaVista(survey, view, true, 2.5)).substr(head.size()),
+            " \u00B7 \u03B8 120.3\u00B0 \u03C6 -30\u00B0 \u03B3 7\u00B0 \u00B7 orthographic \u00B7 level 4 \u00B7 "
             "heights \u00D7 2.5");
 }
 

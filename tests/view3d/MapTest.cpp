@@ -395,7 +395,7 @@ TEST(PictureTexts, NeverTouchAndNeverLeaveThePicture) {
         notes.E1 = 1;
         notes.E2 = static_cast<std::int32_t>(p.survey.Misure.size());
         notes.info = "Zone 33 assumed: the files state none";
-        notes.caption = "a.bin, b.bin and 8 more  \u00B7  2026-06-15 08:00:08 to 08:39:36  \u00B7  UTM zone 33 north";
+        notes.caption = {"a.bin, b.bin and 8 more", " \u00B7 2026-06-15 08:00:08 to 08:39:36 \u00B7 UTM zone 33 north"};
         const Told told(p, notes);
         const std::string what = name + ", " + std::to_string(size.X) + ", theta " + std::to_string(theta);
         EXPECT_GE(told.texts.size(), size.X > 1 && size.Y > 1 ? 2U : 0U) << what;
