@@ -1,10 +1,8 @@
 #include "cli/PictureOptions.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <optional>
-#include <QGuiApplication>
 #include <vector>
 
 #include "base/NumberText.h"
@@ -37,13 +35,6 @@ CLI::Validator Dimensione() {
                        : "\"" + text + "\" is not WxH with sides of 1 to " + std::to_string(LargestSide) + " pixels";
           },
           "WxH"};
-}
-
-CLI::Validator FileImmagine() {
-  return {[](std::string& text) -> std::string {
-            return NomeImmagine(text) ? "" : "\"" + text + "\" does not end in .bmp or .png";
-          },
-          "FILE"};
 }
 
 CLI::Validator Positivo() {
@@ -83,22 +74,6 @@ CLI::Validator Esagerazione() {
           "NUMBER"};
 }
 
-/// Fonts need a running toolkit; it needs no display.
-class Toolkit {
- public:
-  Toolkit() {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});  // hints meant for desktops
-    application_.emplace(count_, arguments_.data());
-  }
-
- private:
-  std::string name_ = "corvan-cli";
-  int count_ = 1;
-  std::array<char*, 2> arguments_{name_.data(), nullptr};
-  std::optional<QGuiApplication> application_;
-};
-
 void Ruota(Session& session, Axis axis, const std::string& text) {
   const auto degrees = NumeroDaCasella<double>(text, AngleBox, session.findings());
   if (degrees) session.view.ruota(axis, *degrees);
@@ -121,6 +96,22 @@ void ImpostaVista(Session& session, const PictureOptions& options) {
 }
 
 }  // namespace
+
+CLI::Validator FileImmagine() {
+  return {[](std::string& text) -> std::string {
+            return NomeImmagine(text) ? "" : "\"" + text + "\" does not end in .bmp or .png";
+          },
+          "FILE"};
+}
+
+QImage CreaImmagine(Session& session, const std::string& size, const std::string& file) {
+  const PuntoPixel sides = Dimensioni(size);
+  QImage image = corvan::CreaImmagine(sides.X, sides.Y);
+  if (image.isNull()) {
+    session.findings().fault("SalvaImmagine", "not written: a picture of " + size + " does not fit into memory", file);
+  }
+  return image;
+}
 
 void AggiungiImmagine(CLI::App& command, PictureOptions& o) {
   command.add_option("--picture", o.file, "Write the picture of the survey, as .bmp or .png")
@@ -164,15 +155,9 @@ void AggiungiImmagine(CLI::App& command, PictureOptions& o) {
 
 void FaiImmagine(Session& session, const PictureOptions& options) {
   if (options.file.empty()) return;
-  const Toolkit toolkit;
   ImpostaVista(session, options);
-  const PuntoPixel size = Dimensioni(options.size);
-  QImage image = CreaImmagine(size.X, size.Y);
-  if (image.isNull()) {
-    session.findings().fault("SalvaImmagine", "not written: a picture of " + options.size + " does not fit into memory",
-                             options.file);
-    return;
-  }
+  QImage image = CreaImmagine(session, options.size, options.file);
+  if (image.isNull()) return;
   ImageCanvas canvas(image);
   session.view.picture().tela(&canvas);
   session.view.picture().dipingiSu(canvas, options.noCaption ? Caption() : session.view.didascalia());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <QImage>
 #include <string>
 
 #include "session/Session.h"
@@ -23,8 +24,13 @@ struct PictureOptions {
 
 void AggiungiImmagine(CLI::App& command, PictureOptions& options);
 
-/// Sets the view, paints the survey and writes the picture, where one is asked for. Failures end in the session's
-/// findings.
+/// A name that ends in .bmp or .png.
+CLI::Validator FileImmagine();
+/// A white picture of a checked size; null, which is a fault of the file that it was for, where memory has no room.
+QImage CreaImmagine(Session& session, const std::string& size, const std::string& file);
+
+/// Sets the view, paints the survey and writes the picture, where one is asked for; a Toolkit must be running then.
+/// Failures end in the session's findings.
 void FaiImmagine(Session& session, const PictureOptions& options);
 
 }  // namespace corvan::cli

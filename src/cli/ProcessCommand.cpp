@@ -18,7 +18,10 @@
 #include "cli/ProcessSummary.h"
 #include "cli/Report.h"
 #include "cli/ScriptedDialogs.h"
+#include "cli/SectionPictureOptions.h"
+#include "cli/Toolkit.h"
 #include "cli/Validators.h"
+#include "session/Caption.h"
 #include "session/Session.h"
 
 namespace corvan::cli {
@@ -49,6 +52,7 @@ struct ProcessOptions {
   std::string dataShift;
   std::string depthShift;
   PictureOptions picture;
+  SectionPictureOptions section;
   std::string gps;
   std::string link;
   std::string clockOffset;
@@ -133,6 +137,14 @@ void CollegaTraccia(Session& session, const ScriptedDialogs& dialogs, const Proc
   session.collegaPerPosizione();
 }
 
+void FaiImmagini(Session& session, const ProcessOptions& options) {
+  if (options.picture.file.empty() && options.section.file.empty()) return;
+  const Toolkit toolkit;
+  FaiImmagine(session, options.picture);
+  const std::string caption = options.picture.noCaption ? "" : DidascaliaRilievo(session.survey.dati());
+  FaiSezionePiana(session, options.section, {options.picture.size, caption, Val(options.cableOffset)});
+}
+
 int Esegui(const ProcessOptions& options) {
   ScriptedDialogs dialogs;
   PreparaRisposte(dialogs, options);
@@ -148,13 +160,14 @@ int Esegui(const ProcessOptions& options) {
   CollegaTraccia(session, dialogs, options);
   Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
   Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
-  ImpostaColori(session, options.colours, !options.picture.file.empty() || options.writes("kml"));
+  ImpostaColori(session, options.colours,
+                !options.picture.file.empty() || !options.section.file.empty() || options.writes("kml"));
   const OutputPanel output = Uscite(options);
   if (options.writes("csv")) session.exporter.tabella(output.FileOutTxt);
   // Pictures mark the extremes that were asked for; those of the whole survey would tell nothing.
   if (options.from) session.selection.imposta(Extreme::First, *options.from);
   if (options.to) session.selection.imposta(Extreme::Second, *options.to);
-  FaiImmagine(session, options.picture);
+  FaiImmagini(session, options);
   if (!options.from) session.selection.imposta(Extreme::First, 1);
   if (!options.to) session.selection.imposta(Extreme::Second, session.survey.dati().NumMisure());
   session.salvaEstratto(output);
@@ -268,6 +281,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   AggiungiUscita(*command, *options);
   AggiungiImmagine(*command, options->picture);
   AggiungiColori(*command, options->colours);
+  AggiungiSezionePiana(*command, options->section);
   AggiungiTraccia(*command, *options);
   command->callback([options, &work] {
     Verifica(*options);

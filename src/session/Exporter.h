@@ -63,6 +63,8 @@ class Exporter {
   std::vector<std::filesystem::path> ultimi() const;
   const std::optional<SectionSummary>& section() const { return section_; }
   void azzera() { section_.reset(); }
+  /// The last answer to the question for it, m.
+  double offsetCavo() const { return offsetCavo_; }
 
  private:
   std::optional<SectionRequest> chiediSezione(const ExportRequest& request);

@@ -53,6 +53,7 @@ Session::Session(Dialogs& dialogs, Clock clock)
       track(desk(), survey.dati(), [this](std::int16_t zone) { survey.dichiaraZona(zone); }),
       selection(desk(), survey.dati()),
       view(desk(), survey.dati()),
+      section(desk(), survey.dati()),
       exporter(desk(), survey.dati(), std::move(clock)),
       translations(desk(), survey.dati().settings) {
   view.informa(survey.info(), survey.avvisa());
@@ -67,6 +68,7 @@ void Session::segui(Change change) {
   switch (change) {
     case Change::Survey:
       view.azzera();
+      section.azzera();
       track.azzera();
       exporter.azzera();
       translations.azzera();
@@ -75,12 +77,15 @@ void Session::segui(Change change) {
     case Change::Analysis:
       track.allinea("AnalisiFile");
       view.picture().rifaiStrati();
+      section.rifai();
       return;
     case Change::Cells:
       view.picture().rifaiCelle();
+      section.rifai();
       return;
     case Change::Depths:
       view.picture().rifaiFondo();
+      section.rifai();
       return;
     case Change::Translation:
       survey.rifai();
@@ -88,6 +93,7 @@ void Session::segui(Change change) {
     case Change::Colours:
       view.picture().colora(survey.colours());
       view.picture().disegna();
+      section.colora(survey.colours());
       return;
     case Change::Track:
       view.mostra(&Layers::MostraGPS2, true);
@@ -95,6 +101,7 @@ void Session::segui(Change change) {
       return;
     case Change::Selection:
       view.segna(selection.scelte(), selection.fixScelti(), selection.primo(), selection.secondo());
+      section.segna(selection.primo(), selection.secondo());
       return;
     case Change::Label:
       view.informa(survey.info(), survey.avvisa());
@@ -170,12 +177,13 @@ void Session::salvaEstratto(const OutputPanel& output) {
     return;
   }
   exporter.scrivi({*first, *second, output, survey.colours()});
+  section.impostaOffset(exporter.offsetCavo());  // the last answer
 }
 
 void Session::salvaImmagine() {
-  Canvas* canvas = view.picture().tela();
+  Canvas* canvas = section.mostrata() ? section.tela() : view.picture().tela();
   if (canvas == nullptr) return;
-  view.picture().dipingi();
+  section.mostrata() ? section.dipingi() : view.picture().dipingi();
   exporter.immagine(PictureName, [canvas] { return ComponiBmp(canvas->picture()); });
 }
 

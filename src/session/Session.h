@@ -8,6 +8,7 @@
 
 #include "session/Exporter.h"
 #include "session/PictureMouse.h"
+#include "session/SectionDesk.h"
 #include "session/Selection.h"
 #include "session/SurveyDesk.h"
 #include "session/TrackDesk.h"
@@ -42,6 +43,7 @@ class Session {
   TrackDesk track;
   Selection selection;
   ViewDesk view;
+  SectionDesk section;
   PictureMouse mouse{view};
   Exporter exporter;
   Translations translations;
@@ -56,7 +58,7 @@ class Session {
   void collegaPerPosizione();
   /// "SalvaEstrattoFile": writes the chosen section in these formats.
   void salvaEstratto(const OutputPanel& output);
-  void salvaImmagine();  ///< "Save Current Picture": img0.bmp in the current folder
+  void salvaImmagine();  ///< "Save Current Picture": the one that is shown as img0.bmp in the current folder
   /// Does what a press, a release or a double click on the picture asked for.
   void esegui(const PictureRequest& request);
 

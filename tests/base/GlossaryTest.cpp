@@ -26,7 +26,7 @@ const std::set<std::string> English{
     "range",    "release", "require",    "reserve",    "resize",   "resource",    "reverse",   "rule",    "runtime",
     "save",     "scale",   "scene",      "sentence",   "shape",    "side",        "signature", "size",    "source",
     "state",    "style",   "sure",       "tessellate", "theta",    "time",        "tone",      "true",    "type",
-    "write",    "zero",    "zone"};
+    "value",    "write",   "zero",       "zone"};
 
 std::string Slurp(const std::filesystem::path& path) {
   std::ostringstream text;
