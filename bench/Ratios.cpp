@@ -39,6 +39,9 @@ constexpr std::array Promises{
     Promise{"1,000,000 cells", "Drag/100000", "PaintFloor/100000", 0.5},
     Promise{"repaint with 100,000 / 1,000 markers over 10,000 cells", "Markers/100000", "Markers/1000", 5.0},
     Promise{"markers under the pointer, 100,000 of them: microseconds", "HitTest/100000", nullptr, 5.0},
+    Promise{"flat section / painting of its cells, 100,000 cells", "FlatAll/10000", "FlatFloor/10000", 2.5},
+    Promise{"1,000,000 cells", "FlatAll/100000", "FlatFloor/100000", 2.5},
+    Promise{"the same with all curves: milliseconds", "FlatCurves/100000", nullptr, 50.0},
     Promise{"NMEA log / line ends and checksums of the same bytes", "ReadNmea", "ReadNmeaBytes", 3.0},
     Promise{"link of 100,000 measurements to 1,000,000 fixes / walk over both", "LinkByTime", "LinkWalk", 3.0}};
 
