@@ -141,7 +141,7 @@ void FaiImmagini(Session& session, const ProcessOptions& options) {
   if (options.picture.file.empty() && options.section.file.empty()) return;
   const Toolkit toolkit;
   FaiImmagine(session, options.picture);
-  const std::string caption = options.picture.noCaption ? "" : DidascaliaRilievo(session.survey.dati());
+  const Caption caption = options.picture.noCaption ? Caption() : DidascaliaRilievo(session.survey.dati());
   FaiSezionePiana(session, options.section, {options.picture.size, caption, Val(options.cableOffset)});
 }
 

@@ -19,7 +19,7 @@ void AggiungiSezionePiana(CLI::App& command, SectionPictureOptions& options);
 /// What the flat section takes from the other options.
 struct SectionPicture {
   std::string size;        ///< WxH in pixels, checked
-  std::string caption;     ///< empty for none
+  Caption caption;
   double cableOffset = 0;  ///< m
 };
 

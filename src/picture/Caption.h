@@ -12,6 +12,8 @@ namespace corvan {
 struct Caption {
   std::string files;  ///< shortened where the line is too long
   std::string rest;   ///< behind them
+
+  bool empty() const { return files.empty() && rest.empty(); }
 };
 
 /// The line as it fits into a width: the files give way first, then the end.

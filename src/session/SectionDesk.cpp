@@ -71,7 +71,7 @@ void SectionDesk::impostaOffset(double metres) {
   if (std::exchange(offset_, metres) != metres) rifai();
 }
 
-void SectionDesk::dipingi(Canvas& canvas, const std::string& caption) {
+void SectionDesk::dipingi(Canvas& canvas, const Caption& caption) {
   TrappolaUnaVolta(findings_, Procedure, [&] {
     notes_.caption = caption;
     layout_ = DisegnaSezione(modello(), view_, colours_, notes_, canvas);
@@ -86,7 +86,7 @@ void SectionDesk::tela(Canvas* canvas) {
 
 void SectionDesk::dipingi() {
   if (canvas_ == nullptr || std::exchange(painted_, true)) return;
-  dipingi(*canvas_, "");
+  dipingi(*canvas_, {});
 }
 
 /// What the picture tells of itself, and curves that have nothing to show.

@@ -37,7 +37,7 @@ class SectionDesk {
 
   /// Paints all; what cannot be shown as asked for is told in the picture and in the findings.
   /// @param caption the line at the lower edge; empty for none
-  void dipingi(Canvas& canvas, const std::string& caption);
+  void dipingi(Canvas& canvas, const Caption& caption);
 
   /// Paints from now on on this canvas, which must outlive its use. None: nothing is painted.
   void tela(Canvas* canvas);

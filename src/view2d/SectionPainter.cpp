@@ -256,7 +256,7 @@ void ScriviNote(const Painting& p) {
   }
   if (p.layout.marks) SpiegaPerdite(p, y);
   if (p.notes.caption.empty()) return;
-  p.texts.scrivi({p.inset(), p.layout.caption}, Accorcia(p.canvas, p.notes.caption, width), QuietInk, Ground::Bare);
+  p.texts.scrivi({p.inset(), p.layout.caption}, Riga(p.notes.caption, width, p.canvas), QuietInk, Ground::Bare);
 }
 
 void DisegnaBlocco(const Painting& p, const SectionBlock& block, const ColourLookup& colour) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "picture/Canvas.h"
+#include "picture/Caption.h"
 #include "picture/ColourScale.h"
 #include "view2d/SectionLayout.h"
 
@@ -14,7 +15,7 @@ namespace corvan {
 /// What stands on the picture beside the survey.
 struct SectionNotes {
   std::optional<std::int32_t> first, second;  ///< the chosen extremes, measurements from 1 on
-  std::string caption;                        ///< the line at the lower edge; empty for none
+  Caption caption;                            ///< the line at the lower edge
 };
 
 /// Paints all and gives the places, for the mouse. Cells: CelleDi says which reading shows where several share a pixel.
