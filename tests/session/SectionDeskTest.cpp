@@ -12,7 +12,7 @@ namespace {
 struct Section : SessionFixture {
   std::vector<std::uint32_t> paint() {
     TestCanvas canvas(640, 320);
-    session.section.dipingi(canvas, "");
+    session.section.dipingi(canvas, {});
     return canvas.pixels();
   }
   const SectionModel& model() { return session.section.modello(); }

@@ -196,7 +196,7 @@ TEST(Extremes, CarryFlagsAndABar) {
     return p.canvas.at(b.plot.left + static_cast<std::int32_t>(p.layout.colonna(b, b.origin + metres)),
                        b.plot.bottom + 2) == Red;
   };
-  const Painted both(survey, {}, {5, 2, ""});
+  const Painted both(survey, {}, {5, 2, {}});
   EXPECT_EQ(both.at(10, 0.5), Red) << "pole";
   EXPECT_EQ(both.at(10, 0.5, 1), Red);
   EXPECT_NE(both.at(12, 0.5), Red);
@@ -208,10 +208,10 @@ TEST(Extremes, CarryFlagsAndABar) {
     if ((t.text == "1" || t.text == "2") && t.place.X > b.plot.left) flags.emplace_back(t.text, t.place.Y < b.plot.top);
   }
   EXPECT_EQ(flags, (std::vector<std::pair<std::string, bool>>{{"2", true}, {"1", false}}));
-  const Painted one(survey, {}, {2, std::nullopt, ""});
+  const Painted one(survey, {}, {2, std::nullopt, {}});
   EXPECT_EQ(one.at(10, 0.5), Red);
   EXPECT_FALSE(bar(one, 0, 15) || bar(one, 1, 5));
-  const Painted none(survey, {}, {0, 99, ""});
+  const Painted none(survey, {}, {0, 99, {}});
   EXPECT_FALSE(bar(none, 0, 15));
   EXPECT_NE(none.at(10, 0.5), Red);
 }
@@ -329,8 +329,8 @@ TEST(Pictures, AreTidyInAllSizes) {
                                                             {"equal and negative", equal},
                                                             {"stood still", FlatSurvey({5, 5, 5, 5})},
                                                             {"two lines", FlatSurvey({0, 10, 20, 900, 910}, 3)}};
-  const SectionNotes notes{1, 3,
-                           "lagoon_1.bin, lagoon_2.bin: 438 measurements, zone 33 N, 2026-06-15, colours by hand"};
+  const SectionNotes notes{
+      1, 3, {"lagoon_1.bin, lagoon_2.bin", ": 438 measurements, zone 33 N, 2026-06-15, colours by hand"}};
   for (const auto& [name, survey] : surveys) {
     for (const Size& size : {Size{400, 300}, Size{640, 480}, Size{800, 600}, Size{1280, 800}, Size{3840, 2160},
                              Size{300, 2000}, Size{2000, 220}, Size{1, 1}, Size{1, 600}, Size{700, 1}, Size{60, 60}}) {
