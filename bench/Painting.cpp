@@ -8,6 +8,7 @@
 #include "BigSurvey.h"
 #include "picture/BufferCanvas.h"
 #include "track/TrackAnalysis.h"
+#include "view3d/MapBand.h"
 #include "view3d/Renderer.h"
 
 namespace corvan::bench {
@@ -126,6 +127,36 @@ void Repaint(benchmark::State& state, double zoom) {
   }
 }
 
+/// The map's band: laid out and painted, against the painting of its pieces alone.
+void BandFloor(benchmark::State& state) {
+  Prepared& p = At(state);
+  MapBand band;
+  ViewState map = p.view;
+  map.AngoloVista = InRadianti(90);
+  map.AngoloPhi = 0;
+  band.prepara(p.scene.cells, map, p.colours);
+  SpanPainter painter(p.canvas.picture());
+  for (auto _ : state) {
+    painter.box(p.view.AreaPixel, qbcolor::White);
+    for (const PixelQuad& quad : band.quads()) painter.quad(quad);
+    benchmark::ClobberMemory();
+  }
+}
+
+void BandAll(benchmark::State& state) {
+  Prepared& p = At(state);
+  MapBand band;
+  ViewState map = p.view;
+  map.AngoloVista = InRadianti(90);
+  map.AngoloPhi = 0;
+  for (auto _ : state) {
+    p.canvas.Riquadro(map.AreaPixel, qbcolor::White);
+    band.prepara(p.scene.cells, map, p.colours);
+    band.dipingi(p.canvas);
+    benchmark::ClobberMemory();
+  }
+}
+
 void PaintFloor(benchmark::State& state) { Floor(state, Whole); }
 void PaintAll(benchmark::State& state) { Repaint(state, Whole); }
 void ZoomFloor(benchmark::State& state) { Floor(state, Close); }
@@ -185,6 +216,8 @@ BENCHMARK(PaintFloor)->Apply(Sizes);
 BENCHMARK(PaintAll)->Apply(Sizes);
 BENCHMARK(ZoomFloor)->Apply(Sizes);
 BENCHMARK(ZoomAll)->Apply(Sizes);
+BENCHMARK(BandFloor)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BandAll)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Drag)->Apply(Sizes);
 BENCHMARK(Markers)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(HitTest)->Arg(100'000)->Unit(benchmark::kMicrosecond);

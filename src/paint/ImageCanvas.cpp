@@ -38,7 +38,10 @@ PixelBuffer Memoria(QImage& image) {
 }  // namespace
 
 ImageCanvas::ImageCanvas(QImage& image)
-    : BufferCanvas(Memoria(image)), image_(image), textHeight_(AltezzaCarattere(image.height())) {}
+    : BufferCanvas(Memoria(image)),
+      image_(image),
+      font_(Carattere(AltezzaCarattere(image.height()))),
+      metrics_(font_) {}
 
 void ImageCanvas::Poligono(std::span<const PuntoPixel> corners, Colour colour) {
   QPolygon polygon;
@@ -52,16 +55,16 @@ void ImageCanvas::Poligono(std::span<const PuntoPixel> corners, Colour colour) {
 
 void ImageCanvas::Testo(const PuntoPixel& place, std::string_view text, Colour colour) {
   QPainter painter(&image_);
-  painter.setFont(Carattere(textHeight_));
+  painter.setFont(font_);
   painter.setPen(QColor(static_cast<QRgb>(colour)));
-  painter.drawText(place.X, place.Y + painter.fontMetrics().ascent(), Testo16(text));
+  painter.drawText(place.X, place.Y + metrics_.ascent(), Testo16(text));
 }
 
 std::int32_t ImageCanvas::LarghezzaTesto(std::string_view text) const {
-  return QFontMetrics(Carattere(textHeight_)).horizontalAdvance(Testo16(text));
+  return metrics_.horizontalAdvance(Testo16(text));
 }
 
-std::int32_t ImageCanvas::AltezzaTesto() const { return QFontMetrics(Carattere(textHeight_)).height(); }
+std::int32_t ImageCanvas::AltezzaTesto() const { return metrics_.height(); }
 
 QImage CreaImmagine(std::int32_t width, std::int32_t height) {
   QImage image(width, height, QImage::Format_RGB32);

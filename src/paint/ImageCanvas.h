@@ -1,6 +1,8 @@
 // The canvas on a Qt image, used alike by the window and the command line.
 #pragma once
 
+#include <QFont>
+#include <QFontMetrics>
 #include <QImage>
 
 #include "picture/BufferCanvas.h"
@@ -21,7 +23,8 @@ class ImageCanvas : public BufferCanvas {
 
  private:
   QImage& image_;
-  std::int32_t textHeight_;
+  QFont font_;
+  QFontMetrics metrics_;
 };
 
 /// A white picture for an ImageCanvas; null when it does not fit into memory.

@@ -42,7 +42,8 @@ std::int32_t RigaDiMezzo(std::span<const PixelQuad> quads, std::span<const Depth
 }  // namespace
 
 void BufferCanvas::Quadrilateri(std::span<const PixelQuad> quads, std::span<const DepthKey> order) {
-  constexpr std::size_t shared = 200'000;  // from here on two cores paint, each its own rows
+  constexpr std::size_t shared =
+      5'000;  // from here on two cores paint, each its own rows: a thread costs as much as some 300
   if (order.size() < shared) {
     Dipingi(quads, order, painter_);
     return;
