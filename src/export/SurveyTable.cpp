@@ -1,15 +1,12 @@
 #include "export/SurveyTable.h"
 
 #include <array>
-#include <charconv>
-#include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
-#include <type_traits>
 
 #include "export/BlockComposer.h"
+#include "export/SurveyColumns.h"
 
 namespace corvan {
 namespace {
@@ -19,11 +16,11 @@ constexpr std::size_t RowsPerBlock = 750;  // about 300 kB
 /// One row under construction.
 class Row {
  public:
-  Row(std::string& out, std::size_t n) : out_(out) { append(n); }
+  Row(std::string& out, std::size_t n) : out_(out) { AggiungiValore(out_, n); }
   template <class Number>
   void add(Number value) {
     out_ += ',';
-    append(value);
+    AggiungiValore(out_, value);
   }
   /// Adds slots 1..Size-1 of a per-channel array. @return where the text of each slot begins; slot 0 is unused
   template <std::size_t Size>
@@ -56,43 +53,13 @@ class Row {
   void end() { out_ += '\n'; }
 
  private:
-  template <class Number>
-  void append(Number value) {
-    std::array<char, 64> buffer{};
-    char* const last = buffer.data() + buffer.size();
-    if constexpr (std::is_floating_point_v<Number>) {
-      // Whole numbers below 100,000 are never shorter with an exponent; positions along the cable are written in a
-      // fifth of the time so.
-      const auto whole = static_cast<std::int32_t>(std::abs(value) < Number{1e5} ? value : Number{0});
-      if (whole != 0 && static_cast<Number>(whole) == value) {
-        append(buffer.data(), std::to_chars(buffer.data(), last, whole).ptr);
-        return;
-      }
-    }
-    append(buffer.data(), std::to_chars(buffer.data(), last, value).ptr);
-  }
-  void append(const char* first, const char* end) { out_.append(first, static_cast<std::size_t>(end - first)); }
-
   std::string& out_;
 };
 
-/// Binary records shorter than those that hold a time have none; text exports keep the 0 that they have always had.
-bool HaTempo(const Survey& survey, const Misura& m) {
-  const FileSummary* file = survey.fileDi(m);
-  return file == nullptr || file->recordLength == 0 || file->timed();
-}
-
 std::string Intestazione() {
-  std::string header = "n,file,time,lat,lon,utm_x,utm_y,true_x,true_y,distance,step,depth,c1,c2";
-  const auto series = [&header](const char* name, std::size_t count) {
-    for (std::size_t k = 1; k <= count; ++k) header.append(",").append(name).append(std::to_string(k));
-  };
-  series("e", PotentialElectrodes);
-  header += ",i_a,i_b";
-  series("va", MaxChannels);
-  series("vb", MaxChannels);
-  series("rho", MaxChannels);
-  return header + ",discarded,interpolated\n";
+  std::string header;
+  for (const TableColumn& column : ColonneTabella()) header.append(header.empty() ? "" : ",").append(column.name);
+  return header + "\n";
 }
 
 void AggiungiRiga(std::string& out, const Survey& survey, std::size_t n) {
