@@ -5,7 +5,9 @@
 #include <iostream>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTableView>
 #include <QWindow>
 #include <utility>
 
@@ -130,6 +132,42 @@ std::pair<double, double> Changes(Corvan& window) {
   return {slowest, slowestBack};
 }
 
+/// Times of the table, ms: the slowest order by any column, the same with all rows selected, and of 200 pages down.
+struct Tabling {
+  double order = 0, selected = 0, page = 0;
+};
+Tabling Table(Corvan& window) {
+  auto* show = window.findChild<QAction*>("ShowTable");
+  auto* table = window.findChild<QTableView*>("TablePage");
+  show->trigger();
+  QApplication::processEvents();
+  Tabling slowest;
+  const auto order = [&](double& most) {
+    for (const int column : {0, 2, 5, 9, 11, 47, 58}) {
+      for (const Qt::SortOrder direction : {Qt::AscendingOrder, Qt::DescendingOrder}) {
+        const Timer timer;
+        table->sortByColumn(column, direction);
+        table->viewport()->repaint();
+        most = std::max(most, timer.milliseconds());
+      }
+    }
+  };
+  order(slowest.order);
+  table->selectAll();
+  order(slowest.selected);
+  table->clearSelection();
+  for (int k = 0; k < 200; ++k) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+    const Timer timer;
+    QApplication::sendEvent(table, &down);
+    table->viewport()->repaint();
+    slowest.page = std::max(slowest.page, timer.milliseconds());
+  }
+  table->sortByColumn(-1, Qt::AscendingOrder);
+  show->trigger();
+  return slowest;
+}
+
 }  // namespace
 }  // namespace corvan
 
@@ -163,6 +201,10 @@ int main(int argc, char** argv) {
     const auto [change, back] = Changes(window);
     Print("  slowest change", change, 200);
     Print("  slowest change taken back", back, 200);
+    const Tabling tabling = Table(window);
+    Print("  slowest order of the table", tabling.order, 150);
+    Print("  the same with all rows selected", tabling.selected, 300);
+    Print("  slowest page of the table", tabling.page, 33);
   }
   return 0;
 }

@@ -66,7 +66,9 @@ void Corvan::creaPannelli() {
   auto* Frame1 = Named(new QWidget, "Frame1");
   auto* inner = new QHBoxLayout(Frame1);
   inner->setContentsMargins(0, 0, 0, 0);
-  inner->addWidget(picture_);
+  pages_ = new Pages(picture_);
+  table_ = new TablePage(session_, changed);
+  inner->addWidget(pages_);
   layout->addWidget(Frame1, 1);
   right_->setParent(centre);
   setCentralWidget(centre);
@@ -144,6 +146,8 @@ void Corvan::creaMenu() {
     action->setCheckable(true);
     switches_.push_back({action, layer.flag});
   }
+  image->addSeparator();
+  pages_->aggiungi(table_, voce(image, "ShowTable", "Ta&ble", QKeySequence("F11"), [] {}));
   image->addSeparator();
   voce(image, "MapView", "&Map View", QKeySequence("Ctrl+Shift+M"), "Mopt_Click");
   voce(image, "ObliqueView", "&Oblique View", QKeySequence("Ctrl+Shift+O"), "Oblique_Click");
@@ -275,8 +279,8 @@ void Corvan::aggiorna() {
                        static_cast<Frame*>(view_), static_cast<Frame*>(dataMove_), static_cast<Frame*>(depthMove_)}) {
     frame->mostra();
   }
-  // The focus of a panel that closes goes to the picture, not to whichever control comes next.
-  if (focus != nullptr && !focus->isVisible()) picture_->setFocus();
+  // The focus of a panel that closes goes to the page shown, not to whichever control comes next.
+  if (focus != nullptr && !focus->isVisible()) pages_->metti();
   const bool anyLeft = session_.survey.FrameFileIn.visible || session_.exporter.FrameFileOut.visible ||
                        session_.selection.FrameExtrema.visible;
   left_->setVisible(anyLeft);
@@ -288,6 +292,7 @@ void Corvan::aggiorna() {
   for (const Switch& s : switches_) s.action->setChecked(session_.view.state().layers.*s.layer);
   mapColours_->setChecked(session_.view.state().mappa.livello > 0);
   picture_->update();
+  table_->mostra();
   ricordaLettura();
   if (liked_) liked_ = vista();
   status_->mostra();

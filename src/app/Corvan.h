@@ -18,11 +18,13 @@
 #include "app/FrameFileOut.h"
 #include "app/FrameView.h"
 #include "app/ManualWindow.h"
+#include "app/Pages.h"
 #include "app/PickedLines.h"
 #include "app/PictureFiles.h"
 #include "app/Remembered.h"
 #include "app/SaveOpen.h"
 #include "app/StatusLine.h"
+#include "app/TablePage.h"
 #include "app/TranslationFrame.h"
 #include "app/WindowDialogs.h"
 #include "session/Session.h"
@@ -83,7 +85,9 @@ class Corvan : public QMainWindow {
   TranslationFrame* depthMove_ = nullptr;
   QWidget* left_ = nullptr;
   EdgePanel* right_ = nullptr;
+  Pages* pages_ = nullptr;
   CoordPic* picture_ = nullptr;
+  TablePage* table_ = nullptr;
   std::unique_ptr<PictureFiles> pictureFiles_;
 
   struct Switch {

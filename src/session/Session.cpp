@@ -65,6 +65,9 @@ Desk Session::desk() {
 
 /// What must follow a change.
 void Session::segui(Change change) {
+  const bool seen =
+      change == Change::Colours || change == Change::Track || change == Change::Selection || change == Change::Label;
+  if (!seen) ++revision_;
   switch (change) {
     case Change::Survey:
       view.azzera();

@@ -1,6 +1,7 @@
 // A run of the program: its desks side by side, and what must follow when one of them changes something.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -66,11 +67,15 @@ class Session {
   std::string annullabile() const { return history_.prossimo(); }
   void annulla();
 
+  /// Another number each time that something in the survey has changed, for those who show it in place.
+  std::size_t revisione() const { return revision_; }
+
  private:
   Desk desk();
   void segui(Change change);
   void collegata(const char* what, std::size_t without, std::function<void()> back);
 
+  std::size_t revision_ = 0;
   std::vector<std::filesystem::path> letti_;  ///< the files of the survey that is there
 };
 
