@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/ErrorTrap.h"
+#include "view3d/Framing.h"
 
 namespace corvan {
 
@@ -105,6 +106,11 @@ void PaintedScene::rifaiTraccia() {
 void PaintedScene::rifaiFinestra() {
   ImpostaFinestra(view_, survey_.traccia);
   AggiornaZoom(view_);
+  disegna();
+}
+
+void PaintedScene::inquadra() {
+  InquadraScena(view_, scene_, survey_.traccia);
   disegna();
 }
 

@@ -44,6 +44,7 @@ class PaintedScene {
   void esagera(double factor);  ///< all heights so many times as high as they are, then a repaint
   void rifaiFondo();            ///< depths and their profile, then a repaint
   void rifaiTraccia();          ///< the external track and a window that shows it, then a repaint
+  void inquadra();              ///< the window around the whole curtain as it is seen, then a repaint
   void rifaiFinestra();         ///< the window around the data, then a repaint
 
   void mostraCavo(std::int32_t measurement);

@@ -79,8 +79,7 @@ void ViewDesk::obliqua() {
   picture_.view().AngoloVista = InRadianti(theta);
   picture_.view().AngoloPhi = InRadianti(phi);
   picture_.view().AngoloGamma = 0.0;
-  mostraAngoli();
-  picture_.disegna();
+  inquadra();
 }
 
 void ViewDesk::daSopra(double phi) {
@@ -88,15 +87,16 @@ void ViewDesk::daSopra(double phi) {
   view.AngoloVista = InRadianti(90.0);
   view.AngoloGamma = 0.0;
   view.AngoloPhi = InRadianti(phi);
-  inquadra();
+  view.ZoomFattore = 1.0F;
+  mostraAngoli();
+  picture_.rifaiFinestra();
 }
 
 void ViewDesk::ricentra() { picture_.rifaiFinestra(); }
 
 void ViewDesk::inquadra() {
-  picture_.view().ZoomFattore = 1.0F;
+  picture_.inquadra();
   mostraAngoli();
-  picture_.rifaiFinestra();
 }
 
 void ViewDesk::mostraBanda(const MapColours& band) {

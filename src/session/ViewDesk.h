@@ -43,10 +43,10 @@ class ViewDesk {
   void passoZoom(double decades);         ///< the same by steps, held to 0.1..10
   void proietta(Projection projection);
   void mappa();              ///< from above, in the straight projection
-  void obliqua();            ///< from above at a slant, so that the curtain hangs below the track
+  void obliqua();            ///< from above at a slant, so that the whole curtain hangs below the track
   void daSopra(double phi);  ///< from above at zoom 1, turned by phi degrees, around the middle of the data
   void ricentra();           ///< around the middle of the data
-  void inquadra();           ///< the whole survey at zoom 1
+  void inquadra();           ///< the whole survey, at zoom 1 where that shows all of it
 
   /// The band of the map; one of a level that the survey has no readings of is noted.
   void mostraBanda(const MapColours& band);

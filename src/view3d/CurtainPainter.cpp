@@ -13,7 +13,7 @@
 namespace corvan {
 namespace {
 
-constexpr double Ambiente = 0.3;             // share of the light that comes from everywhere
+constexpr double Ambiente = 0.3;            // share of the light that comes from everywhere
 constexpr std::size_t SharedColumns = 800;  // from here on two cores share them: a thread costs as much as 300 do
 
 /// Smallest box around the outer corners of a column or the corners of a cell.

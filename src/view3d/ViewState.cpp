@@ -10,16 +10,6 @@ namespace {
 
 constexpr float SmallestWindow = 10.0F;  // m: a survey at one place still has something to look at
 
-/// How many times as large as the survey the window is before its lower edge is moved down by a tenth of it: from 1.15
-/// on, or as much as the legend and the line of the caption need below the survey, to 1.7 in very small pictures.
-double Margine(const PixelArea& area) {
-  constexpr double least = 1.15, most = 1.7, lower = 0.6, whole = 1.1;  // window heights, see AggiornaZoom
-  const auto text = static_cast<std::int32_t>(1.2 * AltezzaCarattere(static_cast<std::int32_t>(area.height())));
-  const double band = (AltezzaLegenda(text) + 2.0 * text) / std::max(area.height(), 1.0);
-  const double room = lower - whole * band;
-  return room > 0.5 / most ? std::max(least, 0.5 / room) : most;
-}
-
 /// Angle of a normalised position: -pi at edge 1, pi at edge 2.
 double Angolo(double p, double edge1, double edge2) { return (2.0 * (p - edge1) / (edge2 - edge1) - 1.0) * Pi; }
 
@@ -44,6 +34,14 @@ void AzzeraVista(ViewState& view) {
   const bool info = view.layers.MostraInfo;
   view.layers = Layers{};
   view.layers.MostraInfo = info;
+}
+
+double Margine(const PixelArea& area) {
+  constexpr double least = 1.15, most = 1.7, lower = 0.6, whole = 1.1;  // window heights, see AggiornaZoom
+  const auto text = static_cast<std::int32_t>(1.2 * AltezzaCarattere(static_cast<std::int32_t>(area.height())));
+  const double band = (AltezzaLegenda(text) + 2.0 * text) / std::max(area.height(), 1.0);
+  const double room = lower - whole * band;
+  return room > 0.5 / most ? std::max(least, 0.5 / room) : most;
 }
 
 void ImpostaFinestra(ViewState& view, const TrackExtent& extent) {

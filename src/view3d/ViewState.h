@@ -67,6 +67,10 @@ struct ViewState {
 /// Angles, zoom and layers back to those of the start; window, drawing area, projection and the map's band stay.
 void AzzeraVista(ViewState& view);
 
+/// How many times as high as L the window is before its lower edge is moved down by a tenth of it: from 1.15 on, or as
+/// much as the legend and the line of the caption need below the survey, to 1.7 in very small pictures.
+double Margine(const PixelArea& area);
+
 /// The window at zoom 1 around the survey, of which L is the larger extent (at least 10 m). A metre has the same number
 /// of pixels on both axes at every zoom: the window is wider than its own height asks for, since AggiornaZoom makes it
 /// higher. Seen from above the survey keeps a margin to all sides, below it a band for the legend, and

@@ -56,8 +56,7 @@ TEST(PictureLayers, HaveTheirKeys) {
     w.key(key);
     EXPECT_EQ(Seen(w), before) << key;
   }
-  w.enter("Thetatxt", "160");  // the axis stands where the curtain is seen
-  w.enter("Zoomtxt", "0.6");
+  w.key("Ctrl+Shift+O");  // the axis stands where the curtain is seen
   const QImage before = Seen(w);
   w.key("Shift+F4");
   EXPECT_NE(Seen(w), before);

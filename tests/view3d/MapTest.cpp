@@ -11,6 +11,7 @@
 #include "picture/ScaleBar.h"
 #include "PlainCurtain.h"
 #include "view3d/DepthAxis.h"
+#include "view3d/Framing.h"
 #include "view3d/MapBand.h"
 #include "view3d/MapGrid.h"
 #include "view3d/NorthArrow.h"
@@ -97,6 +98,27 @@ TEST(Framing, HasAMetreAsLongToTheEastAsToTheNorthAtEveryZoom) {
     const PuntoPixel o = At(p, 0, 0), e = At(p, 100, 0), n = At(p, 0, 100);
     EXPECT_NEAR(e.X - o.X, o.Y - n.Y, 1) << zoom;
     EXPECT_GT(e.X, o.X);
+  }
+}
+
+// A line of 40 m with cells 10 m high: from the side its curtain is 100 m deep and has to be zoomed out to be seen.
+TEST(Framing, ShowsTheWholeCurtainAtAnyAngle) {
+  for (const double theta : {90.0, 120.0, 180.0, 250.0}) {
+    for (const double gamma : {0.0, 50.0}) {
+      Prepared p = Shown(Straight(5, 1, 0), 40, 0, {800, 600});
+      p.view.AngoloVista = InRadianti(theta);
+      p.view.AngoloGamma = InRadianti(gamma);
+      InquadraScena(p.view, p.scene, p.survey.traccia);
+      const bool fits = theta == 90.0 || (theta == 250.0 && gamma == 0.0);  // 100 m x |cos 250| are 34
+      EXPECT_EQ(p.view.ZoomFattore == 1.0F, fits) << theta << " " << gamma;
+      for (const float x : {-20.0F, 20.0F}) {
+        for (const float z : {0.0F, -100.0F}) {
+          const PuntoPixel corner = At(p, x, 0, z);
+          EXPECT_TRUE(corner.X >= 20 && corner.X <= 780) << theta << " " << gamma << ": " << corner.X;
+          EXPECT_TRUE(corner.Y >= 20 && corner.Y <= 515) << theta << " " << gamma << ": " << corner.Y;
+        }
+      }
+    }
   }
 }
 
