@@ -163,6 +163,7 @@ TEST(ToolBar, DoesWhatItsMenuItemsDoAndTellsTheirKeys) {
   Window w;
   auto* bar = w.get<QToolBar>("ToolBar");
   w.readPlan();
+  w.session().view.esagera(0.1);  // the whole curtain fits at zoom 1
   const auto press = [&](const char* item) {
     auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(w.get<QAction>(item)));
     ASSERT_NE(button, nullptr) << item;

@@ -74,6 +74,7 @@ TEST(ViewFrame, IsTheWholeSurveyByADoubleClickOnWaterOrHome) {
 TEST(ViewFrame, StaysAsItIsByADoubleClickOnACell) {
   Window w;
   w.readPlan();
+  w.session().view.esagera(0.1);  // the whole curtain fits at zoom 1
   w.enter("Thetatxt", "170");
   w.enter("Zoomtxt", "0.5");
   PictureMouse& mouse = w.session().mouse;
