@@ -178,7 +178,7 @@ SectionLayout DisponiSezione(const SectionModel& model, const SectionView& view,
     m = Misure(layout, caption, canvas);
   }
   layout.whole = Intera(model, layout.blocks);
-  layout.window = view.window.value_or(layout.whole);
+  layout.window = Scorri(view.window.value_or(layout.whole), 0.0, layout.whole);
   if (!(layout.window.width() > 0.0)) layout.window = layout.whole;
   const std::int32_t height = m.height(layout.blocks.size());
   for (std::size_t k = 0; k < layout.blocks.size(); ++k) {

@@ -32,7 +32,7 @@ struct SectionView {
   std::size_t line = 1;  ///< of SectionLines::One, 1-based; beyond the last one it is the last
   DepthAxis depth = DepthAxis::Metres;
   std::array<bool, Curves> curves{};
-  std::optional<TrackWindow> window;  ///< none: all there is
+  std::optional<TrackWindow> window;  ///< held to what there is; none: all of it
 
   bool mostra(Curve curve) const { return curves.at(static_cast<std::size_t>(curve)); }
 };

@@ -128,6 +128,8 @@ TEST(SectionPlaces, ShowAWindow) {
   const Painted p(Bottomless(FlatSurvey({0, 10, 20})), view);
   EXPECT_EQ(p.layout.window, (TrackWindow{-15, 5}));
   EXPECT_EQ(p.layout.whole, (TrackWindow{-105, 25}));
+  view.window = TrackWindow{500, 520};
+  EXPECT_EQ(Painted(FlatSurvey({0, 10, 20}), view).layout.window, (TrackWindow{5, 25})) << "held to what there is";
   EXPECT_EQ(p.at(-14, 2), ColourOf(1.01));
   EXPECT_EQ(p.at(4, 2), ColourOf(2.01));
   const TrackWindow whole{-100, 900};
