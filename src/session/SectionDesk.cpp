@@ -29,6 +29,7 @@ const SectionModel& SectionDesk::modello() {
 void SectionDesk::azzera() {
   view_.window.reset();
   view_.line = 1;
+  if (view_.lines == SectionLines::One) view_.lines = SectionLines::Stacked;
   notes_ = {};
   rifai();
 }
@@ -77,6 +78,12 @@ void SectionDesk::dipingi(Canvas& canvas, const Caption& caption) {
     layout_ = DisegnaSezione(modello(), view_, colours_, notes_, canvas);
     rileva();
   });
+}
+
+void SectionDesk::dipingiCopia(Canvas& canvas, const Caption& caption) {
+  SectionLayout kept = layout_;
+  dipingi(canvas, caption);
+  layout_ = std::move(kept);
 }
 
 void SectionDesk::tela(Canvas* canvas) {

@@ -39,6 +39,9 @@ class SectionDesk {
   /// @param caption the line at the lower edge; empty for none
   void dipingi(Canvas& canvas, const Caption& caption);
 
+  /// The same on a copy: the places stay those of the picture that is looked at.
+  void dipingiCopia(Canvas& canvas, const Caption& caption);
+
   /// Paints from now on on this canvas, which must outlive its use. None: nothing is painted.
   void tela(Canvas* canvas);
   Canvas* tela() const { return canvas_; }

@@ -138,6 +138,7 @@ void Session::collegata(const char* what, std::size_t without, std::function<voi
   survey.analizza();
   if (without > 0) survey.scartaTutto();
   view.picture().rifaiCelle();
+  section.rifai();
   history_.ricorda(what, std::move(back));
 }
 
@@ -208,6 +209,14 @@ void Session::esegui(const PictureRequest& request) {
       survey.chiediProfondita(index);
       return;
   }
+}
+
+void Session::esegui(const SectionChoice& choice) {
+  if (choice.pick || choice.section) findings_.comincia("Select Data");
+  if (choice.pick) selection.scegli(*choice.pick);
+  if (!choice.section) return;
+  selection.imposta(Extreme::First, choice.section->first);
+  selection.imposta(Extreme::Second, choice.section->second);
 }
 
 void Session::annulla() { history_.annulla(); }

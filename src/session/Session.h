@@ -10,6 +10,7 @@
 #include "session/Exporter.h"
 #include "session/PictureMouse.h"
 #include "session/SectionDesk.h"
+#include "session/SectionMouse.h"
 #include "session/Selection.h"
 #include "session/SurveyDesk.h"
 #include "session/TrackDesk.h"
@@ -46,6 +47,7 @@ class Session {
   ViewDesk view;
   SectionDesk section;
   PictureMouse mouse{view};
+  SectionMouse sectionMouse{section, survey.dati()};
   Exporter exporter;
   Translations translations;
 
@@ -62,6 +64,8 @@ class Session {
   void salvaImmagine();  ///< "Save Current Picture": the one that is shown as img0.bmp in the current folder
   /// Does what a press, a release or a double click on the picture asked for.
   void esegui(const PictureRequest& request);
+  /// Likewise on the flat section.
+  void esegui(const SectionChoice& choice);
 
   /// What Ctrl+Z would take back; empty for nothing.
   std::string annullabile() const { return history_.prossimo(); }
