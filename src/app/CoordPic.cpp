@@ -9,17 +9,12 @@
 #include <QToolTip>
 #include <utility>
 
+#include "app/Wheel.h"
+
 namespace corvan {
 namespace {
 
 constexpr double Reach = 10.0;  // logical pixels from a label within which it is hit
-
-/// Notches of the wheel: of a wheel that tells eighths of degrees, else of a surface that tells pixels.
-double Scatti(const QWheelEvent& event) {
-  constexpr double angleOfNotch = 120.0, pixelsOfNotch = 60.0;
-  const int angle = event.angleDelta().y();
-  return angle != 0 ? angle / angleOfNotch : event.pixelDelta().y() / pixelsOfNotch;
-}
 
 }  // namespace
 

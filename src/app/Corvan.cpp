@@ -37,7 +37,10 @@ Corvan::Corvan(Dialogs& dialogs) : dialogs_(dialogs, *this), session_(dialogs_, 
   aggiorna();
 }
 
-Corvan::~Corvan() { session_.view.picture().tela(nullptr); }
+Corvan::~Corvan() {
+  session_.view.picture().tela(nullptr);
+  session_.section.tela(nullptr);
+}
 
 void Corvan::creaPannelli() {
   const auto changed = [this] { aggiorna(); };
@@ -52,7 +55,8 @@ void Corvan::creaPannelli() {
   dataMove_ = TranslationFrame::dati(session_, changed);
   depthMove_ = TranslationFrame::fondo(session_, changed);
   picture_ = new CoordPic(session_, changed, [this](const PuntoPixel& place) { mostraPunto(place); });
-  pictureFiles_ = std::make_unique<PictureFiles>(session_, *picture_);
+  pictureFiles_ = std::make_unique<PictureFiles>(
+      session_, [this] { return sezione() ? flat_->picture()->spiegata() : picture_->spiegata(); });
 
   left_ = new PanelColumn("LeftColumn", LeftWidth, {fileIn_, fileOut_, extrema_}, fileIn_);
   auto* layout = new QHBoxLayout;
@@ -78,6 +82,19 @@ void Corvan::creaPannelli() {
   statusBar()->addWidget(status_, 1);
   picked_ = new PickedLines(session_, picture_);
   connect(view_->pin(), &QCheckBox::toggled, this, [this] { mostraVista(true); });
+  creaSezione();
+}
+
+void Corvan::creaSezione() {
+  const auto pointed = [this](const QPoint& place) { disponiVista(flat_->picture()->mapTo(this, place)); };
+  const auto told = [this](const std::string& text) { status_->mostraLettura(QString::fromStdString(text)); };
+  flat_ = new SectionPage(
+      session_, [this] { aggiorna(); }, pointed, told);
+  connect(pages_, &QStackedWidget::currentChanged, this, [this] {
+    session_.section.mostrata(sezione());
+    status_->dellaSezione(sezione());
+    aggiorna();
+  });
 }
 
 QAction* Corvan::voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
@@ -147,6 +164,7 @@ void Corvan::creaMenu() {
     switches_.push_back({action, layer.flag});
   }
   image->addSeparator();
+  pages_->aggiungi(flat_, voce(image, "ShowSection", "S&ection", QKeySequence("F9"), [] {}));
   pages_->aggiungi(table_, voce(image, "ShowTable", "Ta&ble", QKeySequence("F11"), [] {}));
   image->addSeparator();
   voce(image, "MapView", "&Map View", QKeySequence("Ctrl+Shift+M"), "Mopt_Click");
@@ -156,6 +174,7 @@ void Corvan::creaMenu() {
   QAction* copy = voce(image, "CopyPicture", "&Copy Picture", QKeySequence::Copy, [this] { pictureFiles_->copia(); });
   copy->setShortcutContext(Qt::WidgetShortcut);  // boxes and lists have a Ctrl+C of their own
   picture_->addAction(copy);
+  flat_->picture()->addAction(copy);
   voce(image, "SavePictureAs", "Save &Picture As\u2026", QKeySequence("Ctrl+Shift+S"), [this] {
     pictureFiles_->salva();
     aggiorna();
@@ -292,6 +311,7 @@ void Corvan::aggiorna() {
   for (const Switch& s : switches_) s.action->setChecked(session_.view.state().layers.*s.layer);
   mapColours_->setChecked(session_.view.state().mappa.livello > 0);
   picture_->update();
+  flat_->mostra();
   table_->mostra();
   ricordaLettura();
   if (liked_) liked_ = vista();

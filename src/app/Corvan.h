@@ -23,6 +23,7 @@
 #include "app/PictureFiles.h"
 #include "app/Remembered.h"
 #include "app/SaveOpen.h"
+#include "app/SectionPage.h"
 #include "app/StatusLine.h"
 #include "app/TablePage.h"
 #include "app/TranslationFrame.h"
@@ -56,6 +57,7 @@ class Corvan : public QMainWindow {
   void leggiTraccia();
   void leggiTracce(const QStringList& files);
   void creaPannelli();
+  void creaSezione();
   QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key,
                 const std::function<void()>& run);
   QAction* voce(QMenu* menu, const char* name, const QString& caption, const QKeySequence& key, const char* control);
@@ -68,6 +70,7 @@ class Corvan : public QMainWindow {
   void mostraPunto(const PuntoPixel& place);
   void disponiVista(const QPoint& pointer);
   void mostraVista(bool shown);
+  bool sezione() const { return pages_->currentWidget() == flat_; }
 
   WindowDialogs dialogs_;
   Session session_;
@@ -87,6 +90,7 @@ class Corvan : public QMainWindow {
   EdgePanel* right_ = nullptr;
   Pages* pages_ = nullptr;
   CoordPic* picture_ = nullptr;
+  SectionPage* flat_ = nullptr;
   TablePage* table_ = nullptr;
   std::unique_ptr<PictureFiles> pictureFiles_;
 

@@ -10,7 +10,7 @@
 
 namespace corvan {
 
-void PictureFiles::copia() { QGuiApplication::clipboard()->setImage(picture_.spiegata()); }
+void PictureFiles::copia() { QGuiApplication::clipboard()->setImage(shown_()); }
 
 QString PictureFiles::nome() const {
   const auto& files = session_.survey.dati().files;
@@ -32,7 +32,7 @@ void PictureFiles::salva() {
                               file.string());
     return;
   }
-  session_.exporter.immagine(file, [&] { return ComponiImmagine(picture_.spiegata(), file.string()); });
+  session_.exporter.immagine(file, [&] { return ComponiImmagine(shown_(), file.string()); });
 }
 
 }  // namespace corvan

@@ -1,7 +1,10 @@
 // What leaves the window as a picture: the clipboard and files of the user's choice.
 #pragma once
 
-#include "app/CoordPic.h"
+#include <functional>
+#include <QImage>
+#include <utility>
+
 #include "app/SaveOpen.h"
 #include "session/Session.h"
 
@@ -9,7 +12,8 @@ namespace corvan {
 
 class PictureFiles {
  public:
-  PictureFiles(Session& session, CoordPic& picture) : session_(session), picture_(picture) {}
+  /// @param shown gives the picture of the page that is shown, with the small line that explains it
+  PictureFiles(Session& session, std::function<QImage()> shown) : session_(session), shown_(std::move(shown)) {}
 
   /// "Copy Picture": what is to be seen, without marks of the pointer, and the small line that explains it.
   void copia();
@@ -21,7 +25,7 @@ class PictureFiles {
   QString nome() const;
 
   Session& session_;
-  CoordPic& picture_;
+  std::function<QImage()> shown_;
   SaveOpen dialog_;
   QString folder_;  ///< the folder used last
 };

@@ -9,6 +9,11 @@
 #include "app/StatusText.h"
 
 namespace corvan {
+namespace {
+
+constexpr const char* LongestSection = "88888 to 88888: 88888 points, 88888 m";
+
+}  // namespace
 
 StatusLine::StatusLine(Session& session, std::function<void()> openMessages)
     : session_(session),
@@ -20,6 +25,7 @@ StatusLine::StatusLine(Session& session, std::function<void()> openMessages)
       degrees_(new ElidedLabel("StatusDegrees")),
       point_(new ElidedLabel("StatusPoint")),
       cell_(new ElidedLabel("StatusCell")),
+      reading_(new ElidedLabel("StatusReading")),
       section_(new ElidedLabel("StatusSection")) {
   // Each place is wide enough for its longest usual text, so that no change of one moves another.
   const std::pair<ElidedLabel*, QString> rooms[] = {
@@ -29,12 +35,12 @@ StatusLine::StatusLine(Session& session, std::function<void()> openMessages)
       {degrees_, QString::fromUtf8("88.88888\u00B0 N  888.88888\u00B0 W")},
       {point_, "measurement 888888"},
       {cell_, "level 88, 88888.88 Ohm m"},
-      {section_, "88888 to 88888: 88888 points, 88888 m"}};
+      {section_, LongestSection}};
   for (const auto& [label, longest] : rooms) {
     label->setContentsMargins(Unit, 0, Unit, 0);
     label->riserva(longest);
   }
-  note_->setContentsMargins(Unit, 0, Unit, 0);
+  for (ElidedLabel* label : {note_, reading_}) label->setContentsMargins(Unit, 0, Unit, 0);
   auto* lines = new QVBoxLayout(this);
   lines->setContentsMargins(0, 0, 0, 0);
   lines->setSpacing(0);
@@ -47,15 +53,19 @@ StatusLine::StatusLine(Session& session, std::function<void()> openMessages)
   for (ElidedLabel* label : {files_, zone_}) above->addWidget(label);
   above->addWidget(note_, 1);
   for (ElidedLabel* label : {place_, degrees_, point_, cell_}) below->addWidget(label);
+  below->addWidget(reading_, 100);
   below->addStretch(1);
   below->addWidget(section_);
+  reading_->hide();
 }
 
 void StatusLine::mostra() {
   const Survey& survey = session_.survey.dati();
   files_->mostra(TestoFile(survey));
   zone_->mostra(TestoZona(survey));
-  section_->mostra(TestoSezione(survey, session_.selection.primo(), session_.selection.secondo()));
+  const QString section = TestoSezione(survey, session_.selection.primo(), session_.selection.secondo());
+  section_->mostra(section);
+  section_->riserva(reading_->isHidden() ? LongestSection : section);  // a reading's line needs the room that is left
   mostraNota();
   if (pointer_) punta(*pointer_);
 }
@@ -85,6 +95,13 @@ void StatusLine::punta(const PuntoPixel& place) {
 void StatusLine::lascia() {
   pointer_.reset();
   for (ElidedLabel* label : {place_, degrees_, point_, cell_}) label->mostra({});
+}
+
+void StatusLine::dellaSezione(bool section) {
+  lascia();
+  mostraLettura({});
+  for (ElidedLabel* label : {place_, degrees_, point_, cell_}) label->setVisible(!section);
+  reading_->setVisible(section);
 }
 
 bool StatusLine::eventFilter(QObject* watched, QEvent* event) {

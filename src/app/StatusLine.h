@@ -22,6 +22,9 @@ class StatusLine : public QWidget {
   /// @param place in pixels of the picture
   void punta(const PuntoPixel& place);
   void lascia();
+  /// The flat section is shown: one line for what lies under the pointer takes the place of the values on the map.
+  void dellaSezione(bool section);
+  void mostraLettura(const QString& text) { reading_->mostra(text); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -33,7 +36,7 @@ class StatusLine : public QWidget {
   std::optional<PuntoPixel> pointer_;
   std::function<void()> openMessages_;
   ElidedLabel *files_, *zone_, *note_;
-  ElidedLabel *place_, *degrees_, *point_, *cell_, *section_;
+  ElidedLabel *place_, *degrees_, *point_, *cell_, *reading_, *section_;
 };
 
 }  // namespace corvan
