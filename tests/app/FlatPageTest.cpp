@@ -176,7 +176,7 @@ TEST(FlatPage, ChoosesAStretchByADragAlongTheAxis) {
   const struct {
     double from, to;
     const char* picked;
-  } cases[] = {{2.4, 7.6, "2-4"}, {7.6, 2.4, "2-4"}, {-25, 3, "1-2"}, {4, 60, "3-5"}, {6, 4.9, "3-"}, {9, 8.8, "5-"}};
+  } cases[] = {{2.4, 7.6, "2-4"}, {7.6, 2.4, "2-4"}, {-25, 3, "1-2"}, {4, 60, "3-5"}};
   for (const auto& c : cases) {
     for (const bool below : {false, true}) {
       Flat w;
@@ -188,7 +188,6 @@ TEST(FlatPage, ChoosesAStretchByADragAlongTheAxis) {
       EXPECT_EQ(w.session().selection.StatoSelezione(), 0) << "not before the release";
       w.drop(at(c.to));
       EXPECT_EQ(w.layout().window, w.layout().whole) << "nothing is moved";
-      if (std::string(c.picked).back() == '-') continue;  // both ends at one measurement: below
       EXPECT_EQ(w.picked(), c.picked) << c.from << " " << below;
     }
   }
@@ -306,7 +305,6 @@ TEST(FlatPage, FollowsEveryChange) {
   Flat w;
   w.dialogs.answers = {{Question::CableConfiguration,
                         {"C1 110 C2 120 E1 100 E2 90 E3 80 E4 70 E5 60 E6 50 E7 40 E8 30 E9 20 E10 10 E11 0"}},
-                       {Question::UtmZone, {"40"}},
                        {Question::ColourRange, {"1;9"}},
                        {Question::ClockOffset, {"0", "0"}},
                        {Question::CableOffset, {"12.5"}},
@@ -342,7 +340,6 @@ TEST(FlatPage, FollowsEveryChange) {
     EXPECT_NE(w.pic()->picture(), before) << name;
     EXPECT_EQ(w.pic()->picture(), w.fresh()) << name;
   }
-  w.choose("SetUtmZone");
   w.readPlan();
   w.move(w.logical(w.block().plot.right - 20, (w.block().air.top + w.block().air.bottom) / 2.0));
   EXPECT_EQ(w.label("StatusReading").substr(0, 14), "Measurement 5,") << "another survey under the pointer";
