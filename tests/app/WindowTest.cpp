@@ -1,4 +1,6 @@
 // The real window, driven by the names of its controls.
+#include <QToolButton>
+
 #include "Window.h"
 
 namespace corvan {
@@ -216,6 +218,8 @@ TEST(OneMeasurement, AndNoneLeaveEveryCommandHarmless) {
     }
     for (QAbstractButton* button : w.window.findChildren<QAbstractButton*>()) {
       const QString name = button->objectName();
+      const auto* tool = qobject_cast<const QToolButton*>(button);
+      if (tool != nullptr && tool->menu() != nullptr) continue;  // a menu waits for a hand
       if (!name.isEmpty() && name != "SaveCmd" && name != "FolderCmd" && !name.startsWith("qt_")) button->click();
     }
     w.drag(Qt::LeftButton, {}, {20, 500}, {120, 460});
