@@ -248,13 +248,14 @@ void Renderer::DisponiGPS(const Scene& scene, const ViewState& view, const Pictu
 /// The external track: a line where its fixes would touch, and its bottom, out along it and back the same way, so that
 /// the filled polygon is a line and hides nothing.
 void Renderer::DisegnaGPS(const Scene& scene, const ViewState& view, Canvas& canvas) {
-  const auto line = [&](const Array1<Punto3D>& points, Colour colour) {
-    Projector(view).tutti(Tutti(points), path_);
-    std::erase(path_, SenzaPixel);
-    DisegnaBordato(path_, view, colour, canvas);
-  };
-  if (gpslbl_.style().crowded) line(scene.gps, FixColour);
-  line(scene.gpsDepth, qbcolor::DarkBlue);
+  if (gpslbl_.style().crowded) {
+    path_.clear();
+    for (const PointLabel& label : gpslbl_.labels()) path_.push_back(label.at);
+    DisegnaBordato(path_, view, FixColour, canvas);
+  }
+  Projector(view).tutti(Tutti(scene.gpsDepth), path_);
+  std::erase(path_, SenzaPixel);
+  DisegnaBordato(path_, view, qbcolor::DarkBlue, canvas);
 }
 
 }  // namespace corvan
