@@ -14,6 +14,7 @@
 #include "app/Corvan.h"
 #include "base/File.h"
 #include "BigSurvey.h"
+#include "paint/ImageCanvas.h"
 #include "session/Controls.h"
 
 namespace corvan {
@@ -45,6 +46,24 @@ double Read(Corvan& window, std::size_t firings) {
   window.leggi({QString::fromStdString(file.string())});
   window.repaint();
   return timer.milliseconds();
+}
+
+/// What caption, axes, legend and all other texts add to a picture of two measurements, ms.
+double Texts(Corvan& window) {
+  ViewDesk& view = window.session().view;
+  QImage image = CreaImmagine(1360, 820);
+  ImageCanvas canvas(image);
+  const auto painted = [&](bool shown) {
+    for (const LayerEntry& layer : LayerTable) {
+      if (layer.flag != &Layers::MostraElettrodi) view.mostra(layer.flag, shown);
+    }
+    constexpr int times = 50;
+    const Timer timer;
+    for (int i = 0; i < times; ++i) view.picture().dipingiSu(canvas, shown ? view.didascalia() : Caption());
+    return timer.milliseconds() / times;
+  };
+  const double bare = painted(false);
+  return painted(true) - bare;
 }
 
 /// Milliseconds of a step of a drag, and of the whole picture after it.
@@ -183,6 +202,13 @@ int main(int argc, char** argv) {
   window.repaint();
   Print("start to screen", start.milliseconds(), 500);
   auto* picture = window.findChild<QWidget*>("CoordPic");
+  Read(window, 2);
+  Print("all texts of a picture", Texts(window), 1);
+  Read(window, 1'000);
+  window.findChild<QAction*>("ObliqueView")->trigger();
+  window.findChild<QAction*>("LiveRotation")->trigger();
+  Print("step of a live drag of 10,000 cells", Drag(picture).first, 16);
+  window.findChild<QAction*>("LiveRotation")->trigger();
   for (const std::size_t firings : {std::size_t{10'000}, std::size_t{100'000}}) {
     const bool many = firings > 10'000;
     std::cout << firings << " firings\n";

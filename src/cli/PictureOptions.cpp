@@ -114,9 +114,9 @@ QImage CreaImmagine(Session& session, const std::string& size, const std::string
 }
 
 void AggiungiImmagine(CLI::App& command, PictureOptions& o) {
-  command.add_option("--picture", o.file, "Write the picture of the survey, as .bmp or .png")
-      ->check(FileImmagine())
-      ->type_name("FILE");
+  CLI::Option* picture = command.add_option("--picture", o.file, "Write the picture of the survey, as .bmp or .png")
+                             ->check(FileImmagine())
+                             ->type_name("FILE");
   command.add_option("--size", o.size, "Size of the picture in pixels (default 1280x800)")
       ->check(Dimensione())
       ->type_name("WxH");
@@ -146,9 +146,11 @@ void AggiungiImmagine(CLI::App& command, PictureOptions& o) {
           "--map-level", o.mapLevel,
           "Level that colours the track seen from above, 0 for none, and the width of its band in pixels (default 1)")
       ->check(LivelloMappa())
+      ->needs(picture)
       ->type_name("K[,PIXELS]");
   command.add_option("--exaggeration", o.exaggeration, "Heights of the curtain so many times as high (default 1)")
       ->check(Esagerazione())
+      ->needs(picture)
       ->type_name("F");
   command.add_flag("--no-caption", o.noCaption, "Leave out the small line that explains the picture");
 }

@@ -107,5 +107,50 @@ TEST(Legend, ShowsThePaletteFromLeftToRight) {
   EXPECT_EQ(picture.at(320 + 100, 355), 0xFFFFFF);
 }
 
+/// The band of the map at the survey's second measurement, from the middle of the picture outwards to both sides.
+int Across(const Picture& picture, int colour) {
+  int most = 0;
+  for (int x = 0; x < picture.width(); ++x) {
+    int rows = 0;
+    for (int y = 0; y < picture.height(); ++y) rows += picture.at(x, y) == colour ? 1 : 0;
+    most = std::max(most, rows);
+  }
+  return most;
+}
+
+TEST(PictureOptions, EachShowsWhatItIsFor) {
+  const Cli cli;
+  const auto paint = [&](const std::string& options) {
+    EXPECT_EQ(cli("process grid.txt --coords utm --out o --picture p.bmp --size 640x400 " + options).status, 0)
+        << options;
+    return test::Slurp(cli.folder / "p.bmp");
+  };
+  cli.folder.write("grid.txt", TextSurvey(GridPlaces()));
+  // Level 1 reads -0.72 at the first place, level 5 -31.7: below -10 is the palette's first colour, above it the last.
+  const std::string range = "--no-caption --layers gps '--range=-10.0001;-10' ";
+  const int low = 0x7800FE, high = 0xFF0900;
+  EXPECT_GT(Across(Picture(paint(range)), high), 0) << "level 1, on at first";
+  EXPECT_EQ(Across(Picture(paint(range + "--map-level 0")), low), 0) << "the curtain's edge is dark";
+  const Picture five(paint(range + "--map-level 5,9")), wide(paint(range + "--map-level 5,31"));
+  EXPECT_GT(Across(five, low), 8);
+  EXPECT_GT(Across(wide, low), Across(five, low) + 20);
+  const std::string side = "--no-caption --theta 160 --zoom 8 ";
+  const Box once = Picture(paint(side + "--layers gps '--range=-2000000;-1000000'")).red();
+  const Box twice = Picture(paint(side + "--layers gps '--range=-2000000;-1000000' --exaggeration 2")).red();
+  EXPECT_EQ(once.top, twice.top);
+  EXPECT_NEAR(twice.bottom - twice.top, 2 * (once.bottom - once.top), 25) << "the part of the track's width stays";
+  for (const char* layer : {"names", "grid", "scale", "north"}) {
+    EXPECT_NE(paint(std::string("--no-caption --layers ") + layer), paint("--no-caption --layers gps")) << layer;
+  }
+  EXPECT_NE(paint(side + "--layers axis"), paint(side + "--layers gps"));
+  const Picture captioned(paint("")), plain(paint("--no-caption"));
+  const Box line = captioned.against(plain);
+  EXPECT_GT(line.top, 375) << "at the foot";
+  EXPECT_GT(line.right - line.left, 200);
+  for (const char* idle : {"--map-level 2", "--exaggeration 2"}) {
+    EXPECT_EQ(cli(std::string("process grid.txt --coords utm --out o ") + idle).status, 2) << idle;
+  }
+}
+
 }  // namespace
 }  // namespace corvan
