@@ -6,27 +6,13 @@
 #include <memory>
 
 #include "BigSurvey.h"
-#include "picture/BufferCanvas.h"
+#include "PixelCanvas.h"
 #include "track/TrackAnalysis.h"
 #include "view3d/MapBand.h"
 #include "view3d/Renderer.h"
 
 namespace corvan::bench {
 namespace {
-
-constexpr std::int32_t Width = 1600;
-constexpr std::int32_t Height = 1000;
-
-/// A canvas without fonts.
-class PixelCanvas : public BufferCanvas {
- public:
-  explicit PixelCanvas(std::vector<std::uint32_t>& pixels)
-      : BufferCanvas(PixelBuffer{pixels.data(), Width, Height, Width}) {}
-  void Poligono(std::span<const PuntoPixel>, Colour) override {}
-  void Testo(const PuntoPixel&, std::string_view, Colour) override {}
-  std::int32_t LarghezzaTesto(std::string_view) const override { return 0; }
-  std::int32_t AltezzaTesto() const override { return 0; }
-};
 
 /// A survey as boats sail them: parallel lines 50 m apart, a firing every 5 m, about as wide as it is long.
 Survey Lines(std::size_t count) {
@@ -127,14 +113,19 @@ void Repaint(benchmark::State& state, double zoom) {
   }
 }
 
-/// The map's band: laid out and painted, against the painting of its pieces alone.
-void BandFloor(benchmark::State& state) {
-  Prepared& p = At(state);
-  MapBand band;
+/// The same view from above, where the map's band stands for the curtain.
+ViewState Above(const Prepared& p) {
   ViewState map = p.view;
   map.AngoloVista = InRadianti(90);
   map.AngoloPhi = 0;
-  band.prepara(p.scene.cells, map, p.colours);
+  return map;
+}
+
+/// The map's band laid out and painted, against the painting of its pieces alone.
+void BandFloor(benchmark::State& state) {
+  Prepared& p = At(state);
+  MapBand band;
+  band.prepara(p.scene.cells, Above(p), p.colours);
   SpanPainter painter(p.canvas.picture());
   for (auto _ : state) {
     painter.box(p.view.AreaPixel, qbcolor::White);
@@ -146,9 +137,7 @@ void BandFloor(benchmark::State& state) {
 void BandAll(benchmark::State& state) {
   Prepared& p = At(state);
   MapBand band;
-  ViewState map = p.view;
-  map.AngoloVista = InRadianti(90);
-  map.AngoloPhi = 0;
+  const ViewState map = Above(p);
   for (auto _ : state) {
     p.canvas.Riquadro(map.AreaPixel, qbcolor::White);
     band.prepara(p.scene.cells, map, p.colours);

@@ -19,19 +19,12 @@ constexpr double Reach = 10.0;  // logical pixels from a label within which it i
 }  // namespace
 
 CoordPic::CoordPic(Session& session, std::function<void()> changed, std::function<void(const PuntoPixel&)> pointed)
-    : session_(session), changed_(std::move(changed)), pointed_(std::move(pointed)), marks_(session, *this) {
-  setObjectName("CoordPic");
-  setMinimumSize(320, 240);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  setMouseTracking(true);
-  setFocusPolicy(Qt::StrongFocus);
+    : PictureWidget("CoordPic", {320, 240}),
+      session_(session),
+      changed_(std::move(changed)),
+      pointed_(std::move(pointed)),
+      marks_(session, *this) {
   setCursor(Qt::CrossCursor);
-  setAttribute(Qt::WA_OpaquePaintEvent);
-}
-
-PuntoPixel CoordPic::pixel(const QPointF& place) const {
-  const double scale = devicePixelRatioF();
-  return {static_cast<std::int32_t>(place.x() * scale), static_cast<std::int32_t>(place.y() * scale)};
 }
 
 MouseEvent CoordPic::evento(const QMouseEvent& event, Qt::MouseButton button) const {
@@ -40,23 +33,13 @@ MouseEvent CoordPic::evento(const QMouseEvent& event, Qt::MouseButton button) co
           event.modifiers().testFlag(Qt::ShiftModifier), event.modifiers().testFlag(Qt::ControlModifier), at.X, at.Y};
 }
 
-void CoordPic::resizeEvent(QResizeEvent*) {
-  lascia();
-  session_.view.picture().tela(nullptr);
-  const PuntoPixel size = pixel(QPointF(width(), height()));
-  image_ = CreaImmagine(std::max(size.X, 1), std::max(size.Y, 1));
-  canvas_ = std::make_unique<ImageCanvas>(image_);
-  session_.view.picture().tela(canvas_.get());
-  const double scale = devicePixelRatioF();
-  session_.mouse.portata(static_cast<std::int32_t>(std::lround(Reach * scale)),
-                         static_cast<std::int32_t>(std::lround(QApplication::startDragDistance() * scale)));
+void CoordPic::resizeEvent(QResizeEvent* event) {
+  PictureWidget::resizeEvent(event);
+  session_.mouse.portata(lunghezza(Reach), lunghezza(QApplication::startDragDistance()));
 }
 
 QImage CoordPic::spiegata() {
-  QImage copy = CreaImmagine(image_.width(), image_.height());
-  ImageCanvas canvas(copy);
-  session_.view.picture().dipingiSu(canvas, session_.view.didascalia());
-  return copy;
+  return copia([this](Canvas& canvas) { session_.view.picture().dipingiSu(canvas, session_.view.didascalia()); });
 }
 
 void CoordPic::paintEvent(QPaintEvent*) {
@@ -161,7 +144,7 @@ void CoordPic::keyPressEvent(QKeyEvent* event) {
     session_.mouse.rinuncia();
     lascia();
   } else if (other || !tasto(event->key(), event->modifiers().testFlag(Qt::ShiftModifier))) {
-    QWidget::keyPressEvent(event);
+    PictureWidget::keyPressEvent(event);
   } else {
     changed_();
   }
@@ -209,23 +192,6 @@ void CoordPic::suggerisci(const QHelpEvent& help) {
   } else {
     QToolTip::showText(help.globalPos(), QString::fromStdString(text).toHtmlEscaped(), this);
   }
-}
-
-bool CoordPic::event(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::ToolTip:
-      suggerisci(*static_cast<QHelpEvent*>(event));
-      return true;
-    case QEvent::FocusOut:
-    case QEvent::WindowDeactivate:
-    case QEvent::UngrabMouse:
-    case QEvent::Hide:
-      lascia();
-      break;
-    default:
-      break;
-  }
-  return QWidget::event(event);
 }
 
 }  // namespace corvan

@@ -2,19 +2,15 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
-#include <QHelpEvent>
-#include <QImage>
-#include <QWidget>
 
 #include "app/PictureMarks.h"
-#include "paint/ImageCanvas.h"
+#include "app/PictureWidget.h"
 #include "session/Session.h"
 
 namespace corvan {
 
-class CoordPic : public QWidget {
+class CoordPic : public PictureWidget {
  public:
   /// @param changed runs when the mouse has changed something
   /// @param pointed runs when the pointer has moved, with its place in picture pixels
@@ -29,6 +25,9 @@ class CoordPic : public QWidget {
   QImage spiegata();
 
  protected:
+  void tela(Canvas* canvas) override { session_.view.picture().tela(canvas); }
+  void lascia() override;
+  void suggerisci(const QHelpEvent& help) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -38,14 +37,10 @@ class CoordPic : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void leaveEvent(QEvent* event) override;
-  bool event(QEvent* event) override;
 
  private:
-  PuntoPixel pixel(const QPointF& place) const;
   MouseEvent evento(const QMouseEvent& event, Qt::MouseButton button) const;
   void esegui(const PictureRequest& asked);
-  void suggerisci(const QHelpEvent& help);
-  void lascia();
   void mira();
   bool tasto(int key, bool shift);
 
@@ -53,8 +48,6 @@ class CoordPic : public QWidget {
   std::function<void()> changed_;
   std::function<void(const PuntoPixel&)> pointed_;
   PictureMarks marks_;
-  QImage image_;
-  std::unique_ptr<ImageCanvas> canvas_;
   Qt::MouseButton held_ = Qt::NoButton;
   std::optional<PuntoPixel> pointer_;  ///< where it rests on the picture with no button held
   Pointed aim_;                        ///< the label that a click there would hit

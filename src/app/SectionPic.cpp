@@ -29,37 +29,20 @@ const SectionBlock* BloccoDi(const SectionModel& model, const SectionLayout& lay
 
 SectionPic::SectionPic(Session& session, std::function<void()> changed, std::function<void(const QPoint&)> pointed,
                        std::function<void(const std::string&)> told)
-    : session_(session), changed_(std::move(changed)), pointed_(std::move(pointed)), told_(std::move(told)) {
-  setObjectName("SectionPic");
-  setMinimumSize(320, 200);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  setMouseTracking(true);
-  setFocusPolicy(Qt::StrongFocus);
-  setAttribute(Qt::WA_OpaquePaintEvent);
-}
+    : PictureWidget("SectionPic", {320, 200}),
+      session_(session),
+      changed_(std::move(changed)),
+      pointed_(std::move(pointed)),
+      told_(std::move(told)) {}
 
-PuntoPixel SectionPic::pixel(const QPointF& place) const {
-  const double scale = devicePixelRatioF();
-  return {static_cast<std::int32_t>(std::floor(place.x() * scale)),
-          static_cast<std::int32_t>(std::floor(place.y() * scale))};
-}
-
-void SectionPic::resizeEvent(QResizeEvent*) {
-  lascia();
-  session_.section.tela(nullptr);
-  const PuntoPixel size = pixel(QPointF(width(), height()));
-  image_ = CreaImmagine(std::max(size.X, 1), std::max(size.Y, 1));
-  canvas_ = std::make_unique<ImageCanvas>(image_);
-  session_.section.tela(canvas_.get());
-  session_.sectionMouse.portata(
-      static_cast<std::int32_t>(std::lround(QApplication::startDragDistance() * devicePixelRatioF())));
+void SectionPic::resizeEvent(QResizeEvent* event) {
+  PictureWidget::resizeEvent(event);
+  session_.sectionMouse.portata(lunghezza(QApplication::startDragDistance()));
 }
 
 QImage SectionPic::spiegata() {
-  QImage copy = CreaImmagine(image_.width(), image_.height());
-  ImageCanvas canvas(copy);
-  session_.section.dipingiCopia(canvas, DidascaliaRilievo(session_.survey.dati()));
-  return copy;
+  return copia(
+      [this](Canvas& canvas) { session_.section.dipingiCopia(canvas, DidascaliaRilievo(session_.survey.dati())); });
 }
 
 void SectionPic::paintEvent(QPaintEvent*) {
@@ -180,7 +163,7 @@ void SectionPic::keyPressEvent(QKeyEvent* event) {
     session_.sectionMouse.rinuncia();
     lascia();
   } else if (other || !tasto(event->key(), event->modifiers().testFlag(Qt::ShiftModifier))) {
-    QWidget::keyPressEvent(event);
+    PictureWidget::keyPressEvent(event);
   } else {
     changed_();
   }
@@ -233,23 +216,6 @@ void SectionPic::suggerisci(const QHelpEvent& help) {
     const QString lines = "<p style='white-space:pre'>" + text.toHtmlEscaped() + "</p>";
     QToolTip::showText(help.globalPos(), lines, this);
   }
-}
-
-bool SectionPic::event(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::ToolTip:
-      suggerisci(*static_cast<QHelpEvent*>(event));
-      return true;
-    case QEvent::FocusOut:
-    case QEvent::WindowDeactivate:
-    case QEvent::UngrabMouse:
-    case QEvent::Hide:
-      lascia();
-      break;
-    default:
-      break;
-  }
-  return QWidget::event(event);
 }
 
 }  // namespace corvan

@@ -2,18 +2,14 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <optional>
-#include <QHelpEvent>
-#include <QImage>
-#include <QWidget>
 
-#include "paint/ImageCanvas.h"
+#include "app/PictureWidget.h"
 #include "session/Session.h"
 
 namespace corvan {
 
-class SectionPic : public QWidget {
+class SectionPic : public PictureWidget {
  public:
   /// @param changed runs when the mouse or a key has changed something, or the painting has something to tell
   /// @param pointed runs when the pointer has moved, with its place in this widget
@@ -31,6 +27,9 @@ class SectionPic : public QWidget {
   QImage spiegata();
 
  protected:
+  void tela(Canvas* canvas) override { session_.section.tela(canvas); }
+  void lascia() override;
+  void suggerisci(const QHelpEvent& help) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -40,12 +39,8 @@ class SectionPic : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void leaveEvent(QEvent* event) override;
-  bool event(QEvent* event) override;
 
  private:
-  PuntoPixel pixel(const QPointF& place) const;
-  void suggerisci(const QHelpEvent& help);
-  void lascia();
   void mira();
   void puntatore();
   bool tasto(int key, bool shift);
@@ -55,8 +50,6 @@ class SectionPic : public QWidget {
   std::function<void()> changed_;
   std::function<void(const QPoint&)> pointed_;
   std::function<void(const std::string&)> told_;
-  QImage image_;
-  std::unique_ptr<ImageCanvas> canvas_;
   bool held_ = false;                  ///< the left button
   std::optional<PuntoPixel> pointer_;  ///< where it is on the picture
   std::optional<std::int32_t> aim_;    ///< the measurement that a click there would choose
