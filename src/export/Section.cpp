@@ -134,6 +134,10 @@ SectionPoint CreaPunto(const Misura& m, const Extraction& x, double D) {
   }
   point.file = m.NumFile;
   point.letture = m.letture;
+  point.inUso = InUso(m);
+  point.caricabilita = m.Caricabilita;
+  point.deviazione = m.Deviazione;
+  point.conQualita = m.ConQualita;
   point.posta = HaPosizione(m);
   point.resistivity = m.Rho;
   point.current = SingoloOppure((static_cast<double>(m.Val180) - static_cast<double>(m.Val184)) / 2.0, 0.0F);
@@ -227,6 +231,9 @@ Section EstraiSezione(Survey& survey, const SectionRequest& request, Findings& f
   x.section.E1 = request.E1;
   x.section.E2 = request.E2;
   x.section.Passo = cable.Passo;
+  x.section.Lunghezza = -cable.Span;
+  x.section.OffsetCavo = request.OffsetCavo;
+  x.section.OffsetEco = request.OffsetEco;
   x.section.griglia = survey.settings.griglia;
   x.section.altezza = survey.traccia.AltezzaCella;
   RicalcolaUTM(survey);

@@ -32,6 +32,9 @@ struct Section {
   std::int32_t E2 = 1;
   std::int32_t points = 0;   ///< points that gave records
   double Passo = 0;          ///< electrode spacing, m
+  double Lunghezza = 0;      ///< of the cable from its head to its tail, m
+  double OffsetCavo = 0;     ///< as asked for, m
+  double OffsetEco = 0;      ///< likewise
   Profile Profilo;           ///< stored positions and depths
   Profile ProfiloVero;       ///< true positions and the depths under the cable; made for the echo sounder
   GridZone griglia;          ///< the grid of all its positions

@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <span>
 
 #include "geo/AngleText.h"
 #include "input/RecordExtent.h"
@@ -13,8 +14,7 @@ namespace {
 
 /// No number is infinite or none: not all bits of its exponent are set. As whole numbers all eight are compared at
 /// once.
-template <std::size_t Count>
-bool Finiti(const std::array<float, Count>& values) {
+bool Finiti(std::span<const float, 8> values) {
   constexpr std::uint32_t exponent = 0x7F800000;
   std::uint32_t bad = 0;
   for (const float value : values) bad |= (std::bit_cast<std::uint32_t>(value) & exponent) == exponent ? 1U : 0U;
@@ -22,6 +22,8 @@ bool Finiti(const std::array<float, Count>& values) {
 }
 
 }  // namespace
+
+bool FiringBuilder::Reading::finita() const { return Finiti(std::span(values).first<Chargeability>()); }
 
 FiringBuilder::FiringBuilder(const SyscalFile& file, const Grouping& grouping, const ReadOptions& options,
                              const MisuraSink& sink)
@@ -35,8 +37,8 @@ FiringBuilder::Reading FiringBuilder::leggi(const RecordWalk& walk, const Record
   const RecordView r = walk.record();
   Reading reading{};
   reading.record = walk.number();
-  constexpr std::array fields{campo::R16, campo::R20, campo::PosM, campo::PosN,
-                              campo::R48, campo::R68, campo::R72,  campo::R76};
+  constexpr std::array fields{campo::R16, campo::R20, campo::PosM, campo::PosN,         campo::R48,
+                              campo::R68, campo::R72, campo::R76,  campo::Caricabilita, campo::Qualita};
   static_assert(fields.size() == Values, "one field for each place");
   for (std::size_t i = 0; i < Values; ++i) reading.values[i] = r.leggi(fields[i]);
   reading.north = r.leggi(campo::GpsNord);
@@ -46,7 +48,7 @@ FiringBuilder::Reading FiringBuilder::leggi(const RecordWalk& walk, const Record
   reading.high = static_cast<std::uint8_t>(grouping_.highBits ? BitAlti(r) : 0U);
   reading.repeated = !grouping_.grid && walk.repeats();
   reading.fix = PosizioneUsabile(reading.north, reading.east);
-  reading.odd = !reading.fix || !Finiti(reading.values);
+  reading.odd = !reading.fix || !reading.finita();
   return reading;
 }
 
@@ -163,7 +165,7 @@ FiringBuilder::Placement FiringBuilder::dispone(std::size_t count, std::size_t e
 }
 
 void FiringBuilder::conta(const Reading& r) {
-  if (!Finiti(r.values)) tally_.badReading.add(r.record);
+  if (!r.finita()) tally_.badReading.add(r.record);
   if (!std::isfinite(r.north) || !std::isfinite(r.east)) tally_.badPosition.add(r.record);
   const bool north = std::isfinite(r.north) && r.north != 0.0F;
   if (!north) tally_.noFix.add(r.record);
@@ -203,6 +205,10 @@ void FiringBuilder::copia(const Reading& r) {
   m_.Elettrodi[channel + 1] = r.values[N];
   m_.CanaleA[channel] = r.values[Potential];
   m_.CanaleB[channel] = -r.values[Potential];
+  m_.Caricabilita[channel] = r.values[Chargeability];
+  m_.Deviazione[channel] = r.values[Deviation];
+  // Files of this program's own hold zeros for both.
+  m_.ConQualita = m_.ConQualita || r.values[Chargeability] != 0.0F || r.values[Deviation] != 0.0F;
 }
 
 void FiringBuilder::chiudi() {

@@ -71,7 +71,7 @@ class FiringBuilder {
 
  private:
   /// Places of a record's numbers in a reading.
-  enum Value : std::size_t { C1, C2, M, N, Depth, Potential, Current, Resistivity, Values };
+  enum Value : std::size_t { C1, C2, M, N, Depth, Potential, Current, Resistivity, Chargeability, Deviation, Values };
   /// The numbers of one record.
   struct Reading {
     std::size_t record;
@@ -82,6 +82,8 @@ class FiringBuilder {
     bool repeated;
     bool fix;  // both coordinates are there
     bool odd;  // no fix, or a number that is not finite
+
+    bool finita() const;  // place, depth and what resistivity is made of are finite
   };
   /// How a run's records are cut: `head` first, then firings of `number`, then the rest.
   struct Cut {

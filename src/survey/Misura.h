@@ -34,18 +34,23 @@ struct Misura {
   std::array<double, 5> Deriv{};  ///< working positions 1..4; 3 and 4 are the true easting and northing, m
   float Val180 = 0;               ///< injected current, mA
   float Val184 = 0;               ///< the current with the opposite sign, mA
-  std::array<float, MaxChannels + 1> CanaleA{};  ///< potential difference, mV
-  std::array<float, MaxChannels + 1> CanaleB{};  ///< the same with the opposite sign, mV
-  std::int16_t NumFile = 0;                      ///< ordinal of the file in the batch, from 1
-  bool Scartata = false;                         ///< no usable position: left out
-  bool Interpolata = false;                      ///< the position was interpolated over a gap
-  double Tempo = 0;                              ///< days since 1899-12-30; 0 where the file holds no time
+  std::array<float, MaxChannels + 1> CanaleA{};       ///< potential difference, mV
+  std::array<float, MaxChannels + 1> CanaleB{};       ///< the same with the opposite sign, mV
+  std::array<float, MaxChannels + 1> Caricabilita{};  ///< chargeability, mV/V
+  std::array<float, MaxChannels + 1> Deviazione{};    ///< standard deviation of the stacked potentials, %
+  std::int16_t NumFile = 0;                           ///< ordinal of the file in the batch, from 1
+  bool Scartata = false;                              ///< no usable position: left out
+  bool Interpolata = false;                           ///< the position was interpolated over a gap
+  double Tempo = 0;                                   ///< days since 1899-12-30; 0 where the file holds no time
 
   /// The position as read, or as a link to an external track gave it; of an interpolated one that between its
   /// neighbours', which the next analysis takes away again.
   PositionSource sorgente;
   bool SenzaFix = true;              ///< the firing has no position of its own, or none that can be converted
   ReadingSet letture = AllReadings;  ///< channels whose reading was stored
+  ReadingSet escluse = 0;            ///< channels whose reading stands but is taken as bad
+  bool ConQualita = false;   ///< the instrument stored chargeability and deviation; else both are 0 and say nothing
+  bool CavoProprio = false;  ///< factors and places follow from its own electrodes, not from the survey's cable
 };
 
 /// A latitude or northing of 0, a longitude or easting of 0, and any value that is not finite mean "no position".
@@ -54,6 +59,10 @@ bool PosizioneUsabile(double north, double east);
 /// The reading of a channel (1..10) was stored. One that was not has resistivity and potential 0 and takes no part in
 /// extremes, colours and cells.
 inline bool HaLettura(const Misura& m, std::size_t channel) { return (m.letture & BitDi(channel)) != 0; }
+
+/// The readings that colours, cells and open formats take: stored and not excluded.
+inline ReadingSet InUso(const Misura& m) { return static_cast<ReadingSet>(m.letture & ~m.escluse); }
+inline bool InUso(const Misura& m, std::size_t channel) { return (InUso(m) & BitDi(channel)) != 0; }
 
 /// None of the firing's readings was stored: it is left out of everything, whatever the filter.
 inline bool Vuota(const Misura& m) { return m.letture == 0; }

@@ -11,7 +11,7 @@
 namespace corvan {
 
 /// One reading between four electrodes, in the order A, B, M, N. They lie on one line, so their y is 0; chargeability
-/// and quality are not measured and 0.
+/// and quality are 0 in files of our own.
 struct Quadrupole {
   std::array<float, 4> x{};  ///< place along the section, m
   std::array<float, 4> z{};  ///< water depth under the electrode, m
@@ -26,19 +26,23 @@ struct Quadrupole {
 /// One firing of a section: its electrodes, which the ten quadrupoles share, the readings of its channels and its true
 /// place.
 struct SectionPoint {
-  std::int32_t misura = 0;                           ///< number of the measurement
-  std::int16_t file = 0;                             ///< ordinal of its file
-  ReadingSet letture = AllReadings;                  ///< channels whose reading exists
-  bool posta = true;                                 ///< it has a position; else it repeats that of another point
-  double estVero = 0;                                ///< true easting, m
-  double nordVero = 0;                               ///< true northing, m
-  std::array<float, CableElectrodes + 1> x{};        ///< of electrodes 1..13 along the section, m
-  std::array<float, CableElectrodes + 1> z{};        ///< water depth under them, m
-  std::array<float, MaxChannels + 1> potential{};    ///< of channels 1..10, mV
-  std::array<float, MaxChannels + 1> resistivity{};  ///< of channels 1..10, ohm m
-  float current = 0;                                 ///< mA
-  float nord = 0;                                    ///< true northing as files hold it, m
-  float est = 0;                                     ///< true easting, likewise
+  std::int32_t misura = 0;                            ///< number of the measurement
+  std::int16_t file = 0;                              ///< ordinal of its file
+  ReadingSet letture = AllReadings;                   ///< channels whose reading exists
+  ReadingSet inUso = AllReadings;                     ///< those of them that are not excluded
+  bool posta = true;                                  ///< it has a position; else it repeats that of another point
+  double estVero = 0;                                 ///< true easting, m
+  double nordVero = 0;                                ///< true northing, m
+  std::array<float, CableElectrodes + 1> x{};         ///< of electrodes 1..13 along the section, m
+  std::array<float, CableElectrodes + 1> z{};         ///< water depth under them, m
+  std::array<float, MaxChannels + 1> potential{};     ///< of channels 1..10, mV
+  std::array<float, MaxChannels + 1> resistivity{};   ///< of channels 1..10, ohm m
+  std::array<float, MaxChannels + 1> caricabilita{};  ///< of channels 1..10, mV/V
+  std::array<float, MaxChannels + 1> deviazione{};    ///< of channels 1..10, %
+  bool conQualita = false;                            ///< chargeability and deviation were stored
+  float current = 0;                                  ///< mA
+  float nord = 0;                                     ///< true northing as files hold it, m
+  float est = 0;                                      ///< true easting, likewise
 };
 
 /// Ten quadrupoles a point, put together when asked for: a section of 100,000 firings has a million of them.

@@ -1,0 +1,42 @@
+// Where the electrodes of each firing of a section lie, and the bottom below its path.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "export/Section.h"
+
+namespace corvan {
+
+struct ElectrodePlace {
+  double x = 0;     ///< along the section, m
+  double est = 0;   ///< on the section's grid, m
+  double nord = 0;  ///< likewise
+  double prof = 0;  ///< depth of the water below it, m, never negative
+};
+
+/// Of electrodes 1..13; slot 0 is unused.
+using ElectrodePlaces = std::array<ElectrodePlace, CableElectrodes + 1>;
+
+/// The places of electrodes as they follow from a section; asked for firing by firing, since a section may have a
+/// million.
+class CablePlaces {
+ public:
+  /// @param section must outlive this
+  explicit CablePlaces(const Section& section);
+
+  ElectrodePlaces operator()(const SectionPoint& point) const;
+
+  /// The bottom as the echo sounder saw it at a measurement of the section, where x counts like the electrodes'.
+  /// @param p E1 to E2
+  ElectrodePlace fondo(std::int32_t p) const;
+
+ private:
+  ElectrodePlace dritto(double x) const;
+
+  const Section& section_;
+  double versoEst_ = 1;  ///< direction from the section's first point to its last, a unit vector
+  double versoNord_ = 0;
+};
+
+}  // namespace corvan
