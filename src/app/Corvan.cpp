@@ -51,6 +51,7 @@ void Corvan::creaPannelli() {
   fileIn_->apriCartella(QDir::currentPath());
   fileOut_ = new FrameFileOut(session_, changed);
   extrema_ = new FrameExtrema(session_, changed);
+  quality_ = new FrameQuality(session_, changed);
   view_ = new FrameView(session_, changed);
   dataMove_ = TranslationFrame::dati(session_, changed);
   depthMove_ = TranslationFrame::fondo(session_, changed);
@@ -58,7 +59,7 @@ void Corvan::creaPannelli() {
   pictureFiles_ = std::make_unique<PictureFiles>(
       session_, [this] { return sezione() ? flat_->picture()->spiegata() : picture_->spiegata(); });
 
-  left_ = new PanelColumn("LeftColumn", LeftWidth, {fileIn_, fileOut_, extrema_}, fileIn_);
+  left_ = new PanelColumn("LeftColumn", LeftWidth, {fileIn_, fileOut_, extrema_, quality_}, fileIn_);
   auto* layout = new QHBoxLayout;
   right_ = new EdgePanel(layout, new PanelColumn("RightColumn", RightWidth, {view_, dataMove_, depthMove_}, nullptr));
 
@@ -149,6 +150,7 @@ void Corvan::creaMenu() {
   operation->addSeparator();
   voce(operation, "SetUtmZone", "Set UTM Zone", QKeySequence("Ctrl+U"), "SetUtmZone_Click");
   voce(operation, "CableConf", "Set Cable Configuration", QKeySequence("Ctrl+K"), "CableConf_Click");
+  voce(operation, "Quality", "&Quality of Readings", QKeySequence("Ctrl+Y"), open("Quality_Click", quality_));
   operation->addSeparator();
   voce(operation, "SelFirst", "Select First Data", QKeySequence("Ctrl+1"), open("SelFirst_Click", extrema_));
   voce(operation, "SelectLast", "Select Last Data", QKeySequence("Ctrl+2"), "SelectLast_Click");
@@ -295,13 +297,14 @@ void Corvan::leggiTraccia(const QString& file) {
 void Corvan::aggiorna() {
   const QWidget* focus = focusWidget();
   for (Frame* frame : {static_cast<Frame*>(fileIn_), static_cast<Frame*>(fileOut_), static_cast<Frame*>(extrema_),
-                       static_cast<Frame*>(view_), static_cast<Frame*>(dataMove_), static_cast<Frame*>(depthMove_)}) {
+                       static_cast<Frame*>(quality_), static_cast<Frame*>(view_), static_cast<Frame*>(dataMove_),
+                       static_cast<Frame*>(depthMove_)}) {
     frame->mostra();
   }
   // The focus of a panel that closes goes to the page shown, not to whichever control comes next.
   if (focus != nullptr && !focus->isVisible()) pages_->metti();
   const bool anyLeft = session_.survey.FrameFileIn.visible || session_.exporter.FrameFileOut.visible ||
-                       session_.selection.FrameExtrema.visible;
+                       session_.selection.FrameExtrema.visible || session_.survey.qualita().FrameQuality.visible;
   left_->setVisible(anyLeft);
   mostraVista(!view_->isHidden());
   const QString undo = QString::fromStdString(session_.annullabile());

@@ -16,6 +16,7 @@
 #include "app/FrameExtrema.h"
 #include "app/FrameFileIn.h"
 #include "app/FrameFileOut.h"
+#include "app/FrameQuality.h"
 #include "app/FrameView.h"
 #include "app/ManualWindow.h"
 #include "app/Pages.h"
@@ -83,6 +84,7 @@ class Corvan : public QMainWindow {
   FrameFileIn* fileIn_ = nullptr;
   FrameFileOut* fileOut_ = nullptr;
   FrameExtrema* extrema_ = nullptr;
+  FrameQuality* quality_ = nullptr;
   FrameView* view_ = nullptr;
   TranslationFrame* dataMove_ = nullptr;
   TranslationFrame* depthMove_ = nullptr;

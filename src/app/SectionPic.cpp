@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
@@ -89,7 +91,8 @@ void SectionPic::mousePressEvent(QMouseEvent* event) {
   QToolTip::hideText();
   held_ = true;
   session_.section.dipingi();
-  session_.sectionMouse.premi(pixel(event->position()));
+  const bool toggles = event->modifiers().testFlag(Qt::ControlModifier);
+  session_.sectionMouse.premi(pixel(event->position()), toggles ? SectionPress::Toggle : SectionPress::Choose);
 }
 
 void SectionPic::mouseMoveEvent(QMouseEvent* event) {
@@ -172,6 +175,38 @@ void SectionPic::keyPressEvent(QKeyEvent* event) {
 void SectionPic::leaveEvent(QEvent*) {
   pointer_.reset();
   mira();
+}
+
+/// What can be done with the reading under the pointer.
+void SectionPic::contextMenuEvent(QContextMenuEvent* event) {
+  if (held_) return;
+  session_.section.dipingi();
+  const PuntoPixel at = pixel(event->pos());
+  const std::optional<ReadingUnder> reading = session_.sectionMouse.lettura(at);
+  const std::optional<std::int32_t> target = session_.sectionMouse.bersaglio(at);
+  QMenu menu(this);
+  menu.setObjectName("SectionMenu");
+  QString name = "&Exclude Reading";
+  if (reading) {
+    const auto k = static_cast<std::size_t>(reading->measurement);
+    const bool taken = InUso(session_.survey.dati().Misure(k), reading->channel);
+    name = QStringLiteral("%1 Reading: Measurement %2, Channel %3")
+               .arg(taken ? "&Exclude" : "&Include")
+               .arg(reading->measurement)
+               .arg(reading->channel);
+  }
+  QAction* toggle = menu.addAction(name, this, [this, reading] {
+    session_.escludi(*reading);
+    changed_();
+  });
+  toggle->setEnabled(reading.has_value());
+  QAction* pick = menu.addAction("&Pick as Extreme", this, [this, target] {
+    session_.esegui(SectionChoice{target, std::nullopt, std::nullopt});
+    changed_();
+  });
+  pick->setEnabled(target.has_value());
+  menu.addActions(actions());
+  menu.exec(event->globalPos());
 }
 
 /// The press is over without a release: something else has taken the mouse.

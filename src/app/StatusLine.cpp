@@ -89,7 +89,7 @@ void StatusLine::punta(const PuntoPixel& place) {
   if (target.kind == TargetKind::Fix) point = QStringLiteral("fix %1").arg(target.index);
   point_->mostra(point);
   const std::optional<CellaVista> cell = session_.mouse.cella(place.X, place.Y);
-  cell_->mostra(cell ? TestoCella(cell->livello, static_cast<double>(cell->resistivita)) : QString());
+  cell_->mostra(cell ? TestoCella(*cell) : QString());
 }
 
 void StatusLine::lascia() {

@@ -45,6 +45,9 @@ QString TestoFile(const Survey& survey) {
   QString text = read == 0
                      ? "No survey"
                      : count(read, "file", "files") + ", " + count(survey.Misure.size(), "measurement", "measurements");
+  if (const std::size_t excluded = survey.qualita.escluse; excluded > 0) {
+    text += ", " + count(excluded, "reading", "readings") + " excluded";
+  }
   if (survey.tracciaEst.loaded) {
     text += ", track of " + count(survey.tracciaEst.PuntiGPSEst.size(), "fix", "fixes");
   }
@@ -110,8 +113,9 @@ QString TestoCoordinate(const Grid& place) {
   return Angolo(at->latitude, 'N', 'S') + "  " + Angolo(at->longitude, 'E', 'W');
 }
 
-QString TestoCella(std::int32_t level, double resistivity) {
-  return QStringLiteral("level %1, %2 Ohm m").arg(level).arg(Numero(resistivity, "0.0#"));
+QString TestoCella(const CellaVista& cell) {
+  const QString value = Numero(static_cast<double>(cell.resistivita), "0.0#");
+  return QStringLiteral("level %1, %2 Ohm m").arg(cell.livello).arg(value) + (cell.esclusa ? ", excluded" : "");
 }
 
 StatusNote NotaDi(std::span<const Finding> findings, const std::vector<std::filesystem::path>& written) {

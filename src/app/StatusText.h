@@ -10,6 +10,7 @@
 #include "base/Findings.h"
 #include "base/Position.h"
 #include "survey/Survey.h"
+#include "view3d/Picking.h"
 
 namespace corvan {
 
@@ -35,8 +36,8 @@ QString TestoCoordinate(const Grid& place);
 /// Latitude and longitude that the projection sends to this place: the series back alone would miss it by metres.
 std::optional<Geographic> CoordinateDi(const Grid& place);
 
-/// "level 3, 12.35 Ohm m". @param level 1 at the top
-QString TestoCella(std::int32_t level, double resistivity);
+/// "level 3, 12.35 Ohm m", ", excluded" behind it.
+QString TestoCella(const CellaVista& cell);
 
 /// What is told of the last command.
 struct StatusNote {

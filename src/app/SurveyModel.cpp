@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "base/OleDate.h"
-#include "export/SurveyColumns.h"
 
 namespace corvan {
 namespace {
@@ -16,8 +15,6 @@ namespace {
 using Form = TableValue::Form;
 
 constexpr QRgb PickedGround = 0xFFFFE08A, PickedText = 0xFF202020;  // alike on light and on dark desktops
-
-const TableColumn& Colonna(int column) { return ColonneTabella().at(static_cast<std::size_t>(column)); }
 
 bool Ora(const TableColumn& column) { return column.name == "time"; }
 
@@ -38,7 +35,7 @@ QString Spiegazione(const TableColumn& column) {
 int SurveyModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : static_cast<int>(count_); }
 
 int SurveyModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(ColonneTabella().size());
+  return parent.isValid() ? 0 : static_cast<int>(columns_->size());
 }
 
 std::int32_t SurveyModel::misura(int row) const {
@@ -59,8 +56,8 @@ QString SurveyModel::campo(std::int32_t measurement, int column) const {
   const Survey& survey = session_.survey.dati();
   const auto n = static_cast<std::size_t>(measurement);
   if (!survey.Misure.contains(n)) return {};
-  const TableValue value = Colonna(column).at(survey, n);
-  const bool dated = Ora(Colonna(column)) && value.form != Form::Empty && TempoValido(value.number);
+  const TableValue value = colonna(column).at(survey, n);
+  const bool dated = Ora(colonna(column)) && value.form != Form::Empty && TempoValido(value.number);
   return QString::fromStdString(dated ? TestoDataOra(DaGiorni(value.number)) : TestoValore(value));
 }
 
@@ -73,7 +70,7 @@ QVariant SurveyModel::data(const QModelIndex& index, int role) const {
       return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
     case Qt::ToolTipRole: {
       const auto n = static_cast<std::size_t>(measurement);
-      const TableColumn& column = Colonna(index.column());
+      const TableColumn& column = colonna(index.column());
       if (!Ora(column) || !session_.survey.dati().Misure.contains(n)) return {};
       return QString::fromStdString(TestoValore(column.at(session_.survey.dati(), n)));
     }
@@ -94,8 +91,8 @@ QVariant SurveyModel::data(const QModelIndex& index, int role) const {
 
 QVariant SurveyModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
-  if (role == Qt::DisplayRole) return Intestazione(Colonna(section));
-  if (role == Qt::ToolTipRole) return Spiegazione(Colonna(section));
+  if (role == Qt::DisplayRole) return Intestazione(colonna(section));
+  if (role == Qt::ToolTipRole) return Spiegazione(colonna(section));
   return {};
 }
 
@@ -108,7 +105,7 @@ void SurveyModel::ordina() {
     std::int32_t measurement;
   };
   const Survey& survey = session_.survey.dati();
-  const TableColumn& column = Colonna(column_);
+  const TableColumn& column = colonna(column_);
   std::vector<Key> keys;
   std::vector<std::int32_t> last;
   keys.reserve(count_);
@@ -164,9 +161,12 @@ bool SurveyModel::aggiorna() {
   if (revision_ == session_.revisione()) return false;
   revision_ = session_.revisione();
   const std::size_t count = session_.survey.dati().Misure.size();
-  if (count != count_) {
+  const std::vector<TableColumn>* columns = &ColonneTabella(session_.survey.dati());
+  if (count != count_ || columns != columns_) {
     beginResetModel();
     count_ = count;
+    columns_ = columns;
+    if (column_ >= columnCount()) column_ = -1;
     ordina();
     endResetModel();
   } else if (column_ >= 0) {
@@ -178,7 +178,7 @@ bool SurveyModel::aggiorna() {
 QString SurveyModel::testo(const std::vector<int>& rows) const {
   QString text;
   const int columns = columnCount();
-  for (int column = 0; column < columns; ++column) text += (column > 0 ? "\t" : "") + Intestazione(Colonna(column));
+  for (int column = 0; column < columns; ++column) text += (column > 0 ? "\t" : "") + Intestazione(colonna(column));
   text += '\n';
   for (const int row : rows) {
     for (int column = 0; column < columns; ++column) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "export/SurveyColumns.h"
 #include "session/Session.h"
 
 namespace corvan {
@@ -32,6 +33,7 @@ class SurveyModel : public QAbstractTableModel {
   int riga(std::int32_t measurement) const;  ///< the row of a measurement; -1 for none
   /// A header line and these rows as tab-separated text, as they are shown.
   QString testo(const std::vector<int>& rows) const;
+  const TableColumn& colonna(int column) const { return columns_->at(static_cast<std::size_t>(column)); }
   /// What stands in a field, as it is shown.
   QString campo(std::int32_t measurement, int column) const;
 
@@ -42,7 +44,8 @@ class SurveyModel : public QAbstractTableModel {
 
   const Session& session_;
   std::size_t revision_ = 0;
-  std::size_t count_ = 0;  ///< rows that views know of
+  std::size_t count_ = 0;                                                ///< rows that views know of
+  const std::vector<TableColumn>* columns_ = &ColonneTabella(Survey());  ///< likewise
   int column_ = -1;
   Qt::SortOrder direction_ = Qt::AscendingOrder;
   std::vector<std::int32_t> order_;  ///< measurements row by row; empty: in their own order

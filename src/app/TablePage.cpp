@@ -19,9 +19,8 @@ namespace corvan {
 namespace {
 
 /// Characters that a field of the column holds as a rule.
-int Caratteri(int column) {
+int Caratteri(const TableColumn& shown) {
   constexpr int date = 19, wide = 17, narrow = 11, whole = 7;
-  const TableColumn& shown = ColonneTabella().at(static_cast<std::size_t>(column));
   if (shown.name == "time") return date;
   static const Survey sample = [] {
     Survey survey;
@@ -94,6 +93,7 @@ TablePage::TablePage(Session& session, std::function<void()> changed)
   };
   pick_ = action("TablePick", "&Pick as Extreme", {}, [this] { scegli(currentIndex()); });
   section_ = action("TableSection", "Choose as &Section", QKeySequence("Ctrl+Shift+E"), [this] { scegliSezione(); });
+  exclude_ = action("TableExclude", "E&xclude or Include Reading", QKeySequence::Delete, [this] { escludi(); });
   copy_ = action("TableCopy", "&Copy\tCtrl+C", {}, [this] { copia(); });
   connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) { scegli(index); });
 }
@@ -108,16 +108,22 @@ void TablePage::disponiColonne() {
   header->setSortIndicatorClearable(true);
   header->setSortIndicator(-1, Qt::AscendingOrder);
   setSortingEnabled(true);
+  larghezze();
+}
+
+void TablePage::larghezze() {
   const int margin = 3 * Unit, digit = fontMetrics().horizontalAdvance('0');
   for (int column = 0; column < model_.columnCount(); ++column) {
     const QString title = model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
     const int text = fontMetrics().horizontalAdvance(title) + margin;  // the mark of the order beside it
-    setColumnWidth(column, std::max(text, Caratteri(column) * digit + Unit));
+    setColumnWidth(column, std::max(text, Caratteri(model_.colonna(column)) * digit + Unit));
   }
 }
 
 void TablePage::mostra() {
+  const int columns = model_.columnCount();
   model_.aggiorna();
+  if (model_.columnCount() != columns) larghezze();
   const Picks now{session_.selection.primo(), session_.selection.secondo()};
   if (now != picks_) {
     const auto& latest = now.second != picks_.second && now.second ? now.second : now.first;
@@ -169,6 +175,25 @@ void TablePage::scegliSezione() {
   changed_();
 }
 
+/// The reading whose field is current, if it is one of a channel that was stored.
+std::optional<ReadingUnder> TablePage::lettura() const {
+  if (!currentIndex().isValid()) return std::nullopt;
+  const TableColumn& column = model_.colonna(currentIndex().column());
+  const std::int32_t measurement = model_.misura(currentIndex().row());
+  const bool electrode = column.name.front() == 'e' && column.name.size() <= 3;  // e1 to e11
+  const auto& all = session_.survey.dati().Misure;
+  const auto k = static_cast<std::size_t>(measurement);
+  if (column.slot == 0 || electrode || !all.contains(k) || !HaLettura(all(k), column.slot)) return std::nullopt;
+  return ReadingUnder{measurement, column.slot};
+}
+
+void TablePage::escludi() {
+  const std::optional<ReadingUnder> reading = lettura();
+  if (!reading) return;
+  session_.escludi(*reading);
+  changed_();
+}
+
 void TablePage::copia() const {
   const std::vector<int> rows = righeScelte();
   if (!rows.empty()) QGuiApplication::clipboard()->setText(model_.testo(rows));
@@ -189,9 +214,10 @@ void TablePage::contextMenuEvent(QContextMenuEvent* event) {
   const bool some = selectionModel()->hasSelection();
   for (QAction* action : {section_, copy_}) action->setEnabled(some);
   pick_->setEnabled(currentIndex().isValid());
+  exclude_->setEnabled(lettura().has_value());
   QMenu menu(this);
   menu.setObjectName("TableMenu");
-  menu.addActions({pick_, section_, copy_});
+  menu.addActions({pick_, section_, exclude_, copy_});
   menu.addSeparator();
   const int column = currentIndex().isValid() ? currentIndex().column() : 0;
   const QString title = model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
@@ -200,7 +226,7 @@ void TablePage::contextMenuEvent(QContextMenuEvent* event) {
   menu.addAction("Sort &Down by " + title, this, sort(column, Qt::DescendingOrder));
   menu.addAction("&Order of Measurement", this, sort(-1, Qt::AscendingOrder));
   menu.exec(event->globalPos());
-  for (QAction* action : {pick_, section_, copy_}) action->setEnabled(true);
+  for (QAction* action : {pick_, section_, exclude_, copy_}) action->setEnabled(true);
 }
 
 }  // namespace corvan

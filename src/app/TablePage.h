@@ -26,8 +26,11 @@ class TablePage : public QTableView {
 
  private:
   void disponiColonne();
+  void larghezze();
   void scegli(const QModelIndex& index);
   void scegliSezione();
+  std::optional<ReadingUnder> lettura() const;
+  void escludi();
   void copia() const;
   void avvicina();
   std::vector<int> righeScelte() const;
@@ -38,6 +41,7 @@ class TablePage : public QTableView {
   QAction* copy_ = nullptr;
   QAction* pick_ = nullptr;
   QAction* section_ = nullptr;
+  QAction* exclude_ = nullptr;
   using Picks = std::pair<std::optional<std::int32_t>, std::optional<std::int32_t>>;
   Picks picks_;                          ///< those that were shown last
   std::optional<std::int32_t> pending_;  ///< picked while the page was hidden

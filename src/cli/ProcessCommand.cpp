@@ -16,6 +16,7 @@
 #include "cli/Commands.h"
 #include "cli/PictureOptions.h"
 #include "cli/ProcessSummary.h"
+#include "cli/QualityOptions.h"
 #include "cli/Report.h"
 #include "cli/ScriptedDialogs.h"
 #include "cli/SectionPictureOptions.h"
@@ -53,6 +54,7 @@ struct ProcessOptions {
   std::string depthShift;
   PictureOptions picture;
   SectionPictureOptions section;
+  QualityOptions quality;
   std::string gps;
   std::string link;
   std::string clockOffset;
@@ -158,6 +160,7 @@ int Esegui(const ProcessOptions& options) {
   if (!cable.empty()) session.survey.impostaCavo(cable);
   if (!options.zone.empty()) session.survey.chiediZona();
   CollegaTraccia(session, dialogs, options);
+  ImpostaQualita(session, options.quality);
   Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
   Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
   ImpostaColori(session, options.colours,
@@ -281,6 +284,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   AggiungiUscita(*command, *options);
   AggiungiImmagine(*command, options->picture);
   AggiungiColori(*command, options->colours);
+  AggiungiQualita(*command, options->quality);
   AggiungiSezionePiana(*command, options->section);
   AggiungiTraccia(*command, *options);
   command->callback([options, &work] {

@@ -1,6 +1,9 @@
 #include "cli/ProcessSummary.h"
 
+#include <array>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -9,6 +12,43 @@ namespace corvan::cli {
 namespace {
 
 std::string Metri(double value) { return FormattaNumero(value, "0.0##") + " m"; }
+
+/// The limits in force with what each found.
+std::vector<std::pair<std::string_view, std::size_t>> Conteggi(const Session& session) {
+  const QualityLimits& limits = session.survey.qualita().limiti();
+  const QualityResult& found = session.survey.qualita().risultato();
+  const std::array<bool, LimitNames.size()> set{limits.corrente.has_value(),   limits.potenziale.has_value(),
+                                                limits.deviazione.has_value(), limits.rhoMin || limits.rhoMax,
+                                                limits.picchi.has_value(),     limits.negative};
+  std::vector<std::pair<std::string_view, std::size_t>> counts;
+  for (std::size_t k = 0; k < set.size(); ++k) {
+    if (set.at(k)) counts.emplace_back(LimitNames.at(k), found.perLimite.at(k));
+  }
+  return counts;
+}
+
+std::string SommarioQualita(const Session& session) {
+  const QualityResult& found = session.survey.qualita().risultato();
+  std::string text =
+      std::to_string(found.escluse) + " of " + Quanti(found.letture, "reading", "readings") + " excluded";
+  const char* between = " (";
+  for (const auto& [name, count] : Conteggi(session)) {
+    text.append(between).append(name).append(" ").append(std::to_string(count));
+    between = ", ";
+  }
+  return text + (*between == ',' ? ")" : "");
+}
+
+Json QualitaJson(const Session& session) {
+  const QualityResult& found = session.survey.qualita().risultato();
+  Json json = {{"readings", found.letture}, {"excluded", found.escluse}};
+  for (const auto& [name, count] : Conteggi(session)) json["limits"][std::string(name)] = count;
+  json["without_deviation"] = found.senzaDeviazione;
+  json["without_neighbours"] = found.senzaVicini;
+  json["excluded_by_hand"] = found.esclusaAMano;
+  json["included_by_hand"] = found.inclusaAMano;
+  return json;
+}
 
 }  // namespace
 
@@ -32,6 +72,7 @@ std::string SommarioTesto(const Session& session) {
   out << "UTM zone      " << survey.settings.ZonaUTM << "\n";
   out << "resistivity   " << FormattaNumero(static_cast<double>(t.RhoMin), "0.0##") << " to "
       << FormattaNumero(static_cast<double>(t.RhoMax), "0.0##") << " ohm m\n";
+  if (survey.qualita.inVigore()) out << "quality       " << SommarioQualita(session) << "\n";
   out << "track         " << Metri(t.Lunghezza) << ", mean spacing " << Metri(static_cast<double>(t.PassoMedio))
       << "\n";
   if (survey.tracciaEst.loaded) {
@@ -70,6 +111,7 @@ Json SommarioJson(const Session& session, const std::vector<std::string>& messag
   json["zone"] = survey.settings.ZonaUTM;
   json["rho_min"] = NumeroJson(t.RhoMin);
   json["rho_max"] = NumeroJson(t.RhoMax);
+  if (survey.qualita.inVigore()) json["quality"] = QualitaJson(session);
   json["track_length"] = NumeroJson(t.Lunghezza);
   json["mean_spacing"] = NumeroJson(t.PassoMedio);
   if (survey.tracciaEst.loaded) {

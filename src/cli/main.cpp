@@ -1,12 +1,17 @@
 // corvan-cli: the survey program without a window.
+#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <iostream>
 #include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "base/Interruption.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
+#include "cli/QualityOptions.h"
 
 namespace corvan::cli {
 namespace {
@@ -29,8 +34,11 @@ int Esegui(int argc, char** argv) {
   AggiungiProcess(app, work);
   AggiungiInfo(app, work);
   AggiungiConvert(app, work);
+  std::vector<std::string> arguments(argv + 1, argv + argc);
+  CompletaDespike(arguments);
+  std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
   try {
-    app.parse(argc, argv);
+    app.parse(std::move(arguments));
   } catch (const CLI::ParseError& error) {
     return StampaEsito(app, error);
   }

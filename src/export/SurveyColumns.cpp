@@ -25,6 +25,11 @@ TableValue Vera(const Survey& survey, std::size_t n, std::size_t) {
   return {Form::Double, survey.Misure(n).Deriv[Slot]};
 }
 
+TableValue Esclusa(const Survey& survey, std::size_t n, std::size_t slot) {
+  const Misura& m = survey.Misure(n);
+  return {Form::Whole, HaLettura(m, slot) && !InUso(m, slot) ? 1.0 : 0.0};
+}
+
 TableValue Ordinale(const Survey&, std::size_t n, std::size_t) { return {Form::Whole, static_cast<double>(n)}; }
 
 TableValue Tempo(const Survey& survey, std::size_t n, std::size_t) {
@@ -65,22 +70,31 @@ constexpr std::array Columns{
     Series{"discarded", 0, "", "1: left out", Numero<&Misura::Scartata>},
     Series{"interpolated", 0, "", "1: placed between its neighbours", Numero<&Misura::Interpolata>}};
 
+constexpr Series Excluded{"excluded", MaxChannels, "", "1: a bad reading, of channel", Esclusa};
+
+void Distendi(const Series& s, std::vector<TableColumn>& all) {
+  if (s.count == 0) all.push_back({s.name, s.unit, s.meaning, 0, s.value});
+  for (std::size_t k = 1; k <= s.count; ++k) {
+    all.push_back({s.name + std::to_string(k), s.unit, s.meaning, k, s.value});
+  }
+}
+
 std::vector<TableColumn> Distese() {
   std::vector<TableColumn> all;
-  for (const Series& s : Columns) {
-    if (s.count == 0) all.push_back({s.name, s.unit, s.meaning, 0, s.value});
-    for (std::size_t k = 1; k <= s.count; ++k) {
-      all.push_back({s.name + std::to_string(k), s.unit, s.meaning, k, s.value});
-    }
-  }
+  for (const Series& s : Columns) Distendi(s, all);
   return all;
 }
 
 }  // namespace
 
-const std::vector<TableColumn>& ColonneTabella() {
+const std::vector<TableColumn>& ColonneTabella(const Survey& survey) {
   static const std::vector<TableColumn> columns = Distese();
-  return columns;
+  static const std::vector<TableColumn> judged = [] {
+    std::vector<TableColumn> all = columns;
+    Distendi(Excluded, all);
+    return all;
+  }();
+  return survey.qualita.inVigore() ? judged : columns;
 }
 
 bool HaTempo(const Survey& survey, const Misura& m) {

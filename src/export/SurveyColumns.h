@@ -32,8 +32,9 @@ struct TableColumn {
   TableValue at(const Survey& survey, std::size_t n) const { return value(survey, n, slot); }
 };
 
-/// All columns, in their order.
-const std::vector<TableColumn>& ColonneTabella();
+/// The columns of a survey's table, in their order: those of excluded readings only where a limit of quality is in
+/// force or a reading was decided by hand.
+const std::vector<TableColumn>& ColonneTabella(const Survey& survey);
 
 /// The time of a measurement is known. Binary records shorter than those that hold one have none; text exports keep the
 /// 0 that they have always had.

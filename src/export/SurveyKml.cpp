@@ -2,6 +2,7 @@
 
 #include <array>
 #include <atomic>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <optional>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "base/NumberText.h"
+#include "base/Text.h"
 #include "export/BlockComposer.h"
 #include "export/KmlText.h"
 #include "export/TruePositions.h"
@@ -56,11 +58,14 @@ class Curtain {
   Curtain(const KmlGoogle& kml, const Section& section, const CurtainRequest& request)
       : kml_(kml), section_(section), colours_(request.colours), levels_(Livelli(section.altezza, request.offset)) {
     for (const SectionPoint& point : section.RecordOut.points()) {
-      if (point.posta) points_.push_back(&point);
+      if (!point.posta) continue;
+      points_.push_back(&point);
+      excluded_ += static_cast<std::size_t>(std::popcount(static_cast<unsigned>(point.letture & ~point.inUso)));
     }
   }
 
   std::size_t points() const { return points_.size(); }
+  std::size_t excluded() const { return excluded_; }  ///< readings without a cell because they are bad
 
   /// Appends the cells of points first to end - 1 of those that have a position, from 0. For several threads at once.
   void compose(std::string& out, std::size_t first, std::size_t end) {
@@ -130,7 +135,7 @@ class Curtain {
                        " UTMy: " + FormattaNumero(point.nordVero, "######0.0#") + " Rho: ";
     const bool placed = !work.before.text.empty() && !work.behind.text.empty();
     for (std::size_t c = 1; c <= MaxChannels; ++c) {
-      if ((point.letture & BitDi(c)) == 0) continue;
+      if ((point.inUso & BitDi(c)) == 0) continue;
       if (!placed || !std::isfinite(point.resistivity.at(c))) {
         ++work.skipped;
       } else {
@@ -158,6 +163,7 @@ class Curtain {
   const ColourLookup colours_;
   const std::array<Level, MaxChannels + 1> levels_;
   std::vector<const SectionPoint*> points_;
+  std::size_t excluded_ = 0;
   std::atomic<std::size_t> skipped_{0};
 };
 
@@ -173,6 +179,10 @@ void SalvaKML(KmlGoogle& kml, const Section& section, const CurtainRequest& requ
       [&curtain](std::string& out, std::size_t first, std::size_t end) { curtain.compose(out, first, end); },
       [&kml](std::string_view text) { kml.PolygonsToKml(text); });
   kml.CloseKml();
+  if (curtain.excluded() > 0) {
+    findings.note("SalvaKML",
+                  Quanti(curtain.excluded(), "excluded reading has", "excluded readings have") + " no cell");
+  }
   if (curtain.skipped() > 0) {
     findings.fault("SalvaKML",
                    "cells without a finite resistivity or place left out: " + std::to_string(curtain.skipped()));

@@ -56,9 +56,9 @@ class Row {
   std::string& out_;
 };
 
-std::string Intestazione() {
+std::string Intestazione(const Survey& survey) {
   std::string header;
-  for (const TableColumn& column : ColonneTabella()) header.append(header.empty() ? "" : ",").append(column.name);
+  for (const TableColumn& column : ColonneTabella(survey)) header.append(header.empty() ? "" : ",").append(column.name);
   return header + "\n";
 }
 
@@ -80,13 +80,16 @@ void AggiungiRiga(std::string& out, const Survey& survey, std::size_t n) {
   row.addAll(m.Rho);
   row.add(m.Scartata ? 1 : 0);
   row.add(m.Interpolata ? 1 : 0);
+  for (std::size_t c = 1; c <= MaxChannels && survey.qualita.inVigore(); ++c) {
+    row.add(HaLettura(m, c) && !InUso(m, c) ? 1 : 0);
+  }
   row.end();
 }
 
 }  // namespace
 
 void SalvaTabella(FileWriter& out, const Survey& survey) {
-  out.write(Intestazione());
+  out.write(Intestazione(survey));
   const auto compose = [&survey](std::string& text, std::size_t first, std::size_t end) {
     for (std::size_t n = first + 1; n <= end; ++n) AggiungiRiga(text, survey, n);
   };

@@ -27,6 +27,12 @@ inline constexpr Colour InkColour = 0x202020;
 /// Height of the letters of a picture so many pixels high.
 constexpr std::int32_t AltezzaCarattere(std::int32_t height) { return height < 720 ? 12 : height / 60; }
 
+/// Beside the colour of a quadrilateral: its outline alone is painted.
+inline constexpr Colour OutlineOnly = 0x01000000;
+
+/// Cells of readings that are excluded.
+inline constexpr Colour ExcludedOutline = OutlineOnly | 0x8A8A8A;
+
 /// A filled quadrilateral with an outline of its own colour.
 struct PixelQuad {
   std::array<PuntoPixel, 4> corner;

@@ -132,10 +132,23 @@ void SpanPainter::quad(const PixelQuad& quad) {
   const auto [top, bottom] = std::minmax({c[0].Y, c[1].Y, c[2].Y, c[3].Y});
   if (right < 0 || left >= buffer_.width || bottom < top_ || top >= bottom_) return;
   const std::int32_t first = std::max(top, top_), last = std::min(bottom, bottom_ - 1);
-  if (left > -Near && right < Near && top > -Near && bottom < Near) {
+  if ((quad.colour & OutlineOnly) != 0) {
+    outline(quad, first, last);
+  } else if (left > -Near && right < Near && top > -Near && bottom < Near) {
     fill<std::int32_t>(quad, first, last);
   } else {
     fill<std::int64_t>(quad, first, last);
+  }
+}
+
+/// The pixels of the four edges in the rows first..last.
+void SpanPainter::outline(const PixelQuad& quad, std::int32_t first, std::int32_t last) const {
+  const auto paint = [&](std::int32_t y, std::int32_t low, std::int32_t high) {
+    row(y, low, high, quad.colour | Opaque);
+  };
+  const auto& c = quad.corner;
+  for (std::size_t i = 0; i < c.size(); ++i) {
+    PercorriLinea<std::int64_t>(Tenuto(c[i]), Tenuto(c[(i + 1) % c.size()]), first, last, paint);
   }
 }
 

@@ -16,7 +16,7 @@ namespace corvan {
 ///
 /// A quadrilateral covers in each row the span from the leftmost to the rightmost pixel of its four edges: fill and
 /// outline in one pass, and at least one pixel whatever its shape. Corners farther than 2^29 pixels away are drawn as
-/// if they lay there.
+/// if they lay there. One whose colour has OutlineOnly paints the pixels of its edges.
 class SpanPainter {
  public:
   /// @param buffer must outlive the painter
@@ -36,6 +36,7 @@ class SpanPainter {
 
   template <class Integer>
   void fill(const PixelQuad& quad, std::int32_t first, std::int32_t last);
+  void outline(const PixelQuad& quad, std::int32_t first, std::int32_t last) const;
   void row(std::int32_t y, std::int32_t low, std::int32_t high, std::uint32_t pixel) const;
 
   PixelBuffer buffer_;

@@ -29,14 +29,14 @@ std::string TestoPercentili(const Percentiles& share) {
   return "p" + TestoNumero(share.low) + "," + TestoNumero(share.high);
 }
 
-/// The readings that have a cell.
+/// The readings that have a coloured cell.
 std::vector<float> LettureConCella(const Survey& survey) {
   std::vector<float> readings;
   readings.reserve(MaxChannels * survey.Misure.size());
   for (const Misura& m : survey.Misure) {
     if (!Tenuta(m)) continue;
     for (std::size_t c = 1; c <= MaxChannels; ++c) {
-      if (HaLettura(m, c) && std::isfinite(m.Rho.at(c))) readings.push_back(m.Rho.at(c));
+      if (InUso(m, c) && std::isfinite(m.Rho.at(c))) readings.push_back(m.Rho.at(c));
     }
   }
   return readings;

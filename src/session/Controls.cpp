@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <stdexcept>
 
 namespace corvan {
@@ -66,6 +67,14 @@ void Tavolozza(Session& s, const std::string&) {
   s.survey.colori().scegli(Which);
 }
 
+template <std::optional<double> QualityLimits::*Limit>
+void Limita(Session& s, const std::string& text) {
+  const double least = Limit == &QualityLimits::rhoMin || Limit == &QualityLimits::rhoMax
+                           ? -std::numeric_limits<double>::infinity()
+                           : 0.0;
+  s.survey.qualita().digita(Limit, {"Quality", "limit", least}, text);
+}
+
 void Zoom(Session& s, const std::string& text) {
   s.view.FrameView.Zoomtxt = text;
   const auto zoom = NumeroDaCasella<float>(text, ZoomBox, s.findings());
@@ -109,6 +118,17 @@ constexpr std::array Table{
     Control{"SelectLast_Click", nullptr, [](S& s, T) { s.selection.FrameExtrema.visible = true; }},
     Control{"E1Txt_KeyPress", "Select First Data", Estremo<Extreme::First>},
     Control{"E2txt_KeyPress", "Select Last Data", Estremo<Extreme::Second>},
+    Control{"Quality_Click", nullptr, [](S& s, T) { s.survey.qualita().FrameQuality.visible = true; }},
+    Control{"MinCurrentTxt_KeyPress", "Quality", Limita<&QualityLimits::corrente>},
+    Control{"MinPotentialTxt_KeyPress", "Quality", Limita<&QualityLimits::potenziale>},
+    Control{"MaxDeviationTxt_KeyPress", "Quality", Limita<&QualityLimits::deviazione>},
+    Control{"RhoMinTxt_KeyPress", "Quality", Limita<&QualityLimits::rhoMin>},
+    Control{"RhoMaxTxt_KeyPress", "Quality", Limita<&QualityLimits::rhoMax>},
+    Control{"DespikeChk_Click", "Quality", [](S& s, T) { s.survey.qualita().alternaPicchi(); }},
+    Control{"DespikeTxt_KeyPress", "Quality", [](S& s, T t) { s.survey.qualita().digitaFattore(t); }},
+    Control{"DespikeWidthTxt_KeyPress", "Quality", [](S& s, T t) { s.survey.qualita().digitaFinestra(t); }},
+    Control{"NegativeChk_Click", "Quality", [](S& s, T) { s.survey.qualita().alternaNegative(); }},
+    Control{"ForgetCmd_Click", "Forget Choices by Hand", [](S& s, T) { s.survey.qualita().dimenticaScelte(); }},
     Control{"Undo_Click", "Undo", [](S& s, T) { s.annulla(); }},
 
     Control{"EmCmd_Click", "Data Translation", Passo<Translation::DataEast, -1>},

@@ -48,6 +48,12 @@ struct ExtremaPanel {
   std::string SecondoLbl = "Extreme: 2";
 };
 
+/// "Quality": the limits stand with the survey; these are what its boxes show beside them.
+struct QualityPanel {
+  bool visible = false;
+  Despike picchi;  ///< what ticking "Spikes" asks for
+};
+
 /// "View": the texts of its boxes and the angles that the mouse may turn.
 struct ViewPanel {
   std::string Thetatxt = "90.";  ///< degrees

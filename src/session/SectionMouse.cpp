@@ -40,10 +40,11 @@ bool SectionMouse::oltre(const PuntoPixel& at) const {
   return std::abs(at.X - press_.X) + std::abs(at.Y - press_.Y) > slack_;
 }
 
-void SectionMouse::premi(const PuntoPixel& at) {
+void SectionMouse::premi(const PuntoPixel& at, SectionPress why) {
   const SectionLayout& layout = desk_.disposta();
   if (dragging_ != SectionDrag::Nothing || layout.blocks.empty()) return;
   press_ = at;
+  why_ = why;
   before_ = layout.window;
   wished_ = desk_.view().window;
   dragging_ = SectionDrag::Press;
@@ -75,7 +76,8 @@ void SectionMouse::tendi(const PuntoPixel& at) {
 SectionChoice SectionMouse::rilascia(const PuntoPixel& at) {
   muovi(at);
   SectionChoice asked;
-  if (dragging_ == SectionDrag::Press) asked.pick = bersaglio(at);
+  if (dragging_ == SectionDrag::Press && why_ == SectionPress::Toggle) asked.toggle = lettura(at);
+  if (dragging_ == SectionDrag::Press && why_ == SectionPress::Choose) asked.pick = bersaglio(at);
   asked.section = stretch_;
   lascia();
   return asked;

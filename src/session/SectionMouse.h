@@ -19,7 +19,11 @@ enum class SectionDrag { Nothing, Press, Scroll, Range };
 struct SectionChoice {
   std::optional<std::int32_t> pick;
   std::optional<std::pair<std::int32_t, std::int32_t>> section;  ///< the first one is the smaller
+  std::optional<ReadingUnder> toggle;                            ///< a reading to be excluded, or taken again
 };
+
+/// What a click is for.
+enum class SectionPress { Choose, Toggle };
 
 /// Places are pixels of the picture. A press on a line's strip of the track, which is the air above its water and the
 /// axis below it, begins a stretch; any other one moves the section along. Either is a click where it goes no farther
@@ -31,7 +35,7 @@ class SectionMouse {
   /// @param slack how far a press may be dragged and still be a click, pixels
   void portata(std::int32_t slack) { slack_ = slack; }
 
-  void premi(const PuntoPixel& at);
+  void premi(const PuntoPixel& at, SectionPress why = SectionPress::Choose);
   void muovi(const PuntoPixel& at);
   SectionChoice rilascia(const PuntoPixel& at);
   /// Shows the whole line where a click would choose nothing.
@@ -70,6 +74,7 @@ class SectionMouse {
   const Survey& survey_;
   std::int32_t slack_ = 10;
   SectionDrag dragging_ = SectionDrag::Nothing;
+  SectionPress why_ = SectionPress::Choose;
   PuntoPixel press_;
   TrackWindow before_;                 ///< at the press
   std::optional<TrackWindow> wished_;  ///< likewise, as the view has it

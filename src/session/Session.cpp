@@ -214,9 +214,15 @@ void Session::esegui(const PictureRequest& request) {
 void Session::esegui(const SectionChoice& choice) {
   if (choice.pick || choice.section) findings_.comincia("Select Data");
   if (choice.pick) selection.scegli(*choice.pick);
+  if (choice.toggle) escludi(*choice.toggle);
   if (!choice.section) return;
   selection.imposta(Extreme::First, choice.section->first);
   selection.imposta(Extreme::Second, choice.section->second);
+}
+
+void Session::escludi(const ReadingUnder& reading) {
+  findings_.comincia("Exclude Reading");
+  survey.qualita().alterna(reading.measurement, reading.channel);
 }
 
 void Session::annulla() { history_.annulla(); }

@@ -67,6 +67,9 @@ class Session {
   /// Likewise on the flat section.
   void esegui(const SectionChoice& choice);
 
+  /// Excludes a reading, or takes an excluded one again.
+  void escludi(const ReadingUnder& reading);
+
   /// What Ctrl+Z would take back; empty for nothing.
   std::string annullabile() const { return history_.prossimo(); }
   void annulla();

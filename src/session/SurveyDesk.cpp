@@ -45,6 +45,7 @@ void SurveyDesk::analizza() {
   TrappolaUnaVolta(desk_.findings, "AnalisiFile", [this] {
     Findings found;
     fixes_ = AnalisiFile(survey_, found);
+    qualita_.applica(found);
     desk_.findings.addUnaVolta(found);
     colori_.segui();
     desk_.tell(Change::Analysis);
@@ -70,6 +71,12 @@ void SurveyDesk::scartaTutto() {
   ScartaSenzaTraccia(survey_);
   fixes_.discarded = survey_.Misure.size();
   colori_.segui();
+}
+
+/// Other readings are excluded than before.
+void SurveyDesk::mostraQualita() {
+  colori_.segui();
+  desk_.tell(Change::Cells);
 }
 
 void SurveyDesk::rifai() {

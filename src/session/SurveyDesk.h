@@ -13,6 +13,7 @@
 #include "session/ColourDesk.h"
 #include "session/Desk.h"
 #include "session/Panels.h"
+#include "session/QualityDesk.h"
 #include "survey/Survey.h"
 #include "track/TrackAnalysis.h"
 
@@ -32,6 +33,8 @@ class SurveyDesk {
   const ColourScale& colours() const { return colori_.scale(); }
   ColourDesk& colori() { return colori_; }
   const ColourDesk& colori() const { return colori_; }
+  QualityDesk& qualita() { return qualita_; }
+  const QualityDesk& qualita() const { return qualita_; }
   /// The line of information on the picture.
   const std::string& info() const { return info_; }
   /// It warns: the user shall see it.
@@ -69,6 +72,7 @@ class SurveyDesk {
   std::string chiarisciZona() const;
   float profonditaDaiVicini(std::size_t k) const;
   void rilevaLettura();
+  void mostraQualita();
   void rilevaGettoni(const std::string& cable);
   void rilevaPosizioni();
 
@@ -77,6 +81,7 @@ class SurveyDesk {
   ZoneConstants zona_;
   TrackResult fixes_;
   ColourDesk colori_{desk_, survey_};
+  QualityDesk qualita_{desk_, survey_, [this] { mostraQualita(); }};
   std::string info_;
   bool warns_ = false;
 };

@@ -114,6 +114,7 @@ void SurveyDesk::leggiFile(Survey& survey, const ReadOptions& options) {
 void SurveyDesk::prendi(Survey survey) {
   survey.tracciaEst = std::move(survey_.tracciaEst);
   survey.cavo = survey_.cavo;
+  survey.qualita.limiti = survey_.qualita.limiti;
   survey_ = std::move(survey);
   azzera();
   desk_.tell(Change::Survey);

@@ -11,6 +11,7 @@
 #include "survey/ExternalTrack.h"
 #include "survey/Misura.h"
 #include "survey/Punto3D.h"
+#include "survey/Quality.h"
 
 namespace corvan {
 
@@ -82,6 +83,7 @@ struct Survey {
   Settings settings;
   Cable cavo;
   TrackExtent traccia;
+  Quality qualita;
   ExternalTrack tracciaEst;  ///< kept from one reading to the next
 
   std::int32_t NumMisure() const { return static_cast<std::int32_t>(Misure.size()); }

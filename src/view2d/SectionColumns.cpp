@@ -130,7 +130,7 @@ void CelleDi(const SectionModel& model, const SectionLayout& layout, const Secti
     const SectionLine& line = model.lines[k];
     const Stretch seen = Visibili(model, layout, block, line, behind, 1.25 * line.step + pixel);
     if (seen.from == seen.to) continue;
-    CellWalk walk(model, model.rho.at(channel), line, seen.from);
+    CellWalk walk(model, model.celle(channel), line, seen.from);
     for (std::size_t x = 0; x < shown.size(); ++x) {
       const double from = zero + static_cast<double>(x) * pixel;
       const std::uint32_t measurement = walk.mostra(from, from + pixel);

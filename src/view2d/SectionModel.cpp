@@ -60,6 +60,7 @@ void PrendiValori(SectionModel& model, const Survey& survey) {
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     model.rho.at(c).assign(count, None);
     model.potential.at(c).assign(count, None);
+    if (survey.qualita.escluse > 0) model.lette.at(c).assign(count, None);
   }
   InDueMeta(count, [&](std::size_t from, std::size_t to) {
     for (std::size_t i = from; i < to; ++i) {
@@ -69,6 +70,8 @@ void PrendiValori(SectionModel& model, const Survey& survey) {
       model.depth[i] = std::abs(m.Val12);
       for (std::size_t c = 1; c <= MaxChannels; ++c) {
         if (!HaLettura(m, c)) continue;
+        if (!model.lette[c].empty()) model.lette[c][i] = m.Rho.at(c);
+        if (!InUso(m, c)) continue;
         model.rho[c][i] = m.Rho.at(c);
         model.potential[c][i] = std::abs(m.CanaleA.at(c));
       }

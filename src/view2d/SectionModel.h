@@ -41,7 +41,8 @@ struct SectionModel {
   std::vector<SectionLine> lines;
   std::vector<double> distance;                               ///< of the boat, m; never falls
   std::vector<std::uint32_t> line;                            ///< of the measurement, index into lines
-  std::array<std::vector<float>, MaxChannels + 1> rho;        ///< ohm m, per channel
+  std::array<std::vector<float>, MaxChannels + 1> rho;        ///< ohm m, per channel; NaN for an excluded reading
+  std::array<std::vector<float>, MaxChannels + 1> lette;      ///< likewise with the excluded ones; empty without any
   std::array<std::vector<float>, MaxChannels + 1> potential;  ///< its size without its sign, mV, likewise
   std::vector<float> current;                                 ///< mA
   std::vector<float> depth;                                   ///< of the water, m
@@ -57,6 +58,10 @@ struct SectionModel {
   std::vector<std::string> lacks;  ///< what cannot be shown as it should, one sentence each
 
   std::size_t size() const { return distance.size(); }
+  /// Resistivities of all readings of a channel that have a cell, if only its outline.
+  const std::vector<float>& celle(std::size_t channel) const {
+    return lette.at(channel).empty() ? rho.at(channel) : lette.at(channel);
+  }
   /// The firing is kept: it can show cells. @param k 1-based
   bool tenuta(std::size_t k) const { return !lost[k - 1]; }
 };

@@ -52,18 +52,40 @@ struct Painting {
   }
 };
 
-/// Cells: all pixel rows of a channel are alike, so one is coloured and copied. Box by box it took forty times as long.
-void DisegnaCelle(const Painting& p, const SectionBlock& block, const ColourLookup& colour) {
+/// One row of pixels through a channel's cells. Excluded readings show the outline of theirs.
+/// @param shown measurement of each column, 0 for none @param edge of the cells, not through their middle
+std::vector<std::uint32_t> ColoraRiga(const std::vector<std::uint32_t>& shown, const std::vector<float>& rho,
+                                      const ColourLookup& colour, bool edge) {
   constexpr std::uint32_t opaque = 0xFF000000U;
+  std::vector<std::uint32_t> pixels(shown.size(), opaque | qbcolor::White);
+  for (std::size_t x = 0; x < shown.size(); ++x) {
+    const std::uint32_t k = shown[x];
+    if (k == 0) continue;
+    if (std::isfinite(rho[k - 1])) {
+      pixels[x] = opaque | colour(rho[k - 1]);
+      continue;
+    }
+    const bool side = x == 0 || x + 1 == shown.size() || shown[x - 1] != k || shown[x + 1] != k;
+    if (edge || side) pixels[x] = opaque | ExcludedOutline;
+  }
+  return pixels;
+}
+
+/// Cells: all pixel rows of a channel are alike but for outlines, so one is coloured and copied. Box by box it took
+/// forty times as long.
+void DisegnaCelle(const Painting& p, const SectionBlock& block, const ColourLookup& colour) {
   const PixelBuffer picture = p.canvas.picture();
   std::vector<std::uint32_t> shown;
   for (const SectionRow& row : RigheDi(p.model, p.layout)) {
     CelleDi(p.model, p.layout, block, row.channel, shown);
     const std::vector<float>& rho = p.model.rho.at(row.channel);
-    for (std::uint32_t& x : shown) x = opaque | (x == 0 ? qbcolor::White : colour(rho[x - 1]));
+    const bool outlines = !p.model.lette.at(row.channel).empty();
+    const std::vector<std::uint32_t> middle = ColoraRiga(shown, rho, colour, false);
+    const std::vector<std::uint32_t> edge = outlines ? ColoraRiga(shown, rho, colour, true) : middle;
     const auto [top, bottom] = RigheDiPixel(p.layout, block, row);
     for (std::int32_t y = top; y < bottom; ++y) {
-      std::copy(shown.begin(), shown.end(), picture.pixels + y * picture.stride + block.plot.left);
+      const std::vector<std::uint32_t>& pixels = y == top || y + 1 == bottom ? edge : middle;
+      std::copy(pixels.begin(), pixels.end(), picture.pixels + y * picture.stride + block.plot.left);
     }
   }
 }

@@ -76,6 +76,10 @@ std::string DescriviLettura(const Survey& survey, const SectionModel& model, con
   text += "; V " + Breve(m.CanaleA.at(c)) + " mV, I " + Breve(m.Val180) + " mA, K " +
           Breve(survey.traccia.FattoreK.at(c)) + " m; boat at " + FormattaNumero(m.UTMx, "0.0") + " E, " +
           FormattaNumero(m.UTMy, "0.0") + " N";
+  if (m.ConQualita) {
+    text += "; deviation " + Breve(m.Deviazione.at(c)) + " %, chargeability " + Breve(m.Caricabilita.at(c)) + " mV/V";
+  }
+  if (!InUso(m, c)) text += "; excluded";
   return text;
 }
 

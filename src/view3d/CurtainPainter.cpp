@@ -83,10 +83,11 @@ class Pass {
     Colora(column, scale_, light_, colours_);
     for (std::size_t k = 0; k < MaxChannels; ++k) {
       PixelQuad& quad = quads[count];
-      quad = {shape_.corners(k), colours_[k]};
+      const bool outlined = (column.escluse & BitDi(k + 1)) != 0;
+      quad = {shape_.corners(k), outlined ? ExcludedOutline : colours_[k]};
       const PixelBox box(quad.corner[0], quad.corner[1], quad.corner[2], quad.corner[3]);
       order[count] = ChiaveProfondita(shape_.before().y[k], count);
-      const bool painted = std::isfinite(column.rho[k]) && !box.outside(view_.AreaPixel, 0);
+      const bool painted = (outlined || std::isfinite(column.rho[k])) && !box.outside(view_.AreaPixel, 0);
       count += painted ? 1U : 0U;
     }
     return count;

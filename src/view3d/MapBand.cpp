@@ -95,8 +95,11 @@ void MapBand::prepara(const Curtain& cells, const ViewState& view, const ColourS
   const std::vector<Piece> pieces = Pezzi(cells, view);
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const Piece& p = pieces[i];
-    const float rho = p.present ? cells.columns(i + 1).rho.at(level - 1) : 0.0F;
-    if (!p.present || !std::isfinite(rho)) continue;
+    if (!p.present) continue;
+    const CellColumn& column = cells.columns(i + 1);
+    const float rho = column.rho.at(level - 1);
+    const bool outlined = (column.escluse & BitDi(level)) != 0;
+    if (!outlined && !std::isfinite(rho)) continue;
     const bool joinedBefore = i > 0 && Uniti(cells, i - 1, i),
                joinedBehind = i + 1 < pieces.size() && Uniti(cells, i, i + 1);
     const bool alone = !joinedBefore && !joinedBehind && p.from.x == p.to.x && p.from.y == p.to.y;
@@ -106,7 +109,7 @@ void MapBand::prepara(const Curtain& cells, const ViewState& view, const ColourS
     const Vector second = Giunto(p.way, joinedBehind ? pieces[i + 1].way : p.way);
     const PixelQuad quad{
         {Pixel(back, first, half), Pixel(front, second, half), Pixel(front, second, -half), Pixel(back, first, -half)},
-        scale(rho)};
+        outlined ? ExcludedOutline : scale(rho)};
     order_.push_back(quads_.size());
     quads_.push_back(quad);
     owner_.push_back(static_cast<std::uint32_t>(i + 1));

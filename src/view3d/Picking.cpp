@@ -98,6 +98,14 @@ class Sketch {
   Side last_;  // neighbours share a side
 };
 
+/// @param k level from 0
+bool Esclusa(const CellColumn& column, std::size_t k) { return (column.escluse & BitDi(k + 1)) != 0; }
+
+/// @param i measurement, from 1 @param k level, from 0
+CellaVista Cella(const CellColumn& column, std::size_t i, std::size_t k) {
+  return {static_cast<std::int32_t>(i), static_cast<std::int32_t>(k + 1), column.rho.at(k), Esclusa(column, k)};
+}
+
 /// The piece of the map's band that a pixel shows: the one painted last.
 std::optional<CellaVista> PezzoSotto(const Curtain& cells, const ViewState& view, const PuntoPixel& pixel) {
   MapBand band;
@@ -106,7 +114,7 @@ std::optional<CellaVista> PezzoSotto(const Curtain& cells, const ViewState& view
     if (!Copre(band.quads()[k].corner, pixel)) continue;
     const std::size_t i = band.misura(k);
     const auto level = static_cast<std::size_t>(view.mappa.livello);
-    return CellaVista{static_cast<std::int32_t>(i), view.mappa.livello, cells.columns(i).rho.at(level - 1)};
+    return Cella(cells.columns(i), i, level - 1);
   }
   return std::nullopt;
 }
@@ -177,10 +185,12 @@ std::optional<CellaVista> CellaSotto(const Scene& scene, const ViewState& view, 
     if (!shape.prendi(column)) continue;
     for (std::size_t k = 0; k < MaxChannels; ++k) {
       const DepthKey key = ChiaveProfondita(shape.before().y[k], MaxChannels * (i - 1) + k);
-      if ((found && key < best) || !std::isfinite(column.rho[k]) || !Copre(shape.corners(k), pixel)) continue;
+      if ((found && key < best) || !(std::isfinite(column.rho[k]) || Esclusa(column, k)) ||
+          !Copre(shape.corners(k), pixel))
+        continue;
       best = key;
       bestDepth = shape.before().y[k];
-      found = CellaVista{static_cast<std::int32_t>(i), static_cast<std::int32_t>(k + 1), column.rho[k]};
+      found = Cella(column, i, k);
     }
   }
   return found;

@@ -27,6 +27,7 @@ struct CellaVista {
   std::int32_t misura = 0;   ///< 1-based
   std::int32_t livello = 0;  ///< 1..10 from the surface
   float resistivita = 0;     ///< apparent, ohm m
+  bool esclusa = false;      ///< the reading is excluded: its outline alone is seen
 };
 
 /// The cell that a pixel shows: of those with a reading that cover it the one that is painted last. Labels and lines

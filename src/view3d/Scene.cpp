@@ -57,7 +57,7 @@ CellColumn CreaColonna(const Survey& survey, const Origin& origin, std::size_t i
   if (!Tenuta(m)) return column;
   const Place before = Confina(survey, i - 1, m) ? origin.between(survey.Misure(i - 1), m) : origin.of(m);
   const Place behind = Confina(survey, i + 1, m) ? origin.between(m, survey.Misure(i + 1)) : origin.of(m);
-  column = {before.x, before.y, behind.x, behind.y, {}, true};
+  column = {before.x, before.y, behind.x, behind.y, {}, true, static_cast<ReadingSet>(m.letture & m.escluse)};
   for (std::size_t c = 1; c <= MaxChannels; ++c) column.rho.at(c - 1) = HaLettura(m, c) ? m.Rho.at(c) : NoCell;
   return column;
 }

@@ -21,6 +21,7 @@ struct CellColumn {
   float x2 = 0, y2 = 0;                  ///< the edge towards the one behind
   std::array<float, MaxChannels> rho{};  ///< apparent resistivity of levels 1..10, ohm m; NaN without a reading
   bool present = false;                  ///< the measurement has a position and is not left out
+  ReadingSet escluse = 0;                ///< readings that show their outline alone
 };
 
 /// Cells are numbered c = 10 (i - 1) + k for measurement i and level k.

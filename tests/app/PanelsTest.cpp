@@ -94,6 +94,7 @@ TEST(Panels, CloseByEscapeWhereTheFocusIsAndByTheirMark) {
   } panels[] = {{"Ctrl+O", "FrameFileIn", "File1"},
                 {"Ctrl+S", "FrameFileOut", "FileOutTxt"},
                 {"Ctrl+1", "FrameExtrema", "E1Txt"},
+                {"Ctrl+Y", "FrameQuality", "RhoMinTxt"},
                 {"F8", "FrameDataMove", "TestTxt"},
                 {"F8", "FrameDepthMove", "DTestTxt"}};
   for (const auto& p : panels) {
@@ -137,7 +138,7 @@ TEST(Panels, AreNeverCutAndScrollWhereTheyDoNotFit) {
     Window w;
     w.window.resize(size);
     w.readPlan();
-    for (const char* key : {"Ctrl+O", "Ctrl+S", "Ctrl+1", "F8"}) w.key(key);
+    for (const char* key : {"Ctrl+O", "Ctrl+S", "Ctrl+1", "Ctrl+Y", "F8"}) w.key(key);
     QCoreApplication::processEvents();
     EXPECT_EQ(w.window.size(), size) << "the panels ask for no more";
     for (const char* name : {"LeftColumn", "RightColumn"}) {

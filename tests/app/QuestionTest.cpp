@@ -184,7 +184,7 @@ TEST(TypedTexts, InEveryBoxAreAnsweredAndChangeNoSize) {
       EXPECT_EQ(w.window.statusBar()->minimumSizeHint(), least) << control.name;
     }
   }
-  EXPECT_EQ(boxes, 10U);
+  EXPECT_EQ(boxes, 17U);
   EXPECT_FALSE(w.picture()->picture().isNull());
 }
 

@@ -120,7 +120,8 @@ TEST(StatusBar, CoordinatesAreThoseOfTheMeasurementThere) {
     ASSERT_TRUE(grid);
     EXPECT_EQ(TestoCoordinate(*grid).toStdString(), c.text);
   }
-  EXPECT_EQ(TestoCella(3, 12.345).toStdString(), "level 3, 12.35 Ohm m");
+  EXPECT_EQ(TestoCella({7, 3, 12.345F, false}).toStdString(), "level 3, 12.35 Ohm m");
+  EXPECT_EQ(TestoCella({7, 10, -0.5F, true}).toStdString(), "level 10, -0.5 Ohm m, excluded");
 }
 
 // Seen from the side the ten levels of the middle measurement hang one below the other.

@@ -50,7 +50,7 @@ TEST(Columns, AreThoseOfTheCsvFieldByField) {
   SalvaTabella(out, survey);
   out.close();
   const std::string csv = test::Slurp(folder / "t.csv");
-  const auto& columns = ColonneTabella();
+  const auto& columns = ColonneTabella(survey);
   ASSERT_EQ(columns.size(), 59U);
   std::size_t at = 0;
   for (std::size_t n = 0; n <= 3; ++n) {
@@ -62,6 +62,39 @@ TEST(Columns, AreThoseOfTheCsvFieldByField) {
       EXPECT_EQ(n == 0 ? columns[k].name : TestoValore(columns[k].at(survey, n)), fields[k]) << columns[k].name << n;
     }
   }
+}
+
+TEST(Columns, OfExcludedReadingsStandBehindTheRestWhileAnyAreJudged) {
+  Survey survey = test::Measurements({{500000, 5030000}, {500010.5, 5030001.25}});
+  const test::TempFolder folder;
+  const auto table = [&] {
+    FileWriter out(folder / "t.csv");
+    SalvaTabella(out, survey);
+    out.close();
+    return test::Slurp(folder / "t.csv");
+  };
+  const std::string plain = table();
+  survey.Misure(2).escluse = static_cast<ReadingSet>(BitDi(3) | BitDi(10) | BitDi(4));
+  survey.Misure(2).letture = static_cast<ReadingSet>(AllReadings & ~BitDi(4));
+  EXPECT_EQ(table(), plain) << "nothing is in force";
+  survey.qualita.aMano[{1, 5}] = false;
+  const std::string judged = table();
+  std::string header = ",excluded1", zeros = ",0";
+  for (int c = 2; c <= 10; ++c) header += ",excluded" + std::to_string(c), zeros += ",0";
+  const std::vector<std::string> lines{
+      plain.substr(0, plain.find('\n')),
+      plain.substr(plain.find('\n') + 1, plain.rfind('\n', plain.size() - 2) - plain.find('\n') - 1),
+      plain.substr(plain.rfind('\n', plain.size() - 2) + 1)};
+  EXPECT_EQ(judged, lines[0] + header + "\n" + lines[1] + zeros + "\n" + lines[2].substr(0, lines[2].size() - 1) +
+                        ",0,0,1,0,0,0,0,0,0,1\n")
+      << "a reading that does not exist is not excluded";
+  const auto& columns = ColonneTabella(survey);
+  ASSERT_EQ(columns.size(), 69U);
+  EXPECT_EQ(columns[61].name, "excluded3");
+  EXPECT_EQ(TestoValore(columns[61].at(survey, 2)) + TestoValore(columns[61].at(survey, 1)), "10");
+  survey.qualita = {};
+  survey.qualita.limiti.negative = true;
+  EXPECT_EQ(ColonneTabella(survey).size(), 69U);
 }
 
 TEST(Columns, NameTheirUnits) {
@@ -80,8 +113,8 @@ TEST(Columns, NameTheirUnits) {
                                                                               {56, {"rho10", "Ohm\u00B7m"}},
                                                                               {58, {"interpolated", ""}}};
   for (const auto& [k, column] : some) {
-    EXPECT_EQ(ColonneTabella().at(k).name, column.first);
-    EXPECT_STREQ(ColonneTabella().at(k).unit, column.second) << column.first;
+    EXPECT_EQ(ColonneTabella(Survey()).at(k).name, column.first);
+    EXPECT_STREQ(ColonneTabella(Survey()).at(k).unit, column.second) << column.first;
   }
 }
 

@@ -244,13 +244,23 @@ TEST(Curtains, GoOnThroughAllBlocksEachCellBeginningWhereTheOneBeforeItEnds) {
 TEST(Curtains, LeaveOutCellsThatAreNotFiniteOrNotThere) {
   CurtainFixture f({{500000, 1}});
   f.points[0].resistivity[4] = std::numeric_limits<float>::infinity();
-  f.points[0].letture = AllReadings & ~BitDi(7);
+  f.points[0].letture = f.points[0].inUso = AllReadings & ~BitDi(7);
   const std::string text = f.write();
   EXPECT_EQ(text.find("n.  1 -  4<"), std::string::npos);
   EXPECT_EQ(text.find("n.  1 -  7<"), std::string::npos);
   EXPECT_NE(text.find("n.  1 -  5<"), std::string::npos);
   EXPECT_EQ(test::Told(f.findings), "!cells without a finite resistivity or place left out: 1\n")
       << "an absent reading is no loss";
+}
+
+TEST(Curtains, LeaveOutExcludedReadingsAndSaySo) {
+  CurtainFixture f({{500000, 1}});
+  f.points[0].inUso = static_cast<ReadingSet>(AllReadings & ~BitDi(3) & ~BitDi(8));
+  const std::string text = f.write();
+  EXPECT_EQ(text.find("n.  1 -  3<"), std::string::npos);
+  EXPECT_EQ(text.find("n.  1 -  8<"), std::string::npos);
+  EXPECT_NE(text.find("n.  1 -  9<"), std::string::npos);
+  EXPECT_EQ(test::Told(f.findings), "-2 excluded readings have no cell\n");
 }
 
 TEST(Tables, HoldEveryNumberAtFullPrecision) {

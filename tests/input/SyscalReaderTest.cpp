@@ -133,6 +133,28 @@ TEST(NonFinite, PositionsAreLostAndReadingsStay) {
   EXPECT_TRUE(past.says({"2 records with a position that is not a finite number"}));
 }
 
+// Offsets 80 and 84 are looked up in the bytes, so that two that change places are seen.
+TEST(Quality, IsKeptForEachChannelWhereTheFileHoldsAny) {
+  const test::TempFolder folder;
+  std::vector<test::RecordValues> records = test::Firings(3, 2);
+  records[2].chargeability = -1.5F;
+  records[2].deviation = 0.25F;
+  records[3].chargeability = 7.5F;
+  records[5].deviation = std::numeric_limits<float>::quiet_NaN();
+  std::string file = test::SyscalFile(records);
+  EXPECT_EQ(file.substr(FirstRecord + 2 * 304 + 80, 8), std::string("\0\0\xC0\xBF\0\0\x80\x3E", 8));
+  const FileRead read = LeggiSyscalPro2(folder.write("quality.bin", file), {});
+  ASSERT_EQ(read.measurements.size(), 3U);
+  EXPECT_FALSE(read.measurements[0].ConQualita) << "zeros say nothing";
+  EXPECT_TRUE(read.measurements[1].ConQualita);
+  EXPECT_EQ(read.measurements[1].Caricabilita[1], -1.5F);
+  EXPECT_EQ(read.measurements[1].Deviazione[1], 0.25F);
+  EXPECT_EQ(read.measurements[1].Caricabilita[2], 7.5F);
+  EXPECT_EQ(read.measurements[1].Deviazione[2], 0.0F);
+  EXPECT_TRUE(std::isnan(read.measurements[2].Deviazione[2]));
+  EXPECT_EQ(test::Told(read.findings).find("not finite"), std::string::npos) << "no reading or electrode";
+}
+
 TEST(UtmFiles, FillEastingAndNorthingOnly) {
   Reading r;
   r.options.layout.reset();

@@ -92,6 +92,8 @@ std::string SyscalFile(const std::vector<RecordValues>& records, std::int16_t ty
     r.scrivi(campo::R68, v.potential);
     r.scrivi(campo::R72, v.current);
     r.scrivi(campo::R76, v.rho);
+    r.scrivi(campo::Caricabilita, v.chargeability);
+    r.scrivi(campo::Qualita, v.deviation);
     r.scrivi(campo::Val248, v.bits);
     r.scrivi(campo::Canale, v.channel);
     r.scrivi(campo::GpsNord, v.north);

@@ -71,6 +71,7 @@ struct RecordValues {
   float north = 4524.5F, east = 1218.25F;
   double time = 46188.25;
   std::int16_t bits = 0;  ///< at offset 248
+  float chargeability = 0, deviation = 0;
 };
 
 /// A Syscal Pro file with these records. @param type record type word @param length record length for that word

@@ -252,6 +252,37 @@ TEST(Picking, FindsWhatIsPainted) {
   }
 }
 
+// Cells are 10 m wide; that of channel 3 of the third firing lies from -15 to -5 m and from 5 to 7 m of depth.
+TEST(Excluded, ReadingsShowTheirOutlineAndTakeNoPartInCurves) {
+  Survey survey = Bottomless(FlatSurvey({0, 10, 20, 30, 40}));
+  survey.Misure(3).escluse = BitDi(3);
+  survey.Misure(3).Rho.at(3) = 9.5F;
+  survey.Misure(3).ConQualita = true;
+  survey.Misure(3).Deviazione.at(3) = 12.5F;
+  survey.Misure(3).Caricabilita.at(3) = -3.25F;
+  survey.qualita.escluse = 1;
+  const Painted p(survey);
+  constexpr Colour grey = 0x8A8A8A;
+  EXPECT_EQ(p.at(-10, 6), qbcolor::White);
+  EXPECT_EQ(p.at(-14.9, 6), grey) << "left side";
+  EXPECT_EQ(p.at(-5.1, 6), grey) << "right side";
+  EXPECT_EQ(p.at(-10, 5.02), grey) << "upper side";
+  EXPECT_EQ(p.at(-10, 6.995), grey) << "lower side";
+  EXPECT_EQ(p.at(0, 6), ColourOf(4.03)) << "the firing behind it";
+  EXPECT_TRUE(std::isnan(p.model.rho[3][2]));
+  EXPECT_TRUE(std::isnan(p.model.potential[3][2]));
+  EXPECT_EQ(p.model.celle(3)[2], 9.5F);
+  const PixelArea& plot = p.layout.blocks.at(0).plot;
+  const double x = (-10 - p.layout.window.from) / p.layout.window.width() * plot.width();
+  const auto under = LetturaSotto(p.model, p.layout,
+                                  {plot.left + static_cast<std::int32_t>(x),
+                                   plot.top + static_cast<std::int32_t>(6 / p.layout.deepest * plot.height())});
+  ASSERT_TRUE(under.has_value());
+  const std::string text = DescriviLettura(survey, p.model, *under);
+  EXPECT_NE(text.find("channel 3: 9.50 Ohm"), std::string::npos) << text;
+  EXPECT_NE(text.find("; deviation 12.5 %, chargeability -3.25 mV/V; excluded"), std::string::npos) << text;
+}
+
 TEST(Picking, NamesTheReadingAndTheNearestFiring) {
   Survey survey = FlatSurvey({0, 10, 20, 60, 70, 80}, 3);
   survey.Misure(4).Scartata = true;

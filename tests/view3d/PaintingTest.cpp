@@ -12,8 +12,10 @@
 #include "picture/Bitmap.h"
 #include "picture/Legend.h"
 #include "picture/Palette.h"
+#include "picture/SpanPainter.h"
 #include "PlainCurtain.h"
 #include "view3d/DepthOrder.h"
+#include "view3d/Picking.h"
 #include "view3d/Projector.h"
 #include "view3d/Renderer.h"
 
@@ -196,6 +198,54 @@ TEST(SideView, ShowsACellSeenEdgeOnAtThirtyPercent) {
   painter.prepara(p.scene.cells, p.view, {0, 16});
   // Firing 1, level 1: rho 1.01 of 0..16 -> index round(16.16) = 16, 3900FE -> 0.3 of it.
   EXPECT_EQ(painter.quads()[0].colour, 0x11004CU);
+}
+
+// The cell of firing 3, level 1, reaches from column 132 to 168 and from row 91 to 109 or so.
+TEST(Excluded, CellsShowTheirOutlineAloneInEveryView) {
+  Survey survey = SurveyOf({{299980, 5e6}, {299990, 5e6}, {300000, 5e6}, {300010, 5e6}});
+  survey.Misure(3).escluse = BitDi(1);
+  Prepared p(std::move(survey));
+  p.colours = {{1, 5}};
+  p.view.AngoloVista = InRadianti(180);
+  p.view.layers.MostraElettrodi = false;
+  const Painted side(p);
+  EXPECT_EQ(side.at(150, 100), 0xFFFFFFU);
+  EXPECT_EQ(side.at(150, 91), 0x8A8A8AU) << "its upper edge";
+  EXPECT_NE(side.at(150, 118), 0xFFFFFFU) << "the level below is filled";
+  const auto cell = CellaSotto(p.scene, p.view, {150, 100});
+  ASSERT_TRUE(cell.has_value());
+  EXPECT_TRUE(cell->esclusa);
+  EXPECT_EQ(cell->misura, 3);
+  EXPECT_EQ(cell->resistivita, 3.01F) << "its value stands";
+  EXPECT_FALSE(CellaSotto(p.scene, p.view, {150, 118})->esclusa);
+  p.view.AngoloVista = InRadianti(90);
+  p.view.mappa = {1, 15};
+  const Painted map(p);
+  EXPECT_EQ(map.at(150, 91), 0xFFFFFFU) << "inside the band";
+  EXPECT_NE(map.at(115, 91), 0xFFFFFFU) << "its neighbour";
+  EXPECT_TRUE(CellaSotto(p.scene, p.view, {150, 91})->esclusa);
+  std::size_t grey = 0;
+  for (std::int32_t y = 80; y < 103; ++y) grey += map.at(150, y) == 0x8A8A8AU ? 1U : 0U;
+  EXPECT_EQ(grey, 2U) << "two long sides";
+}
+
+// A lying-down parallelogram: its outline is its fill without what no edge touches, in any part of the picture.
+TEST(Quadrilaterals, ThatAreOutlinesHaveThePixelsOfTheirEdges) {
+  const std::array<PuntoPixel, 4> corner{{{5, 40}, {60, 10}, {80, 30}, {25, 60}}};
+  TestCanvas outline(100, 80), lines(100, 80);
+  const PixelQuad quad{corner, OutlineOnly | 0x123456U};
+  const DepthKey key = 0;
+  outline.Quadrilateri({&quad, 1}, {&key, 1});
+  for (std::size_t i = 0; i < 4; ++i) lines.Linea(std::array{corner[i], corner[(i + 1) % 4]}, 0x123456U);
+  EXPECT_EQ(outline.pixels(), lines.pixels());
+  EXPECT_EQ(outline.at(42, 35), 0xFFFFFFU);
+  // Each half of the picture painted by its own painter joins to the same.
+  std::vector<std::uint32_t> halves(100 * 80, 0xFFFFFFFFU);
+  const PixelBuffer buffer{halves.data(), 100, 80, 100};
+  SpanPainter(buffer, 0, 33).quad(quad);
+  SpanPainter(buffer, 33, 80).quad(quad);
+  for (std::int32_t k = 0; k < 8000; ++k)
+    ASSERT_EQ(halves[static_cast<std::size_t>(k)] & 0xFFFFFFU, outline.at(k % 100, k / 100)) << k;
 }
 
 TEST(Batches, HaveNoCellBetweenTheirLines) {
