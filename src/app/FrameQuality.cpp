@@ -31,13 +31,13 @@ FrameQuality::FrameQuality(Session& session, std::function<void()> changed)
        "%");
   riga(grid, "Resistivity from",
        limite("RhoMinTxt", "Bad: a smaller apparent resistivity, Ohm m", &QualityLimits::rhoMin), "Ohm m");
-  riga(grid, "up to", limite("RhoMaxTxt", "Bad: a larger apparent resistivity, Ohm m", &QualityLimits::rhoMax),
+  riga(grid, "Resistivity to", limite("RhoMaxTxt", "Bad: a larger apparent resistivity, Ohm m", &QualityLimits::rhoMax),
        "Ohm m");
   const int spikes = grid->rowCount();
   grid->addWidget(DespikeChk_, spikes, 0);
   grid->addWidget(DespikeTxt_, spikes, 1);
   grid->addWidget(new QLabel("MAD"), spikes, 2);
-  riga(grid, "of measurements", DespikeWidthTxt_, "");
+  riga(grid, "in windows of", DespikeWidthTxt_, "meas.");
   grid->addWidget(NegativeChk_, spikes + 2, 0, 1, 3);
   QualityLbl_->setWordWrap(true);
   QualityLbl_->setTextFormat(Qt::PlainText);

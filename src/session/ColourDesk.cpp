@@ -88,6 +88,11 @@ void ColourDesk::preferisci(PaletteName palette, bool reversed, bool logarithmic
   deriva();
 }
 
+void ColourDesk::riprendi(const Choice& choice) {
+  choice_ = choice;
+  segui();
+}
+
 /// The range that the choice and the survey give.
 ColourRange ColourDesk::intervallo() const {
   if (choice_.from == RangeFrom::Typed) return choice_.typed;

@@ -31,6 +31,17 @@ class ColourDesk {
  public:
   enum class RangeFrom { Data, Percentiles, Typed };
 
+  /// What the user chose; the scale follows from it and the survey.
+  struct Choice {
+    PaletteName palette = PaletteName::Spectrum;
+    bool reversed = false;
+    bool logarithmic = false;
+    RangeFrom from = RangeFrom::Data;
+    Percentiles share;
+    ColourRange typed;
+    friend bool operator==(const Choice&, const Choice&) = default;
+  };
+
   ColourDesk(Desk desk, const Survey& survey) : desk_(std::move(desk)), survey_(survey) {}
 
   /// As pictures and files use it.
@@ -38,6 +49,9 @@ class ColourDesk {
   RangeFrom origine() const { return choice_.from; }
   /// Those in force, or last in force.
   const Percentiles& percentili() const { return choice_.share; }
+  const Choice& scelta() const { return choice_; }
+  /// Takes over what was chosen in another run; not to be undone.
+  void riprendi(const Choice& choice);
 
   /// A new reading: a typed range was that of the survey before. Palette, direction, logarithm and percentiles stay.
   void azzera();
@@ -56,17 +70,6 @@ class ColourDesk {
   void logaritmo(bool logarithmic);  ///< where a bound is 0 or less the scale is linear, which is said
 
  private:
-  /// What the user chose; the scale follows from it and the survey.
-  struct Choice {
-    PaletteName palette = PaletteName::Spectrum;
-    bool reversed = false;
-    bool logarithmic = false;
-    RangeFrom from = RangeFrom::Data;
-    Percentiles share;
-    ColourRange typed;
-    friend bool operator==(const Choice&, const Choice&) = default;
-  };
-
   void imposta(const char* what, const Choice& choice);
   void deriva();
   ColourRange intervallo() const;

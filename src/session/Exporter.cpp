@@ -13,6 +13,7 @@
 #include "export/SurveyTable.h"
 #include "export/TextWriters.h"
 #include "session/BoxNumbers.h"
+#include "session/Project.h"
 
 namespace corvan {
 namespace {
@@ -149,7 +150,9 @@ void Exporter::scriviSezione(const Section& section, const ExportRequest& reques
 
 void Exporter::scriviKml(const Section& section, const ExportRequest& request) {
   Trappola(desk_.findings, "NomeUscita", [&] {
-    const std::string answer = desk_.chiedi({.question = Question::KmlOffset, .details = "An empty answer is 0."});
+    const std::string answer = desk_.chiedi(
+        {.question = Question::KmlOffset, .defaultAnswer = proposedKml_, .details = "An empty answer is 0."});
+    quotaKml_ = answer;
     const std::optional<double> height =
         Rifila(answer).empty() ? std::optional(0.0)
                                : NumeroDaCasella<double>(answer, {"SalvaKML", "vertical offset"}, desk_.findings);
@@ -173,6 +176,26 @@ void Exporter::immagine(const std::filesystem::path& name, const std::function<s
   scriviFile("SalvaImmagine", name, [&compose](FileWriter& out) { out.write(compose()); });
 }
 
+void Exporter::proponi(double cable, double echo, std::string kml) {
+  offsetCavo_ = cable;
+  offsetEco_ = echo;
+  quotaKml_ = proposedKml_ = std::move(kml);
+}
+
+void Exporter::progetto(const std::filesystem::path& name, const std::string& text) {
+  Trappola(desk_.findings, "SaveProject", [&] {
+    std::error_code ignored;
+    constexpr std::size_t enough = 200;
+    const bool older =
+        std::filesystem::is_regular_file(name, ignored) && SembraProgetto(LeggiInizio(name, enough).text());
+    if (!older) outputs_.controlla(name);
+    FileWriter out(name);
+    out.write(text);
+    out.close();
+    annota(name);
+  });
+}
+
 /// Opens ROOT + extension, lets `body` write it and lists it as written; failures end in the findings.
 void Exporter::scrivi(const char* procedure, const std::string& root, const char* extension,
                       const std::function<void(FileWriter&)>& body) {
@@ -194,12 +217,17 @@ bool Exporter::salva(const char* procedure, const std::filesystem::path& name, c
   return Trappola(desk_.findings, procedure, [&] {
     outputs_.controlla(name);
     save();
-    outputs_.scritto(name);
-    ++step_.done;
-    const std::size_t command = desk_.findings.commands().size();
-    if (std::exchange(recentCommand_, command) != command) recent_.clear();
-    recent_.push_back(std::filesystem::absolute(name));
+    annota(name);
   });
+}
+
+/// Lists an output that is there.
+void Exporter::annota(const std::filesystem::path& name) {
+  outputs_.scritto(name);
+  ++step_.done;
+  const std::size_t command = desk_.findings.commands().size();
+  if (std::exchange(recentCommand_, command) != command) recent_.clear();
+  recent_.push_back(std::filesystem::absolute(name));
 }
 
 std::vector<std::filesystem::path> Exporter::ultimi() const {

@@ -56,6 +56,9 @@ class Exporter {
   /// Writes a picture. @param compose puts it into the bytes of its format
   void immagine(const std::filesystem::path& name, const std::function<std::string()>& compose);
 
+  /// Writes a project, also over an older one of any name.
+  void progetto(const std::filesystem::path& name, const std::string& text);
+
   /// Names a file that was read: it is never replaced.
   void proteggi(const std::filesystem::path& read) { outputs_.proteggi(read); }
   const std::vector<std::filesystem::path>& outputs() const { return outputs_.written(); }
@@ -65,6 +68,10 @@ class Exporter {
   void azzera() { section_.reset(); }
   /// The last answer to the question for it, m.
   double offsetCavo() const { return offsetCavo_; }
+  double offsetEco() const { return offsetEco_; }
+  const std::string& quotaKml() const { return quotaKml_; }
+  /// What the questions for the offsets offer from now on.
+  void proponi(double cable, double echo, std::string kml);
 
  private:
   std::optional<SectionRequest> chiediSezione(const ExportRequest& request);
@@ -76,6 +83,7 @@ class Exporter {
   void scriviFile(const char* procedure, const std::filesystem::path& name,
                   const std::function<void(FileWriter&)>& body);
   FileWriter::Progress progresso(const std::filesystem::path& name);
+  void annota(const std::filesystem::path& name);
   bool salva(const char* procedure, const std::filesystem::path& name, const std::function<void()>& save);
 
   Desk desk_;
@@ -87,8 +95,10 @@ class Exporter {
   std::unique_ptr<KmlGoogle> kml_;
   ProgressStep step_;
   std::optional<SectionSummary> section_;
-  double offsetCavo_ = 0;  ///< distance of the first floating electrode from the instrument, m
-  double offsetEco_ = 0;   ///< distance of the echo sounder from the instrument, m
+  double offsetCavo_ = 0;    ///< distance of the first floating electrode from the instrument, m
+  std::string proposedKml_;  ///< by a project
+  std::string quotaKml_;     ///< the last answer to the question for altitudes
+  double offsetEco_ = 0;     ///< distance of the echo sounder from the instrument, m
 };
 
 }  // namespace corvan

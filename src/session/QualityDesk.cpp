@@ -124,6 +124,19 @@ void QualityDesk::scegli(const char* what, const ReadingKey& key, std::optional<
   set(excluded);
 }
 
+void QualityDesk::decidi(const std::map<ReadingKey, bool>& choices) {
+  survey_.qualita.aMano = choices;
+  Findings found;
+  applica(found);
+  for (const Finding& finding : found.entries()) desk_.findings.add(finding);
+  const std::size_t applied = result_.esclusaAMano + result_.inclusaAMano;
+  if (applied < choices.size()) {
+    desk_.findings.fault(Procedure, Quanti(choices.size() - applied, "decision", "decisions") +
+                                        " by hand about readings that do not exist");
+  }
+  changed_();
+}
+
 void QualityDesk::dimenticaScelte() {
   if (survey_.qualita.aMano.empty()) return;
   desk_.history.ricorda("Forget Choices by Hand", [this, before = survey_.qualita.aMano] {

@@ -41,6 +41,8 @@ class QualityDesk {
   /// Excludes a reading, or takes one that is excluded, whatever the limits say; a second time goes back to them.
   /// @param index,channel of a reading that exists; for any other nothing changes, which is a fault
   void alterna(std::int32_t index, std::size_t channel);
+  /// Takes over decisions about readings; those about readings that do not exist have no effect, which is told.
+  void decidi(const std::map<ReadingKey, bool>& choices);
   /// Gives up all that was decided by hand.
   void dimenticaScelte();
 

@@ -48,7 +48,7 @@ class Positions {
 }  // namespace
 
 Session::Session(Dialogs& dialogs, Clock clock)
-    : dialogs_(dialogs),
+    : answers_(dialogs),
       survey(desk()),
       track(desk(), survey.dati(), [this](std::int16_t zone) { survey.dichiaraZona(zone); }),
       selection(desk(), survey.dati()),
@@ -60,7 +60,7 @@ Session::Session(Dialogs& dialogs, Clock clock)
 }
 
 Desk Session::desk() {
-  return {dialogs_, findings_, history_, [this](Change change) { segui(change); }};
+  return {answers_, findings_, history_, [this](Change change) { segui(change); }};
 }
 
 /// What must follow a change.
@@ -114,7 +114,12 @@ void Session::segui(Change change) {
 
 void Session::leggi() {
   for (const auto& name : survey.FrameFileIn.File1) exporter.proteggi(name);
-  if (!survey.leggi()) return;
+  const InputPanel chosen = survey.FrameFileIn;
+  answers_.comincia();
+  const bool read = survey.leggi();
+  std::vector<GivenAnswer> given = answers_.dati();
+  if (!read) return;
+  history_.segna(ReadAct{chosen, std::move(given)});
   selection.preimposta();
   survey.FrameFileIn.visible = exporter.FrameFileOut.visible = false;
   view.mostraBanda(view.state().mappa);  // tells where the survey has no such level
@@ -129,17 +134,20 @@ void Session::aggiungi(const std::vector<std::filesystem::path>& files) {
 
 void Session::leggiTraccia(const std::filesystem::path& file) {
   if (!file.empty()) exporter.proteggi(file);
-  track.leggi(file);
+  answers_.comincia();
+  const bool read = track.leggi(file);
+  std::vector<GivenAnswer> given = answers_.dati();
+  if (read) history_.segna(TrackAct{file, std::move(given)});
 }
 
 /// All that follows from positions, after a link gave the measurements others.
 /// @param without measurements that an empty track has no place for
-void Session::collegata(const char* what, std::size_t without, std::function<void()> back) {
+void Session::collegata(const char* what, std::size_t without, std::function<void()> back, Act act) {
   survey.analizza();
   if (without > 0) survey.scartaTutto();
   view.picture().rifaiCelle();
   section.rifai();
-  history_.ricorda(what, std::move(back));
+  history_.ricorda(what, std::move(back), std::move(act));
 }
 
 void Session::collegaPerTempo(double clockOffset) {
@@ -148,12 +156,15 @@ void Session::collegaPerTempo(double clockOffset) {
   const std::optional<TimeLink> link = track.timeLink();
   if (!track.collegaPerTempo(clockOffset)) return;
   view.mostra(&Layers::MostraGPS2, false);
-  collegata("Link by Time", track.timeLink()->withoutTrack, [this, before, shown, link] {
-    before->rimetti(survey.dati());
-    track.riprendi(link);
-    view.mostra(&Layers::MostraGPS2, shown);
-    survey.rifai();
-  });
+  collegata(
+      "Link by Time", track.timeLink()->withoutTrack,
+      [this, before, shown, link] {
+        before->rimetti(survey.dati());
+        track.riprendi(link);
+        view.mostra(&Layers::MostraGPS2, shown);
+        survey.rifai();
+      },
+      TimeLinkAct{clockOffset});
 }
 
 void Session::chiediCollegaPerTempo() {
@@ -167,10 +178,13 @@ void Session::collegaPerPosizione() {
   }
   const auto before = std::make_shared<const Positions>(survey.dati());
   if (!track.collegaPerPosizione()) return;
-  collegata("Link by Position", 0, [this, before] {
-    before->rimetti(survey.dati());
-    survey.rifai();
-  });
+  collegata(
+      "Link by Position", 0,
+      [this, before] {
+        before->rimetti(survey.dati());
+        survey.rifai();
+      },
+      PlaceLinkAct{track.connessioni()});
 }
 
 void Session::salvaEstratto(const OutputPanel& output) {

@@ -7,8 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "session/AnswerBook.h"
 #include "session/Exporter.h"
 #include "session/PictureMouse.h"
+#include "session/Project.h"
 #include "session/SectionDesk.h"
 #include "session/SectionMouse.h"
 #include "session/Selection.h"
@@ -36,7 +38,7 @@ class Session {
   const Findings& findings() const { return findings_; }
 
  private:
-  Dialogs& dialogs_;
+  AnswerBook answers_;
   Findings findings_;
   History history_;
 
@@ -70,6 +72,16 @@ class Session {
   /// Excludes a reading, or takes an excluded one again.
   void escludi(const ReadingUnder& reading);
 
+  /// Everything that makes the run, with the files as they are now.
+  Project progetto() const;
+  /// Does all of a project again. Files that are not what they were when it was saved are named, and read as they are.
+  void esegui(const Project& project);
+  /// Writes the project. A file that is there and no project is replaced as any output is.
+  void salvaProgetto(const std::filesystem::path& file);
+  /// Reads a project and does it again; one that cannot be read changes nothing and is a fault.
+  /// @return false when nothing was changed
+  bool apriProgetto(const std::filesystem::path& file);
+
   /// What Ctrl+Z would take back; empty for nothing.
   std::string annullabile() const { return history_.prossimo(); }
   void annulla();
@@ -80,7 +92,9 @@ class Session {
  private:
   Desk desk();
   void segui(Change change);
-  void collegata(const char* what, std::size_t without, std::function<void()> back);
+  void rifai(const Act& act);
+  void guarda(const Project& project);
+  void collegata(const char* what, std::size_t without, std::function<void()> back, Act act);
 
   std::size_t revision_ = 0;
   std::vector<std::filesystem::path> letti_;  ///< the files of the survey that is there

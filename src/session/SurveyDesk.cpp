@@ -107,12 +107,14 @@ void SurveyDesk::impostaCavo(const std::string& text) {
     survey_.cavo.StringaCavo = text;
     // The cable that was typed holds for all.
     auto withdrawn = desk_.findings.ritira(OtherCables);
-    desk_.history.ricorda("Set Cable Configuration",
-                          [this, cable = std::move(before), found = std::move(withdrawn)]() mutable {
-                            survey_.cavo = std::move(cable);
-                            for (Finding& finding : found) desk_.findings.add(std::move(finding));
-                            rifai();
-                          });
+    desk_.history.ricorda(
+        "Set Cable Configuration",
+        [this, cable = std::move(before), found = std::move(withdrawn)]() mutable {
+          survey_.cavo = std::move(cable);
+          for (Finding& finding : found) desk_.findings.add(std::move(finding));
+          rifai();
+        },
+        CableAct{text});
     rifai();
   });
 }
@@ -172,12 +174,15 @@ void SurveyDesk::impostaZona(std::int16_t zone) {
                                            " is not 1 to 60: positions are computed in zone " + std::to_string(used));
   }
   survey_.settings.CoordUTM = false;
-  desk_.history.ricorda("Set UTM Zone", [this, before, found = desk_.findings.ritira(ZoneAssumed)]() mutable {
-    survey_.settings = before;
-    segnaZona(before.ZonaUTM);
-    for (Finding& finding : found) desk_.findings.add(std::move(finding));
-    rifai();
-  });
+  desk_.history.ricorda(
+      "Set UTM Zone",
+      [this, before, found = desk_.findings.ritira(ZoneAssumed)]() mutable {
+        survey_.settings = before;
+        segnaZona(before.ZonaUTM);
+        for (Finding& finding : found) desk_.findings.add(std::move(finding));
+        rifai();
+      },
+      ZoneAct{zone});
   rifai();
 }
 
@@ -210,10 +215,13 @@ void SurveyDesk::correggiProfondita(std::int32_t index) {
     if (Misure.size() < 2 || !Misure.contains(k)) return;
     const float before = Misure(k).Val12;
     Misure(k).Val12 = profonditaDaiVicini(k);
-    desk_.history.ricorda("Correct Depth", [this, k, before] {
-      survey_.Misure(k).Val12 = before;
-      desk_.tell(Change::Depths);
-    });
+    desk_.history.ricorda(
+        "Correct Depth",
+        [this, k, before] {
+          survey_.Misure(k).Val12 = before;
+          desk_.tell(Change::Depths);
+        },
+        DepthAct{index});
     desk_.tell(Change::Depths);
   });
 }

@@ -50,6 +50,8 @@ class TrackDesk {
   /// The same with the fix known; a number beyond the track's end takes its last one, which is a fault.
   void connetti(std::int32_t measurement, std::int32_t fix);
   std::int16_t NumCollegamenti() const { return numCollegamenti_; }
+  const Collegamenti& connessioni() const { return collegamenti_; }
+  void dimenticaConnessioni() { numCollegamenti_ = 0; }
 
   /// Another survey: its measurements are linked to nothing.
   void azzera();
