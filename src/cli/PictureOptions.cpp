@@ -75,6 +75,7 @@ CLI::Validator Esagerazione() {
 }
 
 void Ruota(Session& session, Axis axis, const std::string& text) {
+  if (text.empty()) return;
   const auto degrees = NumeroDaCasella<double>(text, AngleBox, session.findings());
   if (degrees) session.view.ruota(axis, *degrees);
 }
@@ -83,16 +84,18 @@ void ImpostaVista(Session& session, const PictureOptions& options) {
   Ruota(session, Axis::Theta, options.theta);
   Ruota(session, Axis::Phi, options.phi);
   Ruota(session, Axis::Gamma, options.gamma);
-  const auto zoom = NumeroDaCasella<float>(options.zoom, ZoomBox, session.findings());
-  if (zoom) session.view.zoom(*zoom);
-  session.view.proietta(options.projection);
+  if (!options.zoom.empty()) {
+    const auto zoom = NumeroDaCasella<float>(options.zoom, ZoomBox, session.findings());
+    if (zoom) session.view.zoom(*zoom);
+  }
+  if (options.projection) session.view.proietta(*options.projection);
   const std::vector<std::string> layers = Voci(options.layers);
   for (const LayerEntry& layer : LayerTable) {
-    if (layer.word == nullptr) continue;
+    if (layer.word == nullptr || options.layers.empty()) continue;
     session.view.mostra(layer.flag, std::find(layers.begin(), layers.end(), layer.word) != layers.end());
   }
   if (const std::optional<MapColours> band = Banda(options.mapLevel)) session.view.mostraBanda(*band);
-  session.view.esagera(Val(options.exaggeration));
+  if (!options.exaggeration.empty()) session.view.esagera(Val(options.exaggeration));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <QImage>
 #include <string>
 
@@ -9,16 +10,20 @@
 
 namespace corvan::cli {
 
+inline constexpr const char* UsualSize = "1280x800";
+inline constexpr const char* UsualLayers = "electrodes";  ///< of a picture that no project has seen
+
 /// As typed; numbers have been checked and are handed on as texts of the view's boxes.
 struct PictureOptions {
   std::string file;  ///< empty: no picture
-  std::string size = "1280x800";
-  std::string theta = "90", phi = "0", gamma = "0";  ///< degrees
-  std::string zoom = "1";
-  Projection projection = Projection::Orthographic;
-  std::string layers = "electrodes";
-  std::string mapLevel;  ///< "K" or "K,PIXELS"; empty: as the view has it
-  std::string exaggeration = "1";
+  std::string size = UsualSize;
+  // What is not typed stays as the view has it.
+  std::string theta, phi, gamma;  ///< degrees
+  std::string zoom;
+  std::optional<Projection> projection;
+  std::string layers;
+  std::string mapLevel;  ///< "K" or "K,PIXELS"
+  std::string exaggeration;
   bool noCaption = false;
 };
 

@@ -56,9 +56,6 @@ CLI::Validator Letto(Reader reader, const char* form) {
           form};
 }
 
-/// A limit that was typed.
-std::optional<double> Limite(const std::string& text) { return text.empty() ? std::nullopt : std::optional(Val(text)); }
-
 }  // namespace
 
 void AggiungiQualita(CLI::App& command, QualityOptions& o) {
@@ -97,16 +94,19 @@ void CompletaDespike(std::vector<std::string>& arguments) {
 }
 
 void ImpostaQualita(Session& session, const QualityOptions& o) {
-  QualityLimits limits;
-  limits.corrente = Limite(o.minCurrent);
-  limits.potenziale = Limite(o.minPotential);
-  limits.deviazione = Limite(o.maxDeviation);
+  QualityLimits limits = session.survey.qualita().limiti();
+  const auto take = [](std::optional<double>& limit, const std::string& text) {
+    if (!text.empty()) limit = Val(text);
+  };
+  take(limits.corrente, o.minCurrent);
+  take(limits.potenziale, o.minPotential);
+  take(limits.deviazione, o.maxDeviation);
   if (const auto range = Limiti(o.rhoRange)) {
     limits.rhoMin = range->first;
     limits.rhoMax = range->second;
   }
   if (!o.despike.empty()) limits.picchi = Picchi(o.despike);
-  limits.negative = o.noNegative;
+  limits.negative = limits.negative || o.noNegative;
   session.survey.qualita().imposta(limits);
 }
 

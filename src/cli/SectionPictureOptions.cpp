@@ -44,9 +44,9 @@ void AggiungiSezionePiana(CLI::App& command, SectionPictureOptions& o) {
 void FaiSezionePiana(Session& session, const SectionPictureOptions& options, const SectionPicture& picture) {
   if (options.file.empty()) return;
   SectionDesk& section = session.section;
-  section.misura(options.depth);
+  if (options.depth) section.misura(*options.depth);
   const std::vector<std::string> curves = Voci(options.curves);
-  for (std::size_t k = 0; k < Curves; ++k) {
+  for (std::size_t k = 0; k < Curves && !options.curves.empty(); ++k) {
     section.mostra(static_cast<Curve>(k), std::find(curves.begin(), curves.end(), NomiCurve().at(k)) != curves.end());
   }
   section.impostaOffset(picture.cableOffset);

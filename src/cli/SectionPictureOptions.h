@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <string>
 
 #include "session/Session.h"
@@ -9,16 +10,16 @@
 namespace corvan::cli {
 
 struct SectionPictureOptions {
-  std::string file;  ///< empty: no picture
-  DepthAxis depth = DepthAxis::Metres;
-  std::string curves;  ///< comma-separated; empty for none
+  std::string file;                ///< empty: no picture
+  std::optional<DepthAxis> depth;  ///< none: as the section has it
+  std::string curves;              ///< comma-separated; empty: as the section has them
 };
 
 void AggiungiSezionePiana(CLI::App& command, SectionPictureOptions& options);
 
 /// What the flat section takes from the other options.
 struct SectionPicture {
-  std::string size;        ///< WxH in pixels, checked
+  std::string size;  ///< WxH in pixels, checked
   Caption caption;
   double cableOffset = 0;  ///< m
 };

@@ -46,6 +46,7 @@ class Exporter {
       : desk_(std::move(desk)), survey_(survey), clock_(std::move(clock)) {}
 
   OutputPanel FrameFileOut;
+  OtherOutputs altre;
 
   void mostra(bool OutputPanel::*format);  ///< shows "File Out" with one format ticked
   /// The folder of the outputs is there and can be asked for: else it is said and nothing is written.

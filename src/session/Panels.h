@@ -39,6 +39,15 @@ struct OutputPanel {
   std::string FileOutTxt = "FileOut";  ///< root of the output names, may hold a folder
 };
 
+/// What the command line writes beside the section; the window keeps it for it.
+struct OtherOutputs {
+  bool csv = false;
+  std::filesystem::path picture;  ///< empty: none
+  std::filesystem::path section;  ///< of the section laid flat, likewise
+  std::string size;               ///< of both in pixels, WxH; empty: as usual
+  bool caption = true;
+};
+
 /// "Extrema": the two ends of the section.
 struct ExtremaPanel {
   bool visible = false;

@@ -49,6 +49,7 @@ struct Project {
   std::map<ReadingKey, bool> byHand;  ///< true: excluded
   std::optional<std::int32_t> from, to;
   OutputPanel outputs;
+  OtherOutputs others;
   ProjectOffsets offsets;
   ColourDesk::Choice colours;
   ProjectView view;

@@ -239,6 +239,15 @@ struct Loader {
     of.prendi("root", root);
     if (!root.empty()) o.FileOutTxt = nome(root).string();
     for (const auto& [box, word] : OutputWords) of.prendi(word, o.*box);
+    of.prendi("csv", project.others.csv);
+    for (const auto& [key, file] :
+         {std::pair("picture", &project.others.picture), std::pair("section_picture", &project.others.section)}) {
+      std::string name;
+      of.prendi(key, name);
+      if (!name.empty()) *file = nome(name);
+    }
+    of.prendi("picture_size", project.others.size);
+    of.prendi("caption", project.others.caption);
     of.prendi("cable_offset", project.offsets.cable);
     of.prendi("echo_offset", project.offsets.echo);
     of.prendi("kml_offset", project.offsets.kml);

@@ -21,6 +21,7 @@ const char* Parola(const Words<Value, Count>& words, const Value& value) {
 Json Opzionale(const std::optional<double>& value) { return value ? Json(*value) : Json(nullptr); }
 
 std::string Nome(const std::filesystem::path& path, const std::filesystem::path& folder) {
+  if (path.empty()) return "";
   const std::filesystem::path near = path.lexically_proximate(folder);
   return (near.empty() ? path : near).generic_string();
 }
@@ -94,6 +95,11 @@ struct Writer {
     const OutputPanel& o = project.outputs;
     Json json = {{"root", Nome(std::filesystem::path(o.FileOutTxt), folder)}};
     for (const auto& [box, word] : OutputWords) json[word] = o.*box;
+    json["csv"] = project.others.csv;
+    json["picture"] = Nome(project.others.picture, folder);
+    json["section_picture"] = Nome(project.others.section, folder);
+    json["picture_size"] = project.others.size;
+    json["caption"] = project.others.caption;
     json["cable_offset"] = project.offsets.cable;
     json["echo_offset"] = project.offsets.echo;
     json["kml_offset"] = project.offsets.kml;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Checksum.h"
+#include "base/Errors.h"
 #include "base/ErrorTrap.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
@@ -81,6 +82,9 @@ Project Session::progetto() const {
   p.to = selection.secondo();
   p.outputs = exporter.FrameFileOut;
   p.outputs.FileOutTxt = Intero(p.outputs.FileOutTxt).string();
+  p.others = exporter.altre;
+  if (!p.others.picture.empty()) p.others.picture = Intero(p.others.picture);
+  if (!p.others.section.empty()) p.others.section = Intero(p.others.section);
   p.offsets = {TestoNumero(exporter.offsetCavo()), TestoNumero(exporter.offsetEco()), exporter.quotaKml()};
   p.colours = survey.colori().scelta();
   const ViewState& v = view.state();
@@ -125,7 +129,17 @@ void Session::rifai(const Act& act) {
   std::visit(Again{*this}, act);
 }
 
+void Session::rifai(const std::vector<Act>& acts) {
+  for (const Act& act : acts) rifai(act);
+}
+
 void Session::esegui(const Project& project) {
+  confronta(project);
+  rifai(project.acts);
+  riprendi(project);
+}
+
+void Session::confronta(const Project& project) {
   for (const ProjectFile& was : project.files) {
     const ProjectFile now = Scheda(was.path);
     if (!now.there || !was.there || (now.bytes == was.bytes && now.checksum == was.checksum)) continue;
@@ -135,8 +149,9 @@ void Session::esegui(const Project& project) {
     findings_.fault(Opening, "has changed since the project was saved (" + how + "): it is read as it is now",
                     was.path.string());
   }
-  survey.dati().qualita.limiti = {};
-  for (const Act& act : project.acts) rifai(act);
+}
+
+void Session::riprendi(const Project& project) {
   for (const auto& [what, metres] :
        {std::pair(Translation::DataEast, project.dataEast), std::pair(Translation::DataNorth, project.dataNorth),
         std::pair(Translation::DepthEast, project.depthEast), std::pair(Translation::DepthNorth, project.depthNorth)}) {
@@ -150,6 +165,7 @@ void Session::esegui(const Project& project) {
   const bool shown = exporter.FrameFileOut.visible;
   exporter.FrameFileOut = project.outputs;
   exporter.FrameFileOut.visible = shown;
+  exporter.altre = project.others;
   exporter.proponi(Val(project.offsets.cable), Val(project.offsets.echo), project.offsets.kml);
   section.impostaOffset(exporter.offsetCavo());
   guarda(project);
@@ -173,18 +189,30 @@ void Session::guarda(const Project& project) {
   for (std::size_t k = 0; k < Curves; ++k) section.mostra(static_cast<Curve>(k), project.section.curves.at(k));
 }
 
-void Session::salvaProgetto(const std::filesystem::path& file) {
-  exporter.progetto(file, TestoProgetto(progetto(), Intero(file).parent_path()));
+void Session::salvaProgetto(const std::filesystem::path& file, const Project& project) {
+  exporter.progetto(file, TestoProgetto(project, Intero(file).parent_path()));
+}
+
+std::optional<Project> Session::leggiProgetto(const std::filesystem::path& file) {
+  std::optional<Project> project;
+  exporter.proteggi(file);
+  Trappola(findings_, Opening, [&] {
+    const FileBytes bytes = LeggiTutto(file);
+    std::vector<std::string> notes;
+    try {
+      project = LeggiProgetto(std::string(bytes.text()), Intero(file).parent_path(), notes);
+    } catch (const RunTimeError& error) {
+      findings_.fault(Opening, error.what(), file.string());
+    }
+    for (const std::string& note : notes) findings_.note(Opening, note, file.string());
+  });
+  return project;
 }
 
 bool Session::apriProgetto(const std::filesystem::path& file) {
-  return Trappola(findings_, Opening, [&] {
-    std::vector<std::string> notes;
-    const Project project = LeggiProgetto(std::string(LeggiTutto(file).text()), Intero(file).parent_path(), notes);
-    exporter.proteggi(file);
-    esegui(project);
-    for (const std::string& note : notes) findings_.note(Opening, note, file.string());
-  });
+  const std::optional<Project> project = leggiProgetto(file);
+  if (project) esegui(*project);
+  return project.has_value();
 }
 
 }  // namespace corvan

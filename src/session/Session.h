@@ -74,10 +74,16 @@ class Session {
 
   /// Everything that makes the run, with the files as they are now.
   Project progetto() const;
-  /// Does all of a project again. Files that are not what they were when it was saved are named, and read as they are.
+  /// Does all of a project again: its acts, then its choices.
   void esegui(const Project& project);
-  /// Writes the project. A file that is there and no project is replaced as any output is.
-  void salvaProgetto(const std::filesystem::path& file);
+  /// Names the files that are not what they were when the project was saved: they are read as they are.
+  void confronta(const Project& project);
+  void rifai(const std::vector<Act>& acts);
+  void riprendi(const Project& project);
+  /// Writes a project. A file that is there and no project is replaced as any output is.
+  void salvaProgetto(const std::filesystem::path& file, const Project& project);
+  /// What a project file holds; none, which is a fault, where it cannot be read.
+  std::optional<Project> leggiProgetto(const std::filesystem::path& file);
   /// Reads a project and does it again; one that cannot be read changes nothing and is a fault.
   /// @return false when nothing was changed
   bool apriProgetto(const std::filesystem::path& file);

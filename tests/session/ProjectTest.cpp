@@ -39,6 +39,7 @@ struct ProjectRun : SessionFixture {
   ProjectRun() { session.view.picture().tela(&canvas); }
   ~ProjectRun() { session.view.picture().tela(nullptr); }
 
+  void save(const std::filesystem::path& file) { session.salvaProgetto(file, session.progetto()); }
   /// Everything that the run can write, one after the other.
   std::vector<std::string> outputs(const char* root) {
     OutputPanel out = session.exporter.FrameFileOut;
@@ -176,7 +177,7 @@ TEST(Projects, DoEveryKindOfChangeAgain) {
   std::vector<std::string> before;
   for (const ProjectStep& step : steps) {
     step.change(made);
-    made.session.salvaProgetto(made.folder / "run.corvan");
+    made.save(made.folder / "run.corvan");
     const std::vector<std::string> wanted = made.outputs("made");
     EXPECT_TRUE(!step.seen || wanted != before) << step.name << " changes nothing that is written";
     before = wanted;
@@ -185,7 +186,7 @@ TEST(Projects, DoEveryKindOfChangeAgain) {
     EXPECT_EQ(again.outputs("again"), wanted) << step.name << '\n' << Slurp(made.folder / "run.corvan");
     EXPECT_TRUE(again.session.annullabile().empty()) << "there is nothing to go back to";
     const std::string saved = Slurp(made.folder / "run.corvan");
-    again.session.salvaProgetto(made.folder / "copy.corvan");
+    again.save(made.folder / "copy.corvan");
     EXPECT_EQ(Slurp(made.folder / "copy.corvan"), saved) << step.name;
   }
 }
@@ -195,7 +196,7 @@ TEST(Projects, NameFilesFromTheirOwnFolderAndTellWhichHaveChanged) {
   std::filesystem::create_directory(made.folder / "data");
   const auto line = made.folder.write("data/line.bin", SyscalFile(Firings(4, 10)));
   made.read({line});
-  made.session.salvaProgetto(made.folder / "run.corvan");
+  made.save(made.folder / "run.corvan");
   const std::string text = Slurp(made.folder / "run.corvan");
   EXPECT_NE(text.find("\"path\": \"data/line.bin\""), std::string::npos) << text;
   EXPECT_NE(text.find("\"bytes\": " + std::to_string(1029 + 40 * 304)), std::string::npos) << text;
@@ -277,10 +278,10 @@ TEST(Projects, NeverReplaceAnOriginalNorAreReplacedByAnOutput) {
   const auto line = run.folder.write("line.bin", SyscalFile(Firings(4, 10)));
   run.read({line});
   const std::string bytes = Slurp(line);
-  run.session.salvaProgetto(line);
+  run.save(line);
   EXPECT_EQ(Slurp(line), bytes);
   EXPECT_TRUE(run.faulty());
-  run.session.salvaProgetto(run.folder / "section.bin");
+  run.save(run.folder / "section.bin");
   const std::string saved = Slurp(run.folder / "section.bin");
   ProjectRun again;
   ASSERT_TRUE(again.session.apriProgetto(run.folder / "section.bin"));
@@ -291,7 +292,7 @@ TEST(Projects, NeverReplaceAnOriginalNorAreReplacedByAnOutput) {
   again.session.selection.imposta(Extreme::Second, 4);
   again.session.salvaEstratto(out);
   EXPECT_EQ(Slurp(run.folder / "section.bin"), saved) << "a project that was read is no name for an output";
-  again.session.salvaProgetto(run.folder / "section.bin");
+  again.save(run.folder / "section.bin");
   EXPECT_NE(Slurp(run.folder / "section.bin"), saved) << "but itself it may be saved again";
 }
 
