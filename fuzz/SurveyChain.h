@@ -57,7 +57,8 @@ inline void PromiseSection(const Section& section, const Survey& survey) {
   Promise(section.points <= survey.NumMisure(), "a section has no more points than measurements");
   Promise(section.RecordOut.size() == static_cast<std::size_t>(section.NqpBin()), "ten records a point");
   for (const Profile* profile : {&section.Profilo, &section.ProfiloVero}) {
-    double distance = 0.0;
+    const bool any = profile->Primo() <= profile->Ultimo();
+    double distance = any ? (*profile)(profile->Primo()).distanza : 0.0;  // below 0 for places behind the first point
     for (std::int32_t p = profile->Primo(); p <= profile->Ultimo(); ++p) {
       const ProfilePoint& point = (*profile)(p);
       for (const double value : {point.est, point.nord, point.prof, point.distanza}) {
@@ -110,9 +111,13 @@ inline void Chain(std::string_view content, std::uint8_t choice) {
   request.E2 = survey.NumMisure();
   request.position = choice % 2 == 0 ? TruePosition::BehindBoat : TruePosition::AsStored;
   request.echoSounder = true;
-  const Section section = EstraiSezione(survey, request, findings);
-  PromiseFinite(survey);
-  PromiseSection(section, survey);
+  for (const CableShape shape : {CableShape::Straight, CableShape::AlongTrack}) {
+    request.shape = shape;
+    request.OffsetCavo = choice % 2 == 0 ? 8.0 : -70.0;
+    const Section section = EstraiSezione(survey, request, findings);
+    PromiseFinite(survey);
+    PromiseSection(section, survey);
+  }
 }
 
 }  // namespace corvan::fuzz

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileDialog>
-#include <QGridLayout>
 #include <QLabel>
 #include <QToolButton>
 
@@ -11,6 +10,12 @@ namespace corvan {
 FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
     : Frame(session, "FrameFileOut", "File Out", std::move(changed)),
       FileOutTxt_(Named(new QLineEdit, "FileOutTxt", "Set root file name without the extension")),
+      CableCmbx_(Named(new QComboBox, "CableCmbx",
+                       "Where the electrodes lie: on the straight line of the section, or on the sailed track, each as "
+                       "far behind the boat as along the cable; true positions are then those of the current dipole")),
+      SmoothTxt_(NumberBox("SmoothTxt",
+                           "Window over which the sailed track is smoothed against the noise of the GPS [m]; 0: none; "
+                           "empty: one electrode spacing")),
       folder_(new ElidedLabel("FolderLbl", Qt::ElideMiddle)) {
   rendiChiudibile();
   auto* FileOutLbl = Named(new QLabel("File Name Root"), "FileOutLbl");
@@ -43,7 +48,7 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
                "Correct UTM data for distance between syscal and current electrodes"));
   add(7, 0, 2, aggiungi("ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "));
   auto* SaveOutCmd = Named(new QPushButton(">> Save File Out <<"), "SaveOutCmd", "Save selection with option ");
-  grid->addWidget(SaveOutCmd, 8, 0, 1, 2);
+  grid->addWidget(SaveOutCmd, aggiungiCavo(grid, 8), 0, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
 
@@ -54,6 +59,28 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
     mostraCartella();
   });
   connect(FolderCmd, &QToolButton::clicked, this, [this] { scegliCartella(); });
+}
+
+/// How the cable lies, from a row of the grid on. @return the next row
+int FrameFileOut::aggiungiCavo(QGridLayout* grid, int row) {
+  CableCmbx_->addItems({"Straight", "Along the track"});
+  SmoothTxt_->setPlaceholderText("spacing");
+  auto* cable = Named(new QLabel("Cable"), "CableLbl");
+  cable->setBuddy(CableCmbx_);
+  auto* smoothing = Named(new QLabel("Smoothing [m]"), "SmoothLbl");
+  smoothing->setBuddy(SmoothTxt_);
+  grid->addWidget(cable, row, 0);
+  grid->addWidget(CableCmbx_, row, 1);
+  grid->addWidget(smoothing, row + 1, 0);
+  grid->addWidget(SmoothTxt_, row + 1, 1);
+  connect(CableCmbx_, &QComboBox::currentIndexChanged, this, [this](int index) {
+    session().exporter.FrameFileOut.cable = static_cast<CableShape>(index);
+    SmoothTxt_->setEnabled(session().exporter.FrameFileOut.cable == CableShape::AlongTrack);
+  });
+  connect(SmoothTxt_, &QLineEdit::textChanged, this,
+          [this](const QString& text) { session().exporter.FrameFileOut.SmoothTxt = text.toStdString(); });
+  connect(SmoothTxt_, &QLineEdit::returnPressed, this, esegui("SaveOutCmd_Click"));
+  return row + 2;
 }
 
 /// Where a root without a folder of its own is written: into the current folder, that of "File In".
@@ -91,6 +118,9 @@ void FrameFileOut::mostra() {
   const OutputPanel& out = session().exporter.FrameFileOut;
   setVisible(out.visible);
   for (const Choice& choice : choices_) choice.box->setChecked(out.*choice.value);
+  CableCmbx_->setCurrentIndex(static_cast<int>(out.cable));
+  SmoothTxt_->setEnabled(out.cable == CableShape::AlongTrack);
+  SetText(SmoothTxt_, out.SmoothTxt);
   SetText(FileOutTxt_, out.FileOutTxt);
   mostraCartella();
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
 
 #include "app/ElidedLabel.h"
 #include "app/Frame.h"
@@ -22,11 +24,15 @@ class FrameFileOut : public Frame {
   };
   Choice aggiungi(const char* name, const QString& caption, bool OutputPanel::*value, const QString& toolTip = {});
 
+  int aggiungiCavo(QGridLayout* grid, int row);
+
   void scegliCartella();
   void mostraCartella();
 
   std::vector<Choice> choices_;
   QLineEdit* FileOutTxt_;
+  QComboBox* CableCmbx_;
+  QLineEdit* SmoothTxt_;
   ElidedLabel* folder_;
 };
 

@@ -12,6 +12,7 @@
 #include "base/Clock.h"
 #include "base/Fields.h"
 #include "base/NumberText.h"
+#include "cli/CableOptions.h"
 #include "cli/ColourOptions.h"
 #include "cli/Commands.h"
 #include "cli/PictureOptions.h"
@@ -44,6 +45,7 @@ struct ProcessOptions {
   std::optional<std::int32_t> to;
   bool truePosition = false;
   bool externalGps = false;
+  CableOptions geometry;
   std::string cableOffset = "0";
   std::string echoOffset = "0";
   std::string kmlOffset;
@@ -103,6 +105,7 @@ OutputPanel Uscite(const ProcessOptions& options) {
   out.KMLchk = options.writes("kml");
   out.TruePosChk = options.truePosition;
   out.ExtGPSChk = options.externalGps;
+  ImpostaCavo(out, options.geometry);
   out.FileOutTxt = Radice(options);
   return out;
 }
@@ -236,6 +239,7 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
 /// Options of one link are a mistake beside another: they would do nothing, and nobody would hear of it.
 void Verifica(const ProcessOptions& o) {
   if (!o.clockOffset.empty() && o.link != "time") throw CLI::RequiresError("--clock-offset", "--link time");
+  Verifica(o.geometry);
   if (!o.connections.empty() && o.link != "position") throw CLI::RequiresError("--connect", "--link position");
 }
 
@@ -281,6 +285,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   const auto options = std::make_shared<ProcessOptions>();
   AggiungiLettura(*command, *options);
   AggiungiSezione(*command, *options);
+  AggiungiCavo(*command, options->geometry);
   AggiungiUscita(*command, *options);
   AggiungiImmagine(*command, options->picture);
   AggiungiColori(*command, options->colours);

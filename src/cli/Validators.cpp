@@ -30,11 +30,14 @@ CLI::Validator Numero() {
           "NUMBER"};
 }
 
-CLI::Validator NumeroEntro(double most) {
-  return {[most](std::string& text) -> std::string {
+CLI::Validator NumeroEntro(double most) { return NumeroTra(-most, most); }
+
+CLI::Validator NumeroTra(double low, double high) {
+  return {[low, high](std::string& text) -> std::string {
             if (!SoloNumero(text)) return "\"" + text + "\" is not a number";
-            const std::string bound = TestoNumero(most);
-            return std::abs(Val(text)) <= most ? "" : "\"" + text + "\" is not -" + bound + " to " + bound;
+            const double value = Val(text);
+            if (value >= low && value <= high) return "";
+            return "\"" + text + "\" is not " + TestoNumero(low) + " to " + TestoNumero(high);
           },
           "NUMBER"};
 }

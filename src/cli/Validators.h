@@ -11,6 +11,8 @@ namespace corvan::cli {
 CLI::Validator Numero();
 /// One plain number of at most that size.
 CLI::Validator NumeroEntro(double most);
+/// One plain number from the one bound to the other.
+CLI::Validator NumeroTra(double low, double high);
 /// Two numbers joined by a comma, e.g. "2.5,-1".
 CLI::Validator Coppia();
 /// A range of colours: "auto", percentiles as "p2,98", or two numbers joined by a semicolon, e.g. "0.5;12".

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "export/Section.h"
+#include "geo/Plane.h"
 
 namespace corvan {
 
@@ -18,6 +19,10 @@ struct ElectrodePlace {
 /// Of electrodes 1..13; slot 0 is unused.
 using ElectrodePlaces = std::array<ElectrodePlace, CableElectrodes + 1>;
 
+/// Direction of the straight cable of a section, from its first point to its last, a unit vector; east where they lie
+/// in one place or there is none.
+PlanPoint VersoDritto(const Section& section);
+
 /// The places of electrodes as they follow from a section; asked for firing by firing, since a section may have a
 /// million.
 class CablePlaces {
@@ -27,16 +32,17 @@ class CablePlaces {
 
   ElectrodePlaces operator()(const SectionPoint& point) const;
 
-  /// The bottom as the echo sounder saw it at a measurement of the section, where x counts like the electrodes'.
+  /// The bottom as the echo sounder saw it at a measurement of the section, where x counts like the electrodes'. Along
+  /// the track its place is that of the echo sounder on the path.
   /// @param p E1 to E2
   ElectrodePlace fondo(std::int32_t p) const;
 
  private:
   ElectrodePlace dritto(double x) const;
+  ElectrodePlace lungoTraccia(const LineFix& fix, double x) const;
 
   const Section& section_;
-  double versoEst_ = 1;  ///< direction from the section's first point to its last, a unit vector
-  double versoNord_ = 0;
+  PlanPoint verso_;
 };
 
 }  // namespace corvan

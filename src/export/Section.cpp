@@ -10,6 +10,7 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "export/PathFindings.h"
 #include "export/TruePositions.h"
 #include "geo/Plane.h"
 #include "geo/Utm.h"
@@ -43,7 +44,13 @@ struct Extraction {
   const CableGeometry cable;
   const ElectrodeGrid grid;
   Section section;
+  SailedLines lines;  ///< until the section takes them
+
+  bool along() const { return request.shape == CableShape::AlongTrack; }
 };
+
+/// The cable that a firing was measured with, the same for all.
+const CableGeometry& CavoDi(const Misura& /*m*/, const Extraction& x) { return x.cable; }
 
 /// Positions that were interpolated in degrees lie on the straight line between them on the sphere, not on the grid.
 void RicalcolaUTM(Survey& survey) {
@@ -81,8 +88,8 @@ void RipetiTenuti(Profile& profile, const std::vector<std::int32_t>& kept) {
   }
 }
 
-Profile CreaProfilo(Survey& survey, const Section& section, const std::vector<std::int32_t>& kept) {
-  Profile profile(section.E1, section.E2);
+Profile CreaProfilo(Survey& survey, const Extraction& x, const std::vector<std::int32_t>& kept) {
+  Profile profile(x.section.E1, x.section.E2);
   const ProfilePoint* previous = nullptr;
   for (const std::int32_t p : kept) {
     const Misura& m = Punto(survey, p);
@@ -90,10 +97,16 @@ Profile CreaProfilo(Survey& survey, const Section& section, const std::vector<st
     point = {m.UTMx, m.UTMy, std::isfinite(m.Val12) ? std::abs(static_cast<double>(m.Val12)) : 0.0, 0.0};
     if (previous != nullptr)
       point.distanza = previous->distanza + dist(previous->est, previous->nord, point.est, point.nord);
+    if (x.along()) point.distanza = x.lines.fix(p).x();
     previous = &point;
   }
   RipetiTenuti(profile, kept);
   return profile;
+}
+
+/// How far behind the antenna, along the path, true positions lie.
+double RitardoVero(const Extraction& x) {
+  return x.request.position == TruePosition::ExternalGps ? 0.0 : x.cable.Lag(x.request.OffsetCavo);
 }
 
 /// Depth under a place on the section, as the echo sounder ahead of or behind it saw it.
@@ -111,6 +124,12 @@ void CreaProfiloVero(const Survey& survey, Extraction& x, const std::vector<std:
   x.section.ProfiloVero = x.section.Profilo;
   for (const std::int32_t p : kept) {
     const Misura& m = survey.Misure(static_cast<std::size_t>(p));
+    if (x.along()) {
+      const LineFix fix = x.lines.fix(p);
+      const double at = fix.x() - RitardoVero(x);
+      x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], fix.profondita(at, x.request.OffsetEco), at};
+      continue;
+    }
     const double place = x.grid.place(C1, DistanzaDaE1(x.section, p)).value_or(0.0);
     x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], static_cast<double>(Profondita(x, place)),
                                 x.section.Profilo(p).distanza};
@@ -121,13 +140,27 @@ void CreaProfiloVero(const Survey& survey, Extraction& x, const std::vector<std:
 /// A coordinate as the files hold it: rounded to centimetres through its text, then a single.
 float CoordinataScritta(double value) { return SingoloOppure(Val(FormattaNumero(value, "#######0.00")), 0.0F); }
 
-/// Electrodes and readings of one firing, D metres from the section's start; its place is another's matter.
-SectionPoint CreaPunto(const Misura& m, const Extraction& x, double D) {
-  SectionPoint point;
+/// Electrodes of the straight cable, D metres from the section's start.
+void PoniSullaGriglia(SectionPoint& point, const Extraction& x, double D) {
   for (std::size_t e = 1; e <= CableElectrodes; ++e) {
     point.x.at(e) = SingoloOppure(x.grid.place(e, D).value_or(0.0), 0.0F);
     if (x.request.echoSounder) point.z.at(e) = Profondita(x, point.x.at(e));
   }
+}
+
+/// Electrodes behind the antenna's place on its path, as far as the cable says.
+void PoniLungoTraccia(SectionPoint& point, const Misura& m, const Extraction& x, const LineFix& fix) {
+  const CableGeometry& cable = CavoDi(m, x);
+  for (std::size_t e = 1; e <= CableElectrodes; ++e) {
+    const double at = fix.x() - cable.Dietro(e, x.request.OffsetCavo);
+    point.x.at(e) = SingoloOppure(at, 0.0F);
+    if (x.request.echoSounder) point.z.at(e) = SingoloOppure(fix.profondita(at, x.request.OffsetEco), 0.0F);
+  }
+}
+
+/// Readings of one firing; where it and its electrodes lie is another's matter.
+SectionPoint CreaPunto(const Misura& m) {
+  SectionPoint point;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     const double a = m.CanaleA.at(c), b = m.CanaleB.at(c);
     point.potential.at(c) = SingoloOppure((a - b) / 2.0, 0.0F);
@@ -153,7 +186,8 @@ void CreaRecord(const Survey& survey, Extraction& x, std::int32_t firstKept) {
     const Misura& m = survey.Misure(static_cast<std::size_t>(p));
     if (m.Scartata) continue;
     if (HaPosizione(m)) place = &m;
-    SectionPoint point = CreaPunto(m, x, DistanzaDaE1(section, p));
+    SectionPoint point = CreaPunto(m);
+    x.along() ? PoniLungoTraccia(point, m, x, x.lines.fix(p)) : PoniSullaGriglia(point, x, DistanzaDaE1(section, p));
     point.misura = p;
     point.estVero = place->Deriv[3];
     point.nordVero = place->Deriv[4];
@@ -164,8 +198,21 @@ void CreaRecord(const Survey& survey, Extraction& x, std::int32_t firstKept) {
   }
 }
 
+/// Puts the kept points where the path says that the current dipole's middle was.
+void PonePosizioniSulPercorso(Survey& survey, const std::vector<std::int32_t>& kept, const Extraction& x) {
+  for (const std::int32_t p : kept) {
+    Misura& m = Punto(survey, p);
+    const LineFix fix = x.lines.fix(p);
+    const bool asStored = x.request.position == TruePosition::ExternalGps;
+    const PlanPoint place = asStored ? PlanPoint{m.UTMx, m.UTMy} : fix.luogo(fix.x() - RitardoVero(x));
+    m.Deriv[3] = place.est;
+    m.Deriv[4] = place.nord;
+  }
+}
+
 /// Moves the kept points and writes their true places back.
 void PonePosizioniVere(Survey& survey, const std::vector<std::int32_t>& kept, const Extraction& x, Findings& findings) {
+  if (x.along()) return PonePosizioniSulPercorso(survey, kept, x);
   std::vector<PlanPoint> stored;
   stored.reserve(kept.size());
   for (const std::int32_t p : kept) stored.push_back({Punto(survey, p).UTMx, Punto(survey, p).UTMy});
@@ -206,8 +253,10 @@ void RilevaCoincidenti(const Section& section, Findings& findings) {
     findings.note(Procedure, told + ", of channels without a reading" + place);
     return;
   }
-  told += ", since places are multiples of the distance of C1 and C2 (" +
-          TestoNumero(std::round(section.Passo * 1000.0) / 1000.0) + " m)";
+  if (section.shape == CableShape::Straight) {
+    told += ", since places are multiples of the distance of C1 and C2 (" +
+            TestoNumero(std::round(section.Passo * 1000.0) / 1000.0) + " m)";
+  }
   if (unread > 0) told += "; " + std::to_string(unread) + " of them without a reading";
   findings.fault(Procedure, told + place);
 }
@@ -227,7 +276,7 @@ void RilevaSenzaPosizione(const Section& section, Findings& findings) {
 
 Section EstraiSezione(Survey& survey, const SectionRequest& request, Findings& findings) {
   const CableGeometry cable = MisuraCavo(survey.cavo);
-  Extraction x{request, cable, ElectrodeGrid(x.cable, request.OffsetCavo), {}};
+  Extraction x{request, cable, ElectrodeGrid(x.cable, request.OffsetCavo), {}, {}};
   x.section.E1 = request.E1;
   x.section.E2 = request.E2;
   x.section.Passo = cable.Passo;
@@ -236,19 +285,25 @@ Section EstraiSezione(Survey& survey, const SectionRequest& request, Findings& f
   x.section.OffsetEco = request.OffsetEco;
   x.section.griglia = survey.settings.griglia;
   x.section.altezza = survey.traccia.AltezzaCella;
+  x.section.shape = request.shape;
   RicalcolaUTM(survey);
   const std::vector<std::int32_t> kept = PuntiTenuti(survey, request.E1, request.E2);
   if (kept.empty()) {
     findings.fault(Procedure, "no measurement of the section has a position: no records");
     return std::move(x.section);
   }
-  if (cable.Passo == 0.0) {
+  if (cable.Passo == 0.0 && !x.along()) {
     findings.fault(Procedure, "C1 and C2 coincide, the electrode spacing is 0: places along the section are left 0");
   }
-  x.section.Profilo = CreaProfilo(survey, x.section, kept);
+  x.lines = SailedLines(survey, request.E1, request.E2, request.smoothing.value_or(cable.Passo));
+  x.section.Profilo = CreaProfilo(survey, x, kept);
   PonePosizioniVere(survey, kept, x, findings);
   if (request.echoSounder) CreaProfiloVero(survey, x, kept);
   CreaRecord(survey, x, kept.front());
+  const CableOnPath behind{survey, x.section, x.lines, cable, kept};
+  if (x.along()) RilevaPercorso(behind, findings);
+  RilevaDifferenza(behind, findings);
+  if (x.along()) x.section.lines = std::move(x.lines);
   RilevaCoincidenti(x.section, findings);
   RilevaSenzaPosizione(x.section, findings);
   return std::move(x.section);

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "export/Section.h"
+#include "geo/Plane.h"
 #include "survey/Survey.h"
 
 namespace corvan {
@@ -16,18 +18,14 @@ struct CableGeometry {
   double Span = 0;   ///< smallest minus largest electrode position, m, never positive
   std::array<float, CableElectrodes + 1> PosRelative{};  ///< positions 1..13 minus the largest, m, never positive
 
+  /// Distance of electrode e (1 to 13) behind the GPS, m. @param OffsetCavo of the cable's head behind it
+  double Dietro(std::size_t e, double OffsetCavo) const { return OffsetCavo - static_cast<double>(PosRelative.at(e)); }
   /// Distance from the GPS to the middle of the current dipole, m.
   double Lag(double OffsetCavo) const;
 };
 
 /// Positions that are not finite take no part in the largest and smallest and count as the largest themselves.
 CableGeometry MisuraCavo(const Cable& cable);
-
-/// A place in the plane, m.
-struct PlanPoint {
-  double est = 0;
-  double nord = 0;
-};
 
 /// True places of points in the order of a section.
 struct TruePlaces {

@@ -1,7 +1,13 @@
-// Straight-line distance on the UTM plane.
+// Places on the UTM plane and their straight-line distance.
 #pragma once
 
 namespace corvan {
+
+/// A place in the plane, m.
+struct PlanPoint {
+  double est = 0;
+  double nord = 0;
+};
 
 /// Distance between two points of the UTM plane.
 /// @param x1,y1,x2,y2 easting and northing in metres, both points in the same zone

@@ -98,12 +98,22 @@ bool Exporter::chiediSostituzione(const OutputPanel& output) {
   return false;
 }
 
+/// The window of the smoothing, where the cable lies along the track. @return false when it was refused
+bool Exporter::leggiLisciatura(const OutputPanel& output, SectionRequest& section) {
+  if (output.cable == CableShape::Straight || Rifila(output.SmoothTxt).empty()) return true;
+  section.smoothing = NumeroDaCasella<double>(
+      output.SmoothTxt, {"SalvaEstrattoFile", "smoothing of the track", 0.0, WidestSmoothing}, desk_.findings);
+  return section.smoothing.has_value();
+}
+
 /// @return none when an answer was refused: nothing is written then
 std::optional<SectionRequest> Exporter::chiediSezione(const ExportRequest& request) {
   const std::int32_t last = survey_.NumMisure();
   SectionRequest section;
   section.E1 = std::clamp(std::min(request.E1, request.E2), 1, last);
   section.E2 = std::clamp(std::max(request.E1, request.E2), 1, last);
+  section.shape = request.output.cable;
+  if (!leggiLisciatura(request.output, section)) return std::nullopt;
   const auto ask = [this](double& offset, Question question, const char* what) {
     const std::optional<std::string> answer =
         desk_.dialogs.InputBox({.question = question, .defaultAnswer = TestoNumero(offset), .details = "Metres."});

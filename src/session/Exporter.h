@@ -76,6 +76,7 @@ class Exporter {
 
  private:
   std::optional<SectionRequest> chiediSezione(const ExportRequest& request);
+  bool leggiLisciatura(const OutputPanel& output, SectionRequest& section);
   bool chiediSostituzione(const OutputPanel& output);
   void scriviSezione(const Section& section, const ExportRequest& request);
   void scriviKml(const Section& section, const ExportRequest& request);

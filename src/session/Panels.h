@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "export/Section.h"
 #include "survey/Survey.h"
 
 namespace corvan {
@@ -26,6 +27,9 @@ struct InputPanel {
   bool DonelblVisible = false;
 };
 
+/// The widest window that a sailed track may be smoothed over, m: no turn is left of a track after that.
+inline constexpr double WidestSmoothing = 1000;
+
 /// "File Out": what is written and under which name.
 struct OutputPanel {
   bool visible = false;
@@ -36,6 +40,8 @@ struct OutputPanel {
   bool TPGChk = false;  ///< has no effect
   bool ExtGPSChk = false;
   bool TruePosChk = false;
+  CableShape cable = CableShape::Straight;
+  std::string SmoothTxt;  ///< window over which the sailed track is smoothed, m; empty: one electrode spacing
   std::string FileOutTxt = "FileOut";  ///< root of the output names, may hold a folder
 };
 

@@ -1,0 +1,24 @@
+// Where corvan-cli process takes the electrodes to lie.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "session/Panels.h"
+
+namespace corvan::cli {
+
+/// As typed and checked.
+struct CableOptions {
+  CableShape shape = CableShape::Straight;
+  std::string smoothing;  ///< m; empty: one electrode spacing
+};
+
+void AggiungiCavo(CLI::App& command, CableOptions& options);
+
+/// @throws CLI::RequiresError for a smoothing of a track that no electrode lies on
+void Verifica(const CableOptions& options);
+
+void ImpostaCavo(OutputPanel& output, const CableOptions& options);
+
+}  // namespace corvan::cli
