@@ -40,25 +40,27 @@ struct SectionRequest {
   TruePosition position = TruePosition::AsStored;
   bool echoSounder = false;  ///< electrodes get the water depth as z, and the profile of true positions is made
   CableShape shape = CableShape::Straight;
-  std::optional<double> smoothing =
-      std::nullopt;  ///< window over which the sailed path is smoothed, m; none: an electrode spacing
+  /// Window over which the sailed path is smoothed, m; none: an electrode spacing.
+  std::optional<double> smoothing = std::nullopt;
 };
 
 struct Section {
   std::int32_t E1 = 1;
   std::int32_t E2 = 1;
-  std::int32_t points = 0;  ///< points that gave records
-  double Passo = 0;         ///< electrode spacing, m
-  double Lunghezza = 0;     ///< of the cable from its head to its tail, m
-  double OffsetCavo = 0;    ///< as asked for, m
-  double OffsetEco = 0;     ///< likewise
-  Profile Profilo;          ///< stored positions and depths; distances along the track are path lengths
-  Profile ProfiloVero;      ///< true positions and the depths under the cable; made for the echo sounder
-  GridZone griglia;         ///< the grid of all its positions
-  double altezza = 1;       ///< height of a level of the curtain, m
-  CableShape shape = CableShape::Straight;  ///< as asked for
-  SailedLines lines;                        ///< along the track: the paths that the electrodes lie on
-  SectionRecords RecordOut;                 ///< ten records a point
+  std::int32_t points = 0;   ///< points that gave records
+  double Passo = 0;          ///< electrode spacing, m
+  double Lunghezza = 0;      ///< of the cable from its head to its tail, m
+  double OffsetCavo = 0;     ///< as asked for, m
+  double OffsetEco = 0;      ///< likewise
+  Profile Profilo;           ///< stored positions and depths; along the track distances are path lengths
+  Profile ProfiloVero;       ///< true positions and the depths under the cable; made for the echo sounder
+  GridZone griglia;          ///< the grid of all its positions
+  double altezza = 1;        ///< height of a level of the curtain, m
+  SectionRecords RecordOut;  ///< ten records a point
+
+  /// As asked for; along the track with the paths that the electrodes lie on.
+  CableShape shape = CableShape::Straight;
+  SailedLines lines;
 
   std::int32_t NqpBin() const { return 10 * points; }
 };

@@ -1,4 +1,5 @@
 // The panels under the keyboard alone, on small windows, and what is dropped onto the window.
+#include <algorithm>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolBar>
@@ -53,6 +54,36 @@ TEST(Keyboard, SavesUnderATypedName) {
   EXPECT_TRUE(std::filesystem::exists(w.folder / "north.txt"));
   EXPECT_FALSE(w.shown("FrameFileOut"));
   EXPECT_EQ(Focused(), "CoordPic") << "not whichever control comes next";
+}
+
+// Five firings 2.5 m apart on a straight line with a cable whose head is electrode 12: channel 1 of the last one, 10 m
+// on, tells the smoothing by nothing and the shape by its first current electrode.
+TEST(Keyboard, LaysTheCableAlongTheTrack) {
+  Window w;
+  w.readPlan();
+  w.section("1", "5");
+  w.key("Ctrl+T");
+  EXPECT_FALSE(w.get<QLineEdit>("SmoothTxt")->isEnabled()) << "the straight cable asks for none";
+  w.get<QComboBox>("CableCmbx")->setFocus(Qt::TabFocusReason);
+  Press(Qt::Key_Down);
+  EXPECT_EQ(w.session().exporter.FrameFileOut.cable, CableShape::AlongTrack);
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(Focused(), "SmoothTxt");
+  Type("-3");
+  Press(Qt::Key_Return);
+  EXPECT_FALSE(std::filesystem::exists(w.folder / "FileOut.txt")) << "refused";
+  EXPECT_NE(w.label("StatusNote").find("smoothing of the track -3 is not 0 to 1000"), std::string::npos)
+      << w.label("StatusNote");
+  w.key("Ctrl+T");
+  w.enter("SmoothTxt", "1.5");
+  const Survey& survey = w.session().survey.dati();
+  const float head = *std::max_element(survey.cavo.PosCavo.begin() + 1, survey.cavo.PosCavo.end());
+  const std::string text = test::Slurp(w.folder / "FileOut.txt");
+  const std::string last = text.substr(text.find("\r\n 41 ") + 2);
+  EXPECT_EQ(std::stod(last.substr(last.find('\t'))), 10.0 - static_cast<double>(head - survey.cavo.PosCavo[12]))
+      << last;
+  w.key("Ctrl+T");
+  EXPECT_EQ(w.text("SmoothTxt"), "1.5") << "kept for the next section";
 }
 
 TEST(Keyboard, ReadsFilesFromTheListAndAddsOthers) {
