@@ -56,6 +56,14 @@ void Extraction(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(EstraiSezione(p.survey, p.request, p.findings).points);
 }
 
+/// The same with the cable along the track.
+void ExtractionAlongTrack(benchmark::State& state) {
+  Prepared& p = At(state);
+  SectionRequest request = p.request;
+  request.shape = CableShape::AlongTrack;
+  for (auto _ : state) benchmark::DoNotOptimize(EstraiSezione(p.survey, request, p.findings).points);
+}
+
 /// Times a writer on a file that swallows everything, so that the disk takes no part.
 template <class Write>
 void Swallowed(benchmark::State& state, Write&& write) {
@@ -202,6 +210,7 @@ void TwoSizes(benchmark::internal::Benchmark* b) { b->Arg(10'000)->Arg(100'000)-
 
 BENCHMARK(Analysis)->Apply(TwoSizes);
 BENCHMARK(Extraction)->Apply(TwoSizes);
+BENCHMARK(ExtractionAlongTrack)->Apply(TwoSizes);
 BENCHMARK(SalvaBinPro)->Apply(TwoSizes);
 BENCHMARK(SalvaAscii)->Apply(TwoSizes);
 BENCHMARK(SalvaTraccia)->Apply(TwoSizes);

@@ -23,6 +23,7 @@ constexpr std::array Promises{
             "WriteAllBytes/200000", 3.0},
     Promise{"analysis, 100,000 / 10,000 measurements", "Analysis/100000", "Analysis/10000", 12.0},
     Promise{"extraction", "Extraction/100000", "Extraction/10000", 12.0},
+    Promise{"extraction along the track", "ExtractionAlongTrack/100000", "ExtractionAlongTrack/10000", 12.0},
     Promise{".bin", "SalvaBinPro/100000", "SalvaBinPro/10000", 12.0},
     Promise{".txt", "SalvaAscii/100000", "SalvaAscii/10000", 12.0},
     Promise{".ecs", "SalvaTraccia/100000", "SalvaTraccia/10000", 12.0},

@@ -72,7 +72,7 @@ TEST(Keyboard, LaysTheCableAlongTheTrack) {
   Type("-3");
   Press(Qt::Key_Return);
   EXPECT_FALSE(std::filesystem::exists(w.folder / "FileOut.txt")) << "refused";
-  EXPECT_NE(w.label("StatusNote").find("smoothing of the track -3 is not 0 to 1000"), std::string::npos)
+  EXPECT_NE(w.label("StatusNote").find("smoothing of the track \"-3\" is not 0 to 1000"), std::string::npos)
       << w.label("StatusNote");
   w.key("Ctrl+T");
   w.enter("SmoothTxt", "1.5");

@@ -166,6 +166,7 @@ TEST(Findings, TellWhatOfThePathIsGuessed) {
     f.extract();
     EXPECT_TRUE(f.says(c.said)) << c.name << ": " << test::Told(f.findings);
     EXPECT_EQ(f.findings.anyFault(), c.fault) << c.name;
+    EXPECT_EQ(f.says("electrode places"), c.firings.size() > 1) << c.name << ": without a course none is prolonged";
   }
   Fixture ahead({{300000, 5e6}, {300100, 5e6}});
   ahead.request.OffsetCavo = -70;
