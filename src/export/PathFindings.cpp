@@ -42,7 +42,7 @@ void RilevaProlungati(const CableOnPath& on, Findings& findings) {
     const SailedPath& path = fix.line->path();
     if (!path.conRotta()) continue;
     for (std::size_t e = 1; e <= CableElectrodes; ++e) {
-      const double at = fix.lunghezza() - on.cable.Dietro(e, on.section.OffsetCavo);
+      const double at = fix.lunghezza() - on.dietro(point.misura, e);
       before.add(-at);
       behind.add(at - path.lunghezza());
     }
@@ -100,7 +100,7 @@ struct Bridges {
 Bridges TrovaPonti(const CableOnPath& on) {
   double reach = 0.0;  // from the antenna to the electrode that is farthest behind it
   for (std::size_t e = 1; e <= CableElectrodes; ++e) {
-    reach = std::max(reach, on.cable.Dietro(e, on.section.OffsetCavo));
+    reach = std::max(reach, on.dietro(on.kept.front(), e));
   }
   Bridges bridges;
   const LineFix start = on.lines.fix(on.section.E1);
@@ -154,7 +154,7 @@ void RilevaDifferenza(const CableOnPath& on, Findings& findings) {
     const ProfilePoint& point = on.section.Profilo(p);
     const double D = dist(start.est, start.nord, point.est, point.nord);
     for (std::size_t e = 1; e <= CableElectrodes; ++e) {
-      const double astern = on.cable.Dietro(e, on.section.OffsetCavo);
+      const double astern = on.dietro(p, e);
       const PlanPoint place = fix.luogo(fix.x() - astern);
       const double apart =
           dist(place.est, place.nord, start.est + verso.est * (D - astern), start.nord + verso.nord * (D - astern));

@@ -2,12 +2,13 @@
 // lies from it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "base/Findings.h"
 #include "export/Section.h"
-#include "export/TruePositions.h"
 #include "survey/Survey.h"
 #include "track/SailedLines.h"
 
@@ -17,9 +18,10 @@ namespace corvan {
 struct CableOnPath {
   const Survey& survey;
   const Section& section;
-  const SailedLines& lines;  ///< of this section, not empty
-  const CableGeometry& cable;
+  const SailedLines& lines;               ///< of this section, not empty
   const std::vector<std::int32_t>& kept;  ///< measurements of the section with a position, in their order
+  /// How far behind the antenna electrode e (1 to 13) of measurement p lies, m.
+  std::function<double(std::int32_t p, std::size_t e)> dietro;
 };
 
 /// Notes electrodes on a prolonged course, steps that the path bridges (over measurements that are passed over, or

@@ -47,10 +47,11 @@ struct Extraction {
   SailedLines lines;  ///< until the section takes them
 
   bool along() const { return request.shape == CableShape::AlongTrack; }
+  /// How far behind the antenna, along the path, electrode e of a firing lies, and the middle of its current dipole, m.
+  /// The survey's one cable serves all firings.
+  double dietro(const Misura& /*m*/, std::size_t e) const { return cable.Dietro(e, request.OffsetCavo); }
+  double lag(const Misura& /*m*/) const { return cable.Lag(request.OffsetCavo); }
 };
-
-/// The cable that a firing was measured with, the same for all.
-const CableGeometry& CavoDi(const Misura& /*m*/, const Extraction& x) { return x.cable; }
 
 /// Positions that were interpolated in degrees lie on the straight line between them on the sphere, not on the grid.
 void RicalcolaUTM(Survey& survey) {
@@ -104,9 +105,9 @@ Profile CreaProfilo(Survey& survey, const Extraction& x, const std::vector<std::
   return profile;
 }
 
-/// How far behind the antenna, along the path, true positions lie.
-double RitardoVero(const Extraction& x) {
-  return x.request.position == TruePosition::ExternalGps ? 0.0 : x.cable.Lag(x.request.OffsetCavo);
+/// x of a firing's true position on the path: that of its current dipole, or of its own where that is the true one.
+double LuogoVero(const Misura& m, const Extraction& x, const LineFix& fix) {
+  return x.request.position == TruePosition::ExternalGps ? fix.x() : fix.x() - x.lag(m);
 }
 
 /// Depth under a place on the section, as the echo sounder ahead of or behind it saw it.
@@ -126,7 +127,7 @@ void CreaProfiloVero(const Survey& survey, Extraction& x, const std::vector<std:
     const Misura& m = survey.Misure(static_cast<std::size_t>(p));
     if (x.along()) {
       const LineFix fix = x.lines.fix(p);
-      const double at = fix.x() - RitardoVero(x);
+      const double at = LuogoVero(m, x, fix);
       x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], fix.profondita(at, x.request.OffsetEco), at};
       continue;
     }
@@ -150,9 +151,8 @@ void PoniSullaGriglia(SectionPoint& point, const Extraction& x, double D) {
 
 /// Electrodes behind the antenna's place on its path, as far as the cable says.
 void PoniLungoTraccia(SectionPoint& point, const Misura& m, const Extraction& x, const LineFix& fix) {
-  const CableGeometry& cable = CavoDi(m, x);
   for (std::size_t e = 1; e <= CableElectrodes; ++e) {
-    const double at = fix.x() - cable.Dietro(e, x.request.OffsetCavo);
+    const double at = fix.x() - x.dietro(m, e);
     point.x.at(e) = SingoloOppure(at, 0.0F);
     if (x.request.echoSounder) point.z.at(e) = SingoloOppure(fix.profondita(at, x.request.OffsetEco), 0.0F);
   }
@@ -204,7 +204,7 @@ void PonePosizioniSulPercorso(Survey& survey, const std::vector<std::int32_t>& k
     Misura& m = Punto(survey, p);
     const LineFix fix = x.lines.fix(p);
     const bool asStored = x.request.position == TruePosition::ExternalGps;
-    const PlanPoint place = asStored ? PlanPoint{m.UTMx, m.UTMy} : fix.luogo(fix.x() - RitardoVero(x));
+    const PlanPoint place = asStored ? PlanPoint{m.UTMx, m.UTMy} : fix.luogo(LuogoVero(m, x, fix));
     m.Deriv[3] = place.est;
     m.Deriv[4] = place.nord;
   }
@@ -300,7 +300,8 @@ Section EstraiSezione(Survey& survey, const SectionRequest& request, Findings& f
   PonePosizioniVere(survey, kept, x, findings);
   if (request.echoSounder) CreaProfiloVero(survey, x, kept);
   CreaRecord(survey, x, kept.front());
-  const CableOnPath behind{survey, x.section, x.lines, cable, kept};
+  const auto dietro = [&](std::int32_t p, std::size_t e) { return x.dietro(Punto(survey, p), e); };
+  const CableOnPath behind{survey, x.section, x.lines, kept, dietro};
   if (x.along()) RilevaPercorso(behind, findings);
   RilevaDifferenza(behind, findings);
   if (x.along()) x.section.lines = std::move(x.lines);
