@@ -122,12 +122,9 @@ TEST(Panels, CloseByEscapeWhereTheFocusIsAndByTheirMark) {
   w.readPlan();
   const struct {
     const char *key, *panel, *inside;
-  } panels[] = {{"Ctrl+O", "FrameFileIn", "File1"},
-                {"Ctrl+S", "FrameFileOut", "FileOutTxt"},
-                {"Ctrl+1", "FrameExtrema", "E1Txt"},
-                {"Ctrl+Y", "FrameQuality", "RhoMinTxt"},
-                {"F8", "FrameDataMove", "TestTxt"},
-                {"F8", "FrameDepthMove", "DTestTxt"}};
+  } panels[] = {{"Ctrl+O", "FrameFileIn", "File1"},  {"Ctrl+S", "FrameFileOut", "FileOutTxt"},
+                {"Ctrl+1", "FrameExtrema", "E1Txt"}, {"Ctrl+Y", "FrameQuality", "RhoMinTxt"},
+                {"F8", "FrameDataMove", "TestTxt"},  {"F8", "FrameDepthMove", "DTestTxt"}};
   for (const auto& p : panels) {
     w.key(p.key);
     EXPECT_TRUE(w.shown(p.panel)) << p.panel;
