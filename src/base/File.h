@@ -96,6 +96,14 @@ class FileWriter {
   void close();
   const std::filesystem::path& path() const { return path_; }
 
+  /// For a library that writes files itself: the name under which it may do so until close(). What write() brings
+  /// beside it takes the place of the file's first bytes. @throws FileError for a target that is written directly
+  const std::filesystem::path& nascosto() const;
+  /// Tells how many bytes such a library has written; what the progress throws ends the writing.
+  void avanza(std::uintmax_t bytes) const {
+    if (progress_) progress_(bytes);
+  }
+
  private:
   void openBeside();
   void flush();

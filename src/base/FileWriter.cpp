@@ -144,6 +144,11 @@ void FileWriter::write(std::span<const std::byte> bytes) {
   write(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
 }
 
+const fs::path& FileWriter::nascosto() const {
+  if (hidden_.empty()) throw FileError(path_, "is no regular file: this format cannot be written there");
+  return hidden_;
+}
+
 void FileWriter::close() {
   if (!failure_.empty()) throw FileError(path_, failure_);
   if (!file_.aperto()) return;
