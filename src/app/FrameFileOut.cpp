@@ -43,12 +43,33 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
   add(4, 1, 1, aggiungi("KMLchk", ".KML", &OutputPanel::KMLchk, "Export the section as a curtain for virtual globes"));
   add(5, 0, 1,
       aggiungi("TPGChk", ".TPG", &OutputPanel::TPGChk, "No file is written: the format is gone, its box is kept"));
-  add(6, 0, 2,
+  add(5, 1, 1,
+      aggiungi("ErtChk", ".OHM", &OutputPanel::ErtChk,
+               "Unified data file for inversion toolkits: electrodes and readings"));
+  add(6, 0, 1,
+      aggiungi("Res2dinvChk", ".DAT", &OutputPanel::Res2dinvChk,
+               "RES2DINV data file in the layout of the general array"));
+  add(6, 1, 1,
+      aggiungi("BottomChk", "_BOTTOM.CSV", &OutputPanel::BottomChk,
+               "The bottom along the section, for the layer of water of an inversion"));
+  add(7, 0, 1,
+      aggiungi("GpkgChk", ".GPKG", &OutputPanel::GpkgChk,
+               "GeoPackage with measurements, lines, section and readings, coloured by resistivity"));
+  add(7, 1, 1,
+      aggiungi("GeojsonChk", ".GEOJSON", &OutputPanel::GeojsonChk, "Measurements, lines and section for web maps"));
+  add(8, 0, 1, aggiungi("VtuChk", ".VTU", &OutputPanel::VtuChk, "The section as a curtain of cells for 3D viewers"));
+  add(9, 0, 1,
+      aggiungi("Ert3DChk", "OHM on map", &OutputPanel::Ert3DChk,
+               "Electrodes of the .OHM by easting and northing instead of along the section"));
+  add(9, 1, 1,
+      aggiungi("KmlExactChk", "KML exact", &OutputPanel::KmlExactChk,
+               "Coordinates of the .KML without the metres that the older series loses far from the zone's middle"));
+  add(10, 0, 2,
       aggiungi("TruePosChk", "True Position", &OutputPanel::TruePosChk,
                "Correct UTM data for distance between syscal and current electrodes"));
-  add(7, 0, 2, aggiungi("ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "));
+  add(11, 0, 2, aggiungi("ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "));
   auto* SaveOutCmd = Named(new QPushButton(">> Save File Out <<"), "SaveOutCmd", "Save selection with option ");
-  grid->addWidget(SaveOutCmd, aggiungiCavo(grid, 8), 0, 1, 2);
+  grid->addWidget(SaveOutCmd, aggiungiCavo(grid, 12), 0, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
 

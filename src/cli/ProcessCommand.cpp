@@ -31,6 +31,9 @@ namespace {
 
 constexpr double MostSeconds = 4e9;  // over the 120 years that a measurement's time may lie in
 
+const std::vector<std::string> Formats{"bin",    "txt",      "ecs",  "kml",     "csv", "ert",
+                                       "bottom", "res2dinv", "gpkg", "geojson", "vtu"};
+
 /// The options as typed; texts that answer a question are handed on unread.
 struct ProcessOptions {
   std::vector<std::string> files;
@@ -62,6 +65,8 @@ struct ProcessOptions {
   std::string clockOffset;
   std::string trackDate;
   std::vector<std::string> connections;  ///< "M:G"
+  std::string ertDimension;
+  std::string kmlPositions;
   bool json = false;
 
   bool writes(const std::string& format) const {
@@ -103,6 +108,14 @@ OutputPanel Uscite(const ProcessOptions& options) {
   out.TxtChk = options.writes("txt");
   out.EchoZChk = options.writes("ecs");
   out.KMLchk = options.writes("kml");
+  out.ErtChk = options.writes("ert");
+  out.BottomChk = options.writes("bottom");
+  out.Res2dinvChk = options.writes("res2dinv");
+  out.GpkgChk = options.writes("gpkg");
+  out.GeojsonChk = options.writes("geojson");
+  out.VtuChk = options.writes("vtu");
+  out.Ert3DChk = options.ertDimension == "3";
+  out.KmlExactChk = options.kmlPositions == "exact";
   out.TruePosChk = options.truePosition;
   out.ExtGPSChk = options.externalGps;
   ImpostaCavo(out, options.geometry);
@@ -167,7 +180,8 @@ int Esegui(const ProcessOptions& options) {
   Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
   Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
   ImpostaColori(session, options.colours,
-                !options.picture.file.empty() || !options.section.file.empty() || options.writes("kml"));
+                !options.picture.file.empty() || !options.section.file.empty() || options.writes("kml") ||
+                    options.writes("gpkg"));
   const OutputPanel output = Uscite(options);
   if (options.writes("csv")) session.exporter.tabella(output.FileOutTxt);
   // Pictures mark the extremes that were asked for; those of the whole survey would tell nothing.
@@ -241,6 +255,8 @@ void Verifica(const ProcessOptions& o) {
   if (!o.clockOffset.empty() && o.link != "time") throw CLI::RequiresError("--clock-offset", "--link time");
   Verifica(o.geometry);
   if (!o.connections.empty() && o.link != "position") throw CLI::RequiresError("--connect", "--link position");
+  if (!o.ertDimension.empty() && !o.writes("ert")) throw CLI::RequiresError("--ert-dimension", "--format ert");
+  if (!o.kmlPositions.empty() && !o.writes("kml")) throw CLI::RequiresError("--kml-positions", "--format kml");
 }
 
 void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
@@ -272,9 +288,21 @@ void AggiungiUscita(CLI::App& command, ProcessOptions& o) {
       .add_option("--out", o.out,
                   "Root of the output names, or a folder ending in / (default: first file's name with _section behind)")
       ->type_name("ROOT");
-  command.add_option("--format", o.formats, "Comma-separated list of bin, txt, ecs, kml, csv (default bin)")
-      ->check(Elenco({"bin", "txt", "ecs", "kml", "csv"}))
+  command
+      .add_option("--format", o.formats,
+                  "Comma-separated list of " + CLI::detail::join(Formats, ", ") + " (default bin)")
+      ->check(Elenco(Formats))
       ->type_name("LIST");
+  command
+      .add_option("--ert-dimension", o.ertDimension,
+                  "Electrodes of the unified data file along the section (2, the default) or on the map (3)")
+      ->check(CLI::IsMember({"2", "3"}))
+      ->type_name("2|3");
+  command
+      .add_option("--kml-positions", o.kmlPositions,
+                  "Coordinates of the .kml: by the series of earlier files (given, the default) or exact")
+      ->check(CLI::IsMember({"given", "exact"}))
+      ->type_name("given|exact");
   command.add_flag("--json", o.json, "Print the summary as one JSON object");
 }
 

@@ -16,6 +16,7 @@
 #include "export/BlockComposer.h"
 #include "export/KmlText.h"
 #include "export/TruePositions.h"
+#include "geo/ExactUtm.h"
 #include "geo/Utm.h"
 
 namespace corvan {
@@ -56,7 +57,11 @@ std::array<Level, MaxChannels + 1> Livelli(double height, double offset) {
 class Curtain {
  public:
   Curtain(const KmlGoogle& kml, const Section& section, const CurtainRequest& request)
-      : kml_(kml), section_(section), colours_(request.colours), levels_(Livelli(section.altezza, request.offset)) {
+      : kml_(kml),
+        section_(section),
+        colours_(request.colours),
+        levels_(Livelli(section.altezza, request.offset)),
+        exact_(request.positions == KmlPositions::Exact) {
     for (const SectionPoint& point : section.RecordOut.points()) {
       if (!point.posta) continue;
       points_.push_back(&point);
@@ -115,7 +120,8 @@ class Curtain {
     constexpr int places = 10;
     place.plan = p;
     place.text.clear();
-    const std::optional<Geographic> g = DaUTM({p.est, p.nord, section_.griglia.zone, section_.griglia.hemisphere});
+    const Grid grid{p.est, p.nord, section_.griglia.zone, section_.griglia.hemisphere};
+    const std::optional<Geographic> g = exact_ ? DaUTMEsatto(grid) : DaUTM(grid);
     if (g) AggiungiPosto(place.text, ArrotondaDecimale(g->longitude, places), ArrotondaDecimale(g->latitude, places));
   }
 
@@ -162,6 +168,7 @@ class Curtain {
   const Section& section_;
   const ColourLookup colours_;
   const std::array<Level, MaxChannels + 1> levels_;
+  const bool exact_;
   std::vector<const SectionPoint*> points_;
   std::size_t excluded_ = 0;
   std::atomic<std::size_t> skipped_{0};

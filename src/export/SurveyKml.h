@@ -8,9 +8,16 @@
 
 namespace corvan {
 
+/// How the corners of a curtain come from the grid.
+enum class KmlPositions {
+  Given,  ///< by the series of all earlier files, whose latitudes are up to eight metres short at a zone's border
+  Exact   ///< by DaUTMEsatto
+};
+
 struct CurtainRequest {
   ColourScale colours;
   double offset = 0;  ///< added to every altitude, m
+  KmlPositions positions = KmlPositions::Given;
 };
 
 /// Writes ten polygons per point of the section that has a position, but for readings that do not exist, at its true

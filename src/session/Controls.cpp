@@ -54,7 +54,7 @@ void Mostra(Session& s, const std::string&) {
 
 void Salva(Session& s, const std::string&) {
   const OutputPanel& out = s.exporter.FrameFileOut;
-  if (!out.BinChk && !out.TxtChk && !out.EchoZChk && !out.KMLchk) {
+  if (!Exporter::spuntato(out)) {
     s.findings().note("SaveOutCmd_Click", "no format is ticked: nothing is written");
   }
   if (!s.exporter.cartella(s.exporter.FrameFileOut)) return;

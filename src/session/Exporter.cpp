@@ -1,6 +1,7 @@
 #include "session/Exporter.h"
 
 #include <algorithm>
+#include <array>
 #include <system_error>
 #include <utility>
 
@@ -8,6 +9,12 @@
 #include "base/Fields.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
+#include "exchange/BottomTable.h"
+#include "exchange/GeneralArray.h"
+#include "exchange/GeoJson.h"
+#include "exchange/GeoPackage.h"
+#include "exchange/UnifiedData.h"
+#include "exchange/VtuCurtain.h"
 #include "export/BinWriter.h"
 #include "export/SurveyKml.h"
 #include "export/SurveyTable.h"
@@ -18,13 +25,30 @@
 namespace corvan {
 namespace {
 
+/// A file that a ticked box makes.
+struct Output {
+  bool OutputPanel::*box;
+  const char* extension;  ///< behind the root of the names
+};
+
+constexpr std::array Outputs{Output{&OutputPanel::BinChk, ".bin"},
+                             Output{&OutputPanel::TxtChk, ".txt"},
+                             Output{&OutputPanel::EchoZChk, ".ecs"},
+                             Output{&OutputPanel::EchoZChk, ".ecst"},
+                             Output{&OutputPanel::KMLchk, ".kml"},
+                             Output{&OutputPanel::ErtChk, ".ohm"},
+                             Output{&OutputPanel::BottomChk, "_bottom.csv"},
+                             Output{&OutputPanel::Res2dinvChk, ".dat"},
+                             Output{&OutputPanel::GpkgChk, ".gpkg"},
+                             Output{&OutputPanel::GeojsonChk, ".geojson"},
+                             Output{&OutputPanel::VtuChk, ".vtu"}};
+
 /// Extensions of the files that the ticked formats make.
-std::vector<const char*> Estensioni(const OutputPanel& output) {
+std::vector<const char*> Estensioni(const OutputPanel& panel) {
   std::vector<const char*> all;
-  if (output.BinChk) all.push_back(".bin");
-  if (output.TxtChk) all.push_back(".txt");
-  if (output.EchoZChk) all.insert(all.end(), {".ecs", ".ecst"});
-  if (output.KMLchk) all.push_back(".kml");
+  for (const Output& output : Outputs) {
+    if (panel.*output.box) all.push_back(output.extension);
+  }
   return all;
 }
 
@@ -35,6 +59,8 @@ void Exporter::mostra(bool OutputPanel::*format) {
   FrameFileOut.BinChk = FrameFileOut.TxtChk = FrameFileOut.EchoZChk = false;
   FrameFileOut.*format = true;
 }
+
+bool Exporter::spuntato(const OutputPanel& output) { return !Estensioni(output).empty(); }
 
 bool Exporter::cartella(const OutputPanel& output) const {
   const std::filesystem::path folder = std::filesystem::path(output.FileOutTxt).parent_path();
@@ -156,6 +182,28 @@ void Exporter::scriviSezione(const Section& section, const ExportRequest& reques
     profile(".ecst", section.ProfiloVero);
   }
   if (request.output.KMLchk) scriviKml(section, request);
+  scriviAperti(section, request);
+}
+
+void Exporter::scriviAperti(const Section& section, const ExportRequest& request) {
+  const OutputPanel& output = request.output;
+  const auto write = [&](bool ticked, const char* procedure, const char* extension, auto&& body) {
+    if (ticked) scrivi(procedure, output.FileOutTxt, extension, body);
+  };
+  Findings& findings = desk_.findings;
+  write(output.ErtChk, "SalvaDatiUnificati", ".ohm", [&](FileWriter& out) {
+    SalvaDatiUnificati(out, survey_, section, output.Ert3DChk ? ErtDimension::Three : ErtDimension::Two, findings);
+  });
+  write(output.BottomChk, "SalvaFondo", "_bottom.csv",
+        [&](FileWriter& out) { SalvaFondo(out, survey_, section, findings); });
+  write(output.Res2dinvChk, "SalvaSchieraGenerale", ".dat",
+        [&](FileWriter& out) { SalvaSchieraGenerale(out, survey_, section, findings); });
+  write(output.GpkgChk, "SalvaGeoPackage", ".gpkg", [&](FileWriter& out) {
+    SalvaGeoPackage(out, survey_, section, {request.colours, clock_()}, findings);
+  });
+  write(output.GeojsonChk, "SalvaGeoJson", ".geojson",
+        [&](FileWriter& out) { SalvaGeoJson(out, survey_, section, findings); });
+  write(output.VtuChk, "SalvaVtu", ".vtu", [&](FileWriter& out) { SalvaVtu(out, survey_, section, findings); });
 }
 
 void Exporter::scriviKml(const Section& section, const ExportRequest& request) {
@@ -172,7 +220,9 @@ void Exporter::scriviKml(const Section& section, const ExportRequest& request) {
       if (!kml_) kml_ = std::make_unique<KmlGoogle>();
       kml_->FileName(name.string());
       kml_->progresso(progresso(name));
-      SalvaKML(*kml_, section, {request.colours, *height}, desk_.findings);
+      SalvaKML(*kml_, section,
+               {request.colours, *height, request.output.KmlExactChk ? KmlPositions::Exact : KmlPositions::Given},
+               desk_.findings);
     });
     if (!written) kml_.reset();  // gives up the half-written file
   });

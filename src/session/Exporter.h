@@ -48,7 +48,8 @@ class Exporter {
   OutputPanel FrameFileOut;
   OtherOutputs altre;
 
-  void mostra(bool OutputPanel::*format);  ///< shows "File Out" with one format ticked
+  void mostra(bool OutputPanel::*format);           ///< shows "File Out" with one format ticked
+  static bool spuntato(const OutputPanel& output);  ///< any box of a format is ticked
   /// The folder of the outputs is there and can be asked for: else it is said and nothing is written.
   bool cartella(const OutputPanel& output) const;
   /// Extracts the section and writes the ticked formats; asks for the offsets, and before files are replaced.
@@ -80,6 +81,7 @@ class Exporter {
   bool chiediSostituzione(const OutputPanel& output);
   void scriviSezione(const Section& section, const ExportRequest& request);
   void scriviKml(const Section& section, const ExportRequest& request);
+  void scriviAperti(const Section& section, const ExportRequest& request);
   void scrivi(const char* procedure, const std::string& root, const char* extension,
               const std::function<void(FileWriter&)>& body);
   void scriviFile(const char* procedure, const std::filesystem::path& name,

@@ -37,7 +37,15 @@ struct OutputPanel {
   bool TxtChk = false;
   bool EchoZChk = false;
   bool KMLchk = false;
-  bool TPGChk = false;  ///< has no effect
+  bool ErtChk = false;
+  bool BottomChk = false;
+  bool Res2dinvChk = false;
+  bool GpkgChk = false;
+  bool GeojsonChk = false;
+  bool VtuChk = false;
+  bool Ert3DChk = false;     ///< electrodes of the unified data file on the map
+  bool KmlExactChk = false;  ///< coordinates of the .kml without the error of the given series
+  bool TPGChk = false;       ///< has no effect
   bool ExtGPSChk = false;
   bool TruePosChk = false;
   CableShape cable = CableShape::Straight;

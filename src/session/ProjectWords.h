@@ -32,12 +32,20 @@ inline constexpr Words<ColourDesk::RangeFrom, 3> RangeWords{{{ColourDesk::RangeF
 inline constexpr Words<SectionLines, 3> LineWords{
     {{SectionLines::Stacked, "stacked"}, {SectionLines::Along, "along"}, {SectionLines::One, "one"}}};
 inline constexpr Words<DepthAxis, 2> DepthWords{{{DepthAxis::Metres, "metres"}, {DepthAxis::Levels, "levels"}}};
-inline constexpr Words<bool OutputPanel::*, 6> OutputWords{{{&OutputPanel::BinChk, "bin"},
-                                                            {&OutputPanel::TxtChk, "txt"},
-                                                            {&OutputPanel::EchoZChk, "ecs"},
-                                                            {&OutputPanel::KMLchk, "kml"},
-                                                            {&OutputPanel::TruePosChk, "true_position"},
-                                                            {&OutputPanel::ExtGPSChk, "external_gps"}}};
+inline constexpr Words<bool OutputPanel::*, 14> OutputWords{{{&OutputPanel::BinChk, "bin"},
+                                                             {&OutputPanel::TxtChk, "txt"},
+                                                             {&OutputPanel::EchoZChk, "ecs"},
+                                                             {&OutputPanel::KMLchk, "kml"},
+                                                             {&OutputPanel::ErtChk, "ert"},
+                                                             {&OutputPanel::BottomChk, "bottom"},
+                                                             {&OutputPanel::Res2dinvChk, "res2dinv"},
+                                                             {&OutputPanel::GpkgChk, "gpkg"},
+                                                             {&OutputPanel::GeojsonChk, "geojson"},
+                                                             {&OutputPanel::VtuChk, "vtu"},
+                                                             {&OutputPanel::Ert3DChk, "ert_3d"},
+                                                             {&OutputPanel::KmlExactChk, "kml_exact"},
+                                                             {&OutputPanel::TruePosChk, "true_position"},
+                                                             {&OutputPanel::ExtGPSChk, "external_gps"}}};
 inline constexpr std::array CurveWords{"current", "potential", "resistivity", "depth", "speed", "time"};
 static_assert(CurveWords.size() == Curves, "curves in the order of their names");
 

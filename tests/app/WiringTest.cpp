@@ -213,6 +213,31 @@ TEST(Wiring, OfVolumesFoldersAndFiles) {
   Do(w, {"CancCmd", nullptr, "FrameFileIn=0"});
 }
 
+/// The latitude of the curtain's first corner.
+double FirstLatitude(const std::string& kml) {
+  const std::size_t at = kml.find("<coordinates>");
+  return at == std::string::npos ? 0.0 : std::stod(kml.substr(kml.find(',', at) + 1));
+}
+
+// 2.7 degrees from the middle of zone 33 the given series loses 5.4 m of latitude (cs2cs), 4.9e-5 degrees.
+TEST(Wiring, OfTheExactTickMovesTheCurtainToWhereItIs) {
+  Window w;
+  w.window.leggi({test::Samples + "/lagoon_1.bin"});
+  w.section("1", "4");
+  std::array<double, 2> latitudes{};
+  for (const bool exact : {false, true}) {
+    w.key("Ctrl+S");
+    w.tick("BinChk", false);
+    w.tick("KMLchk", true);
+    w.tick("KmlExactChk", exact);
+    w.dialogs.answers = {{Question::CableOffset, {"0"}}, {Question::EchoOffset, {"0"}}, {Question::KmlOffset, {"0"}}};
+    w.enter("FileOutTxt", (w.folder / (exact ? "exact" : "given")).string().c_str());
+    latitudes.at(exact ? 1 : 0) = FirstLatitude(test::Slurp(w.folder / (exact ? "exact.kml" : "given.kml")));
+  }
+  EXPECT_NEAR(latitudes[1] - latitudes[0], 4.9e-5, 0.3e-5);
+  EXPECT_NEAR(latitudes[1], 45.4003662, 1e-6) << "as the file tells it";
+}
+
 // The lag of the true position is 2.5 m to the middle of the current dipole and the 7.5 m typed: 8 m west and 6 m south
 // of the first firing. Electrodes stand on the cable's 5 m grid and 7.5 m further.
 TEST(Wiring, OfTheOutputTicksDecidesWhichFilesAppearAndWhatTheyHold) {
@@ -230,6 +255,13 @@ TEST(Wiring, OfTheOutputTicksDecidesWhichFilesAppearAndWhatTheyHold) {
                {{"TxtChk", "TruePosChk", "ExtGPSChk"}, {{".txt", place}}},
                {{"EchoZChk"}, {{".ecs", bottom}, {".ecst", " 1            500000.0      5030000.0     "}}},
                {{"KMLchk"}, {{".kml", "UTMx: 500000.0 UTMy: 5030000.0 "}}},
+               {{"ErtChk"}, {{".ohm", "# x z\n"}}},
+               {{"ErtChk", "Ert3DChk"}, {{".ohm", "# x y z\n"}}},
+               {{"BottomChk"}, {{"_bottom.csv", ",500000.0,5030000.0,"}}},
+               {{"Res2dinvChk"}, {{".dat", "\r\n4 62.5 0.0 67.5 0.0 57.5 0.0 52.5 0.0 "}}},
+               {{"GpkgChk"}, {{".gpkg", "SQLite format 3"}}},
+               {{"GeojsonChk"}, {{".geojson", "\"layer\":\"section\""}}},
+               {{"VtuChk"}, {{".vtu", "<UnstructuredGrid>"}}},
                {{"TPGChk"}, {}}};
   int number = 0;
   Window w;
@@ -249,7 +281,9 @@ TEST(Wiring, OfTheOutputTicksDecidesWhichFilesAppearAndWhatTheyHold) {
     EXPECT_FALSE(w.shown("FrameFileOut"));
     Files found;
     for (const auto& entry : std::filesystem::directory_iterator(w.folder.path())) {
-      if (entry.path().stem() == root) found[entry.path().extension().string()] = "";
+      const std::string name = entry.path().filename().string(),
+                        ending = name.substr(std::min(name.size(), root.size()));
+      if (name.rfind(root, 0) == 0 && (ending[0] == '.' || ending[0] == '_')) found[ending] = "";
     }
     EXPECT_EQ(found.size(), c.files.size()) << root;
     for (const auto& [extension, held] : c.files) {

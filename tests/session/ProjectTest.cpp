@@ -55,7 +55,8 @@ struct ProjectRun : SessionFixture {
     TestCanvas flat(400, 300);
     session.section.dipingi(flat, {});
     all.emplace_back(reinterpret_cast<const char*>(flat.pixels().data()), 4 * 400 * 300);
-    for (const char* extension : {".csv", ".bin", ".txt", ".ecs", ".ecst", ".kml"}) {
+    for (const char* extension : {".csv", ".bin", ".txt", ".ecs", ".ecst", ".kml", ".ohm", "_bottom.csv", ".dat",
+                                  ".gpkg", ".geojson", ".vtu"}) {
       const auto path = folder / (std::string(root) + extension);
       all.push_back(std::filesystem::exists(path) ? Slurp(path) : "none");
     }
@@ -130,6 +131,13 @@ TEST(Projects, DoEveryKindOfChangeAgain) {
          o.BinChk = o.TxtChk = o.EchoZChk = o.KMLchk = o.TruePosChk = true;
          r.session.exporter.proponi(4.5, -2.25, "7.5");
        }},
+      {"open formats",
+       [](ProjectRun& r) {
+         OutputPanel& o = r.session.exporter.FrameFileOut;
+         o.ErtChk = o.BottomChk = o.Res2dinvChk = o.GpkgChk = o.GeojsonChk = o.VtuChk = true;
+       }},
+      {"electrodes on the map", [](ProjectRun& r) { r.session.exporter.FrameFileOut.Ert3DChk = true; }},
+      {"exact corners", [](ProjectRun& r) { r.session.exporter.FrameFileOut.KmlExactChk = true; }},
       {"external positions", [](ProjectRun& r) { r.session.exporter.FrameFileOut.ExtGPSChk = true; }},
       {"palette",
        [](ProjectRun& r) {
