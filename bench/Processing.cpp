@@ -5,13 +5,21 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "BigSurvey.h"
+#include "exchange/BottomTable.h"
+#include "exchange/GeneralArray.h"
+#include "exchange/GeoJson.h"
+#include "exchange/GeoPackage.h"
+#include "exchange/UnifiedData.h"
+#include "exchange/VtuCurtain.h"
 #include "export/BinWriter.h"
 #include "export/Section.h"
 #include "export/SurveyKml.h"
@@ -104,6 +112,49 @@ void SalvaKML(benchmark::State& state) {
     KmlGoogle kml;
     kml.FileName(sink.string());
     corvan::SalvaKML(kml, p.section, {{0, 1}, 0}, p.findings);
+  }
+}
+
+/// The open formats in the order of their names in the benchmarks.
+void WriteOpen(FileWriter& out, Prepared& p, const std::string& format) {
+  if (format == "ohm") SalvaDatiUnificati(out, p.survey, p.section, ErtDimension::Two, p.findings);
+  if (format == "dat") SalvaSchieraGenerale(out, p.survey, p.section, p.findings);
+  if (format == "bottom") SalvaFondo(out, p.survey, p.section, p.findings);
+  if (format == "geojson") SalvaGeoJson(out, p.survey, p.section, p.findings);
+  if (format == "vtu") SalvaVtu(out, p.survey, p.section, p.findings);
+  if (format == "gpkg") SalvaGeoPackage(out, p.survey, p.section, {{{0, 1}}, {}}, p.findings);
+}
+
+std::uintmax_t SizeOf(const std::function<void(FileWriter&)>& write) {
+  const std::filesystem::path file = Folder() / "sized";
+  FileWriter out(file);
+  write(out);
+  out.close();
+  return std::filesystem::file_size(file);
+}
+
+/// Times a writer; the time told is that of as many bytes as the survey's table has, so that it compares with the
+/// table.
+void Open(benchmark::State& state, const std::string& format) {
+  using Clock = std::chrono::steady_clock;
+  Prepared& p = At(state);
+  const auto own = static_cast<double>(SizeOf([&](FileWriter& out) { WriteOpen(out, p, format); }));
+  const auto table = static_cast<double>(SizeOf([&](FileWriter& out) { corvan::SalvaTabella(out, p.survey); }));
+  for (auto _ : state) {
+    const auto begin = Clock::now();
+    FileWriter out("/dev/null");
+    WriteOpen(out, p, format);
+    out.close();
+    state.SetIterationTime(std::chrono::duration<double>(Clock::now() - begin).count() * table / own);
+  }
+}
+
+void SalvaGeoPackageWhole(benchmark::State& state) {
+  Prepared& p = At(state);
+  for (auto _ : state) {
+    FileWriter out(Folder() / "all.gpkg");
+    WriteOpen(out, p, "gpkg");
+    out.close();
   }
 }
 
@@ -216,6 +267,12 @@ BENCHMARK(SalvaAscii)->Apply(TwoSizes);
 BENCHMARK(SalvaTraccia)->Apply(TwoSizes);
 BENCHMARK(SalvaKML)->Apply(TwoSizes);
 BENCHMARK(SalvaTabella)->Apply(TwoSizes);
+BENCHMARK_CAPTURE(Open, ohm, "ohm")->Apply(TwoSizes)->UseManualTime();
+BENCHMARK_CAPTURE(Open, dat, "dat")->Apply(TwoSizes)->UseManualTime();
+BENCHMARK_CAPTURE(Open, bottom, "bottom")->Apply(TwoSizes)->UseManualTime();
+BENCHMARK_CAPTURE(Open, geojson, "geojson")->Apply(TwoSizes)->UseManualTime();
+BENCHMARK_CAPTURE(Open, vtu, "vtu")->Apply(TwoSizes)->UseManualTime();
+BENCHMARK(SalvaGeoPackageWhole)->Apply(TwoSizes);
 BENCHMARK(WriteBin)->Arg(20'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(WriteBinBytes)->Arg(20'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(WriteAll)->Arg(200'000)->Iterations(1)->Unit(benchmark::kMillisecond);
