@@ -94,6 +94,24 @@ TEST(BottomTables, CountLikeTheElectrodesAndKeepDegreesAsRead) {
             "-1 measurement without a position left out\n");
 }
 
+// With the cable along the track the bottom lies where the echo sounder was, 4 m behind the boat: degrees that were
+// read for the boat are not those of 288701.5 5030933 (cs2cs).
+TEST(BottomTables, GiveTheDegreesOfThePlaceThatTheyName) {
+  Cut cut({{288685.5, 5030933}, {288705.5, 5030933}});
+  for (const std::size_t n : {1U, 2U}) cut.m(n).sorgente = Geographic{45, 12};
+  cut.request.OffsetEco = 4;
+  cut.request.shape = CableShape::AlongTrack;
+  const Section section = cut.section();
+  const std::vector<std::string> lines =
+      test::Lines(test::WrittenBy([&](FileWriter& out) { SalvaFondo(out, cut.survey, section, cut.findings); }));
+  ASSERT_EQ(lines.size(), 3U);
+  const std::vector<std::string> second = test::Words(lines[2], ',');
+  ASSERT_EQ(second.size(), 6U);
+  EXPECT_NEAR(test::Decimal(second[1]), 288701.5, 1e-6);
+  EXPECT_NEAR(test::Decimal(second[3]), 45.40000151763, 1e-8);
+  EXPECT_NEAR(test::Decimal(second[4]), 12.30020381567, 1e-8);
+}
+
 TEST(BottomTables, AreNotMadeWithoutPositions) {
   Cut cut({{0, 0}});
   const Section section = cut.section();
