@@ -1,5 +1,6 @@
 #include "app/Corvan.h"
 
+#include <algorithm>
 #include <chrono>
 #include <QDir>
 #include <QDragEnterEvent>
@@ -133,6 +134,15 @@ void Corvan::creaMenu() {
        [this] { fileIn_->aggiungi(); });
   file->addMenu(new RecentMenu(
       remembered_, [this](const QStringList& files) { leggi(files); }, this));
+  file->addSeparator();
+  voce(file, "OpenProject", "Open Pro&ject\u2026", QKeySequence("Ctrl+J"), [this] {
+    projects_.apri();
+    aggiorna();
+  });
+  voce(file, "SaveProject", "Save Projec&t\u2026", QKeySequence("Ctrl+Shift+J"), [this] {
+    projects_.salva();
+    aggiorna();
+  });
   file->addSeparator();
   voce(file, "SaveFileOut", "Save File Out (.&BIN format)", QKeySequence::Save, open("SaveFileOut_Click", fileOut_));
   voce(file, "SaveFileOutTxt", "Save File Out (.T&XT Format)", QKeySequence("Ctrl+T"),
@@ -274,6 +284,20 @@ void Corvan::leggiTraccia() {
   DialogoFile_.IDir = QDir::currentPath();
   DialogoFile_.FileName.clear();
   if (DialogoFile_.FOpen()) leggiTracce(DialogoFile_.GetFileNames());
+}
+
+void Corvan::leggi(const QStringList& files) {
+  const auto project = std::find_if(files.begin(), files.end(), ProjectFiles::progetto);
+  if (project == files.end()) {
+    fileIn_->leggi(files);
+    return;
+  }
+  projects_.apri(*project);
+  if (files.size() > 1) {
+    session_.findings().fault("OpenProject", "not read: a project says itself which files it reads",
+                              std::to_string(files.size() - 1) + (files.size() == 2 ? " other file" : " other files"));
+  }
+  aggiorna();
 }
 
 /// There is one external track at a time: of several files the first is read, and the others are told.

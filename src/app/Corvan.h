@@ -22,6 +22,7 @@
 #include "app/Pages.h"
 #include "app/PickedLines.h"
 #include "app/PictureFiles.h"
+#include "app/ProjectFiles.h"
 #include "app/Remembered.h"
 #include "app/SaveOpen.h"
 #include "app/SectionPage.h"
@@ -43,7 +44,8 @@ class Corvan : public QMainWindow {
   /// Puts the window and the folder shown back to what they were when the program was last closed.
   void ripristina(QSize usual);
   /// Reads survey files, as if they had been selected and "Read File" pressed.
-  void leggi(const QStringList& files) { fileIn_->leggi(files); }
+  /// The first project among them is opened instead; beside it nothing is read, which is told.
+  void leggi(const QStringList& files);
   /// Reads an external track, as if it had been chosen in the dialog of "Load External GPS file".
   void leggiTraccia(const QString& file);
 
@@ -95,6 +97,7 @@ class Corvan : public QMainWindow {
   SectionPage* flat_ = nullptr;
   TablePage* table_ = nullptr;
   std::unique_ptr<PictureFiles> pictureFiles_;
+  ProjectFiles projects_{session_};
 
   struct Switch {
     QAction* action;

@@ -29,8 +29,8 @@ void Verifica(const CableOptions& o) {
 }
 
 void ImpostaCavo(OutputPanel& output, const CableOptions& o) {
-  output.cable = o.shape;
-  output.SmoothTxt = o.smoothing;
+  output.cable = o.shape.value_or(output.cable);
+  if (!o.smoothing.empty()) output.SmoothTxt = o.smoothing;
 }
 
 }  // namespace corvan::cli

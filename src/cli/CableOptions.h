@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <string>
 
 #include "session/Panels.h"
@@ -10,8 +11,8 @@ namespace corvan::cli {
 
 /// As typed and checked.
 struct CableOptions {
-  CableShape shape = CableShape::Straight;
-  std::string smoothing;  ///< m; empty: one electrode spacing
+  std::optional<CableShape> shape;  ///< none: not typed
+  std::string smoothing;            ///< m; empty: one electrode spacing
 };
 
 void AggiungiCavo(CLI::App& command, CableOptions& options);

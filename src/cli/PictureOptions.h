@@ -16,7 +16,7 @@ inline constexpr const char* UsualLayers = "electrodes";  ///< of a picture that
 /// As typed; numbers have been checked and are handed on as texts of the view's boxes.
 struct PictureOptions {
   std::string file;  ///< empty: no picture
-  std::string size = UsualSize;
+  std::string size;  ///< empty: UsualSize
   // What is not typed stays as the view has it.
   std::string theta, phi, gamma;  ///< degrees
   std::string zoom;

@@ -1,5 +1,6 @@
 // corvan-cli process: the whole chain from survey files to a written section.
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iostream>
 #include <map>
@@ -17,6 +18,7 @@
 #include "cli/Commands.h"
 #include "cli/PictureOptions.h"
 #include "cli/ProcessSummary.h"
+#include "cli/ProjectOptions.h"
 #include "cli/QualityOptions.h"
 #include "cli/Report.h"
 #include "cli/ScriptedDialogs.h"
@@ -34,11 +36,24 @@ constexpr double MostSeconds = 4e9;  // over the 120 years that a measurement's 
 const std::vector<std::string> Formats{"bin",    "txt",      "ecs",  "kml",     "csv", "ert",
                                        "bottom", "res2dinv", "gpkg", "geojson", "vtu"};
 
+/// The box of "File Out" for each of them but the table, which has none.
+constexpr std::array<std::pair<const char*, bool OutputPanel::*>, 10> FormatBoxes{
+    {{"bin", &OutputPanel::BinChk},
+     {"txt", &OutputPanel::TxtChk},
+     {"ecs", &OutputPanel::EchoZChk},
+     {"kml", &OutputPanel::KMLchk},
+     {"ert", &OutputPanel::ErtChk},
+     {"bottom", &OutputPanel::BottomChk},
+     {"res2dinv", &OutputPanel::Res2dinvChk},
+     {"gpkg", &OutputPanel::GpkgChk},
+     {"geojson", &OutputPanel::GeojsonChk},
+     {"vtu", &OutputPanel::VtuChk}}};
+
 /// The options as typed; texts that answer a question are handed on unread.
 struct ProcessOptions {
   std::vector<std::string> files;
-  CoordinateEntry coords = CoordinateEntry::DDMM;
-  BadGps badGps = BadGps::NoFilter;
+  std::optional<CoordinateEntry> coords;
+  std::optional<BadGps> badGps;
   std::string channels;
   bool pastGaps = false;
   std::string cable;
@@ -49,11 +64,9 @@ struct ProcessOptions {
   bool truePosition = false;
   bool externalGps = false;
   CableOptions geometry;
-  std::string cableOffset = "0";
-  std::string echoOffset = "0";
-  std::string kmlOffset;
+  std::string cableOffset, echoOffset, kmlOffset;  ///< empty: not typed
   std::string out;
-  std::string formats = "bin";
+  std::string formats;  ///< empty: not typed
   ColourOptions colours;
   std::string dataShift;
   std::string depthShift;
@@ -67,8 +80,10 @@ struct ProcessOptions {
   std::vector<std::string> connections;  ///< "M:G"
   std::string ertDimension;
   std::string kmlPositions;
+  ProjectOptions project;
   bool json = false;
 
+  /// A format is asked for by the command line.
   bool writes(const std::string& format) const {
     const std::vector<std::string> chosen = Voci(formats);
     return std::find(chosen.begin(), chosen.end(), format) != chosen.end();
@@ -80,47 +95,61 @@ void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
   dialogs.answer(Question::UtmZone, options.zone);
   dialogs.answer(Question::ColourRange, options.colours.range);
   if (!options.trackDate.empty()) dialogs.answer(Question::TrackDate, options.trackDate);
-  dialogs.answer(Question::CableOffset, options.cableOffset);
-  dialogs.answer(Question::EchoOffset, options.echoOffset);
-  dialogs.answer(Question::KmlOffset, options.kmlOffset);
+}
+
+/// What the questions for the offsets are answered: what was typed, else what a project says.
+void RispondiAgliOffset(ScriptedDialogs& dialogs, const Session& session, const ProcessOptions& options) {
+  const auto answer = [&dialogs](Question question, const std::string& typed, const std::string& otherwise) {
+    dialogs.answer(question, typed.empty() ? otherwise : typed);
+  };
+  answer(Question::CableOffset, options.cableOffset, TestoNumero(session.exporter.offsetCavo()));
+  answer(Question::EchoOffset, options.echoOffset, TestoNumero(session.exporter.offsetEco()));
+  answer(Question::KmlOffset, options.kmlOffset, session.exporter.quotaKml());
 }
 
 /// The root of the output names; a folder alone is where the files of the default name go.
-std::string Radice(const ProcessOptions& options) {
-  const std::string usual = std::filesystem::path(options.files.front()).stem().string() + "_section";
+std::string Radice(const Session& session, const ProcessOptions& options) {
+  const std::vector<std::filesystem::path>& files = session.survey.FrameFileIn.File1;
+  const std::string usual = (files.empty() ? std::string() : files.front().stem().string()) + "_section";
   if (!FinisceInCartella(options.out)) return options.out;
   return (std::filesystem::path(options.out) / usual).string();
 }
 
-InputPanel Lettura(const ProcessOptions& options) {
-  InputPanel in;
-  in.LatLonCmbx = options.coords;
-  in.filter = options.badGps;
-  in.pastGaps = options.pastGaps;
-  in.south = options.south;
-  in.File1.assign(options.files.begin(), options.files.end());
-  return in;
+/// Changes the choices of a reading to those that were typed.
+void CambiaLettura(InputPanel& in, const ProcessOptions& options) {
+  in.LatLonCmbx = options.coords.value_or(in.LatLonCmbx);
+  in.filter = options.badGps.value_or(in.filter);
+  in.pastGaps = in.pastGaps || options.pastGaps;
+  in.south = in.south || options.south;
+  if (!options.files.empty()) in.File1.assign(options.files.begin(), options.files.end());
 }
 
-OutputPanel Uscite(const ProcessOptions& options) {
-  OutputPanel out;
-  out.BinChk = options.writes("bin");
-  out.TxtChk = options.writes("txt");
-  out.EchoZChk = options.writes("ecs");
-  out.KMLchk = options.writes("kml");
-  out.ErtChk = options.writes("ert");
-  out.BottomChk = options.writes("bottom");
-  out.Res2dinvChk = options.writes("res2dinv");
-  out.GpkgChk = options.writes("gpkg");
-  out.GeojsonChk = options.writes("geojson");
-  out.VtuChk = options.writes("vtu");
-  out.Ert3DChk = options.ertDimension == "3";
-  out.KmlExactChk = options.kmlPositions == "exact";
-  out.TruePosChk = options.truePosition;
-  out.ExtGPSChk = options.externalGps;
+/// The boxes of "File Out": those of a project, changed to what was typed.
+OutputPanel Uscite(const Session& session, const ProcessOptions& options) {
+  OutputPanel out = session.exporter.FrameFileOut;
+  if (!options.formats.empty()) {
+    for (const auto& [word, box] : FormatBoxes) out.*box = options.writes(word);
+  } else if (options.project.open.empty()) {
+    out.BinChk = true;
+  }
+  if (!options.ertDimension.empty()) out.Ert3DChk = options.ertDimension == "3";
+  if (!options.kmlPositions.empty()) out.KmlExactChk = options.kmlPositions == "exact";
+  out.TruePosChk = out.TruePosChk || options.truePosition;
+  out.ExtGPSChk = out.ExtGPSChk || options.externalGps;
   ImpostaCavo(out, options.geometry);
-  out.FileOutTxt = Radice(options);
+  if (!options.out.empty() || options.project.open.empty()) out.FileOutTxt = Radice(session, options);
   return out;
+}
+
+/// Pictures and the table, likewise.
+OtherOutputs Altre(const Session& session, const ProcessOptions& options) {
+  OtherOutputs other = session.exporter.altre;
+  if (!options.formats.empty()) other.csv = options.writes("csv");
+  if (!options.picture.file.empty()) other.picture = options.picture.file;
+  if (!options.section.file.empty()) other.section = options.section.file;
+  if (!options.picture.size.empty()) other.size = options.picture.size;
+  other.caption = other.caption && !options.picture.noCaption;
+  return other;
 }
 
 /// The two halves of "E,N".
@@ -144,8 +173,7 @@ void Connetti(Session& session, const ProcessOptions& options) {
 }
 
 void CollegaTraccia(Session& session, const ScriptedDialogs& dialogs, const ProcessOptions& options) {
-  if (options.gps.empty()) return;
-  session.leggiTraccia(options.gps);
+  if (!options.gps.empty()) session.leggiTraccia(options.gps);
   if (!options.trackDate.empty() && !dialogs.asked(Question::TrackDate)) {
     session.findings().note("LeggiGPSEsterno", "--track-date is not used: the track tells its own dates");
   }
@@ -155,42 +183,96 @@ void CollegaTraccia(Session& session, const ScriptedDialogs& dialogs, const Proc
   session.collegaPerPosizione();
 }
 
-void FaiImmagini(Session& session, const ProcessOptions& options) {
-  if (options.picture.file.empty() && options.section.file.empty()) return;
+void FaiImmagini(Session& session, const ProcessOptions& options, const OtherOutputs& other) {
+  if (other.picture.empty() && other.section.empty()) return;
   const Toolkit toolkit;
-  FaiImmagine(session, options.picture);
-  const Caption caption = options.picture.noCaption ? Caption() : DidascaliaRilievo(session.survey.dati());
-  FaiSezionePiana(session, options.section, {options.picture.size, caption, Val(options.cableOffset)});
+  PictureOptions picture = options.picture;
+  picture.file = other.picture.string();
+  picture.size = other.size.empty() ? UsualSize : other.size;
+  picture.noCaption = !other.caption;
+  if (options.project.open.empty() && picture.layers.empty()) picture.layers = UsualLayers;
+  FaiImmagine(session, picture);
+  const Caption caption = picture.noCaption ? Caption() : DidascaliaRilievo(session.survey.dati());
+  SectionPictureOptions section = options.section;
+  section.file = other.section.string();
+  const double offset = options.cableOffset.empty() ? session.exporter.offsetCavo() : Val(options.cableOffset);
+  FaiSezionePiana(session, section, {picture.size, caption, offset});
+}
+
+/// The cable and the zone that were typed.
+void ImpostaCavoEZona(Session& session, const ProcessOptions& options) {
+  const std::string cable(Rifila(options.cable));
+  if (!cable.empty()) session.survey.impostaCavo(cable);
+  if (!options.zone.empty()) session.survey.chiediZona();
+}
+
+/// Reads what is asked for, from files or a project. @return false when there is nothing to go on with
+bool Leggi(Session& session, const ProcessOptions& options) {
+  if (options.project.open.empty()) {
+    CambiaLettura(session.survey.FrameFileIn, options);
+    session.leggi();
+    ImpostaCavoEZona(session, options);
+    return true;
+  }
+  std::optional<Project> project = session.leggiProgetto(options.project.open);
+  if (!project) return false;
+  const Said said{!Rifila(options.cable).empty(), !options.zone.empty(), !options.gps.empty(), !options.link.empty()};
+  const auto change = [&options](ReadAct& reading) {
+    if (!options.files.empty()) reading.answers.clear();
+    if (!options.channels.empty()) {
+      std::erase_if(reading.answers, [](const GivenAnswer& a) { return a.question == Question::ChannelNumber; });
+    }
+    CambiaLettura(reading.in, options);
+  };
+  RifaiAtti(session, *project, said, change, [&] { ImpostaCavoEZona(session, options); });
+  project->limits = LimitiDi(options.quality, project->limits);
+  session.riprendi(*project);
+  return true;
+}
+
+/// The run as a project: without the extremes that nobody asked for.
+void SalvaProgetto(Session& session, const ProcessOptions& options, const std::optional<std::int32_t>& first,
+                   const std::optional<std::int32_t>& second) {
+  if (options.project.save.empty()) return;
+  Project project = session.progetto();
+  project.from = first;
+  project.to = second;
+  session.salvaProgetto(options.project.save, project);
+}
+
+/// Writes what is asked for.
+void Scrivi(Session& session, ScriptedDialogs& dialogs, const ProcessOptions& options) {
+  RispondiAgliOffset(dialogs, session, options);
+  const OutputPanel output = session.exporter.FrameFileOut = Uscite(session, options);
+  const OtherOutputs other = session.exporter.altre = Altre(session, options);
+  ImpostaColori(session, options.colours,
+                !other.picture.empty() || !other.section.empty() || output.KMLchk || output.GpkgChk);
+  if (other.csv) session.exporter.tabella(output.FileOutTxt);
+  // Pictures mark the extremes that were asked for; those of the whole survey would tell nothing.
+  if (options.from) session.selection.imposta(Extreme::First, *options.from);
+  if (options.to) session.selection.imposta(Extreme::Second, *options.to);
+  const auto first = session.selection.primo(), second = session.selection.secondo();
+  FaiImmagini(session, options, other);
+  if (!first && !options.from) session.selection.imposta(Extreme::First, 1);
+  if (!second && !options.to) session.selection.imposta(Extreme::Second, session.survey.dati().NumMisure());
+  session.salvaEstratto(output);
+  SalvaProgetto(session, options, first, second);
 }
 
 int Esegui(const ProcessOptions& options) {
   ScriptedDialogs dialogs;
   PreparaRisposte(dialogs, options);
   Session session(dialogs, Adesso);
-  session.survey.FrameFileIn = Lettura(options);
-  session.leggi();
-  if (options.south && options.coords != CoordinateEntry::UTM) {
-    session.findings().note("ConvertAsciiCmd_Click", "--south is not used: latitudes tell their own hemisphere");
+  if (Leggi(session, options)) {
+    if (options.south && session.survey.FrameFileIn.LatLonCmbx != CoordinateEntry::UTM) {
+      session.findings().note("ConvertAsciiCmd_Click", "--south is not used: latitudes tell their own hemisphere");
+    }
+    CollegaTraccia(session, dialogs, options);
+    session.survey.qualita().imposta(LimitiDi(options.quality, session.survey.qualita().limiti()));
+    Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
+    Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
+    Scrivi(session, dialogs, options);
   }
-  const std::string cable(Rifila(options.cable));
-  if (!cable.empty()) session.survey.impostaCavo(cable);
-  if (!options.zone.empty()) session.survey.chiediZona();
-  CollegaTraccia(session, dialogs, options);
-  ImpostaQualita(session, options.quality);
-  Trasla(session, options.dataShift, Translation::DataEast, Translation::DataNorth);
-  Trasla(session, options.depthShift, Translation::DepthEast, Translation::DepthNorth);
-  ImpostaColori(session, options.colours,
-                !options.picture.file.empty() || !options.section.file.empty() || options.writes("kml") ||
-                    options.writes("gpkg"));
-  const OutputPanel output = Uscite(options);
-  if (options.writes("csv")) session.exporter.tabella(output.FileOutTxt);
-  // Pictures mark the extremes that were asked for; those of the whole survey would tell nothing.
-  if (options.from) session.selection.imposta(Extreme::First, *options.from);
-  if (options.to) session.selection.imposta(Extreme::Second, *options.to);
-  FaiImmagini(session, options);
-  if (!options.from) session.selection.imposta(Extreme::First, 1);
-  if (!options.to) session.selection.imposta(Extreme::Second, session.survey.dati().NumMisure());
-  session.salvaEstratto(output);
   StampaRilievi(session.findings());
   std::cout << (options.json ? TestoJson(SommarioJson(session, dialogs.messages())) : SommarioTesto(session));
   return session.findings().anyFault() ? NotAllDone : AllDone;
@@ -198,7 +280,6 @@ int Esegui(const ProcessOptions& options) {
 
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
   command.add_option("files", o.files, "Survey files: Syscal binaries or text exports, read in this order")
-      ->required()
       ->type_name("FILE");
   const std::map<std::string, CoordinateEntry> coords{{"ddmmss", CoordinateEntry::DDMMSS},
                                                       {"ddmm", CoordinateEntry::DDMM},
@@ -252,11 +333,16 @@ void AggiungiSezione(CLI::App& command, ProcessOptions& o) {
 
 /// Options of one link are a mistake beside another: they would do nothing, and nobody would hear of it.
 void Verifica(const ProcessOptions& o) {
+  if (o.files.empty() && o.project.open.empty()) throw CLI::RequiredError("files (or --project)");
+  if (!o.link.empty() && o.gps.empty() && o.project.open.empty()) throw CLI::RequiresError("--link", "--gps");
   if (!o.clockOffset.empty() && o.link != "time") throw CLI::RequiresError("--clock-offset", "--link time");
   Verifica(o.geometry);
   if (!o.connections.empty() && o.link != "position") throw CLI::RequiresError("--connect", "--link position");
-  if (!o.ertDimension.empty() && !o.writes("ert")) throw CLI::RequiresError("--ert-dimension", "--format ert");
-  if (!o.kmlPositions.empty() && !o.writes("kml")) throw CLI::RequiresError("--kml-positions", "--format kml");
+  const bool asProject = !o.project.open.empty() && o.formats.empty();
+  if (!o.ertDimension.empty() && !asProject && !o.writes("ert"))
+    throw CLI::RequiresError("--ert-dimension", "--format ert");
+  if (!o.kmlPositions.empty() && !asProject && !o.writes("kml"))
+    throw CLI::RequiresError("--kml-positions", "--format kml");
 }
 
 void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
@@ -267,7 +353,6 @@ void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
           ->type_name("FILE");
   command.add_option("--link", o.link, "Link the data to the external track")
       ->check(Elenco({"time", "position"}))
-      ->needs(gps)
       ->type_name("time|position");
   command.add_option("--clock-offset", o.clockOffset, "Seconds added to the measurements' times before a link by time")
       ->check(NumeroEntro(MostSeconds))
@@ -320,6 +405,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   AggiungiQualita(*command, options->quality);
   AggiungiSezionePiana(*command, options->section);
   AggiungiTraccia(*command, *options);
+  AggiungiProgetto(*command, options->project);
   command->callback([options, &work] {
     Verifica(*options);
     work = [options] { return Esegui(*options); };

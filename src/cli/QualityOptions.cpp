@@ -93,8 +93,7 @@ void CompletaDespike(std::vector<std::string>& arguments) {
   }
 }
 
-void ImpostaQualita(Session& session, const QualityOptions& o) {
-  QualityLimits limits = session.survey.qualita().limiti();
+QualityLimits LimitiDi(const QualityOptions& o, QualityLimits limits) {
   const auto take = [](std::optional<double>& limit, const std::string& text) {
     if (!text.empty()) limit = Val(text);
   };
@@ -107,7 +106,7 @@ void ImpostaQualita(Session& session, const QualityOptions& o) {
   }
   if (!o.despike.empty()) limits.picchi = Picchi(o.despike);
   limits.negative = limits.negative || o.noNegative;
-  session.survey.qualita().imposta(limits);
+  return limits;
 }
 
 }  // namespace corvan::cli

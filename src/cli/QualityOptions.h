@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "session/Session.h"
+#include "survey/Quality.h"
 
 namespace corvan::cli {
 
@@ -22,7 +22,7 @@ void AggiungiQualita(CLI::App& command, QualityOptions& options);
 /// "--despike" needs no number behind it: then its usual ones are put there, so that it takes no file's name for them.
 void CompletaDespike(std::vector<std::string>& arguments);
 
-/// Sets the limits that were typed; others stay.
-void ImpostaQualita(Session& session, const QualityOptions& options);
+/// Limits changed to those that were typed.
+QualityLimits LimitiDi(const QualityOptions& options, QualityLimits limits);
 
 }  // namespace corvan::cli

@@ -239,6 +239,8 @@ struct Loader {
     of.prendi("root", root);
     if (!root.empty()) o.FileOutTxt = nome(root).string();
     for (const auto& [box, word] : OutputWords) of.prendi(word, o.*box);
+    of.scegli("cable_geometry", CableWords, o.cable);
+    of.prendi("track_smoothing", o.SmoothTxt);
     of.prendi("csv", project.others.csv);
     for (const auto& [key, file] :
          {std::pair("picture", &project.others.picture), std::pair("section_picture", &project.others.section)}) {

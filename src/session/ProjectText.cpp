@@ -95,6 +95,8 @@ struct Writer {
     const OutputPanel& o = project.outputs;
     Json json = {{"root", Nome(std::filesystem::path(o.FileOutTxt), folder)}};
     for (const auto& [box, word] : OutputWords) json[word] = o.*box;
+    json["cable_geometry"] = Parola(CableWords, o.cable);
+    json["track_smoothing"] = o.SmoothTxt;
     json["csv"] = project.others.csv;
     json["picture"] = Nome(project.others.picture, folder);
     json["section_picture"] = Nome(project.others.section, folder);

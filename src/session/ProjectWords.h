@@ -32,6 +32,8 @@ inline constexpr Words<ColourDesk::RangeFrom, 3> RangeWords{{{ColourDesk::RangeF
 inline constexpr Words<SectionLines, 3> LineWords{
     {{SectionLines::Stacked, "stacked"}, {SectionLines::Along, "along"}, {SectionLines::One, "one"}}};
 inline constexpr Words<DepthAxis, 2> DepthWords{{{DepthAxis::Metres, "metres"}, {DepthAxis::Levels, "levels"}}};
+inline constexpr Words<CableShape, 2> CableWords{
+    {{CableShape::Straight, "straight"}, {CableShape::AlongTrack, "track"}}};
 inline constexpr Words<bool OutputPanel::*, 14> OutputWords{{{&OutputPanel::BinChk, "bin"},
                                                              {&OutputPanel::TxtChk, "txt"},
                                                              {&OutputPanel::EchoZChk, "ecs"},

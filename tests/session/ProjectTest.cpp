@@ -139,6 +139,8 @@ TEST(Projects, DoEveryKindOfChangeAgain) {
       {"electrodes on the map", [](ProjectRun& r) { r.session.exporter.FrameFileOut.Ert3DChk = true; }},
       {"exact corners", [](ProjectRun& r) { r.session.exporter.FrameFileOut.KmlExactChk = true; }},
       {"external positions", [](ProjectRun& r) { r.session.exporter.FrameFileOut.ExtGPSChk = true; }},
+      {"cable along the track", [](ProjectRun& r) { r.session.exporter.FrameFileOut.cable = CableShape::AlongTrack; }},
+      {"smoothing", [](ProjectRun& r) { r.session.exporter.FrameFileOut.SmoothTxt = "20"; }},
       {"palette",
        [](ProjectRun& r) {
          r.session.survey.colori().scegli(PaletteName::Viridis);
