@@ -135,4 +135,23 @@ double DataDaTesto(std::string_view text) {
   }
 }
 
+double IstanteDaTesto(std::string_view text) {
+  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
+  const std::size_t colon = text.find(':');
+  if (colon == std::string_view::npos) return DataDaTesto(text);
+  if (text.back() == 'Z' || text.back() == 'z') return DataDaTesto(text.substr(0, text.size() - 1));
+  const std::size_t sign = text.find_last_of("+-");
+  if (sign == std::string_view::npos || sign < colon) return DataDaTesto(text);
+  Pezzi zone(text.substr(sign + 1));
+  const int hours = zone.number(2);
+  int minutes = 0;
+  if (zone.front() == ':') zone.separator(":");
+  if (!zone.empty()) minutes = zone.number(2);
+  if (!zone.good() || !zone.empty() || hours > 14 || minutes > 59) {
+    throw RunTimeError("\"" + Leggibile(text) + "\" is no date and time");
+  }
+  const double ahead = (hours * 60.0 + minutes) / 1440.0;
+  return DataDaTesto(text.substr(0, sign)) - (text[sign] == '-' ? -ahead : ahead);
+}
+
 }  // namespace corvan

@@ -11,4 +11,8 @@ namespace corvan {
 /// @throws RunTimeError naming the text when it is no date
 double DataDaTesto(std::string_view text);
 
+/// The same with the zone that may stand behind the time: "Z", or the hours and minutes that the clock is ahead of UTC
+/// ("+02:00", "-0330", "+1"). @return day number, UTC where a zone stands there
+double IstanteDaTesto(std::string_view text);
+
 }  // namespace corvan

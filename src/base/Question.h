@@ -9,6 +9,8 @@ namespace corvan {
 enum class Question {
   // Answered with a text.
   ChannelNumber,
+  ColumnNames,
+  ElectrodeSpacing,
   CableConfiguration,
   UtmZone,
   TrackZone,
@@ -45,6 +47,8 @@ struct QuestionText {
 
 inline constexpr std::array QuestionTable{
     QuestionText{Question::ChannelNumber, "Set Channel Number", "N. Channel"},
+    QuestionText{Question::ColumnNames, "Columns from left to right", "Column Text"},
+    QuestionText{Question::ElectrodeSpacing, "Electrode spacing [m]", "Column Text"},
     QuestionText{Question::CableConfiguration, "Set String", "Cable Configuration"},
     QuestionText{Question::UtmZone, "UTM Zone n. ", "Set Universal Trasverse Mercatore Zone"},
     QuestionText{Question::TrackZone, "Set UTM zone", "Zone n."},

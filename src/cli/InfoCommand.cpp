@@ -14,9 +14,11 @@
 #include "base/NumberText.h"
 #include "base/OleDate.h"
 #include "base/Text.h"
+#include "cli/ColumnOptions.h"
 #include "cli/Commands.h"
 #include "cli/Report.h"
 #include "geo/AngleText.h"
+#include "input/ColumnReader.h"
 #include "input/InputDriver.h"
 #include "input/TrackFile.h"
 #include "input/TrackSteps.h"
@@ -56,9 +58,13 @@ struct FileInfo {
 };
 
 /// Looks at the firings that a reading would give. Nobody has said how the coordinates are written.
-void EsaminaMisure(FileInfo& info) {
+void EsaminaMisure(const ColumnOptions& columns, FileInfo& info) {
   ReadOptions options;
   options.layoutChosen = false;
+  options.columns = [&columns] { return columns.columns; };
+  options.spacing = [&columns](bool) {
+    return columns.spacing.empty() ? std::nullopt : std::optional(Val(columns.spacing));
+  };
   const auto count = [&info](const Misura& m) {
     if (TempoValido(m.Tempo)) info.time.widen(m.Tempo);
     if (m.SenzaFix) return;
@@ -112,24 +118,28 @@ void EsaminaTraccia(std::string_view text, FileInfo& info) {
 constexpr std::uintmax_t LargeFile = std::uintmax_t{16} << 20;
 constexpr std::size_t Beginning = std::size_t{1} << 20;
 
-/// Files of measurements by their first bytes; others may be too, when they are no track.
+/// Files of measurements by their first bytes or lines; others may be too, when they are no track.
 constexpr std::size_t FirstBytes = 11;
-bool SonoMisure(std::string_view firstBytes) {
-  return TestataDiTesto(firstBytes) || firstBytes.starts_with(std::string_view("\x02\0\0\x80", 4));
+constexpr std::size_t FirstLines = std::size_t{1} << 16;
+bool SonoMisure(const std::string& name) {
+  const FileBytes first = LeggiInizio(name, FirstBytes);
+  if (TestataDiTesto(first.text()) || first.text().starts_with(std::string_view("\x02\0\0\x80", 4))) return true;
+  const ColumnStart start = InizioColonne(LeggiInizio(name, FirstLines).text());
+  return start == ColumnStart::Named || start == ColumnStart::Partial;
 }
 
-FileInfo Esamina(const std::string& name, Findings& findings) {
+FileInfo Esamina(const std::string& name, const ColumnOptions& columns, Findings& findings) {
   FileInfo info;
   info.name = name;
   Trappola(findings, Procedure, [&] {
-    if (SonoMisure(LeggiInizio(name, FirstBytes).text())) return EsaminaMisure(info);  // of any size
+    if (SonoMisure(name)) return EsaminaMisure(columns, info);  // of any size
     if (FileReader(name).size() > LargeFile && !Traccia(name, LeggiInizio(name, Beginning).text())) {
-      return EsaminaMisure(info);
+      return EsaminaMisure(columns, info);
     }
     const FileBytes bytes = LeggiTutto(name);
     info.track = Traccia(name, bytes.text());
     info.bytes = bytes.size();
-    info.track ? EsaminaTraccia(bytes.text(), info) : EsaminaMisure(info);
+    info.track ? EsaminaTraccia(bytes.text(), info) : EsaminaMisure(columns, info);
   });
   findings.add(info.findings, name);
   return info;
@@ -158,16 +168,19 @@ Json InJson(const FileInfo& info) {
           {"unread", unread}};
 }
 
+/// For people.
+std::string NomeFormatoFile(const FileInfo& info) {
+  if (info.track) return info.format;
+  if (info.format == "columns") return "column text";
+  return info.format == "text" ? "text export" : "Syscal Pro";
+}
+
 std::string InTesto(const FileInfo& info) {
   std::ostringstream out;
   out << Visibile(info.name) << '\n';
   if (info.format.empty()) return out.str() + "  not readable as a survey or a track\n";
-  const bool text = info.format == "text" || info.track;
-  out << "  format     "
-      << (info.track ? info.format
-          : text     ? "text export"
-                     : "Syscal Pro")
-      << ", " << info.bytes << " bytes\n";
+  const bool text = info.format != "syscal";
+  out << "  format     " << NomeFormatoFile(info) << ", " << info.bytes << " bytes\n";
   if (!text) out << "  records    " << info.records << " of " << info.recordLength << " bytes\n";
   if (text) out << "  lines      " << info.records << '\n';
   if (info.track) {
@@ -186,11 +199,11 @@ std::string InTesto(const FileInfo& info) {
   return out.str();
 }
 
-int Esegui(const std::vector<std::string>& files, bool json) {
+int Esegui(const std::vector<std::string>& files, const ColumnOptions& columns, bool json) {
   Findings findings;
   Json list = Json::array();
   for (const std::string& name : files) {
-    const FileInfo info = Esamina(name, findings);
+    const FileInfo info = Esamina(name, columns, findings);
     if (json) {
       list.push_back(InJson(info));
     } else {
@@ -207,13 +220,16 @@ int Esegui(const std::vector<std::string>& files, bool json) {
 void AggiungiInfo(CLI::App& app, Work& work) {
   struct Options {
     std::vector<std::string> files;
+    ColumnOptions columns;
     bool json = false;
   };
   CLI::App* command = app.add_subcommand("info", "Tell what is in each file, without processing it");
   const auto options = std::make_shared<Options>();
   command->add_option("files", options->files, "Survey files")->required()->type_name("FILE");
+  AggiungiColonne(*command, options->columns);
   command->add_flag("--json", options->json, "Print one JSON object");
-  command->callback([options, &work] { work = [options] { return Esegui(options->files, options->json); }; });
+  command->callback(
+      [options, &work] { work = [options] { return Esegui(options->files, options->columns, options->json); }; });
 }
 
 }  // namespace corvan::cli

@@ -15,6 +15,7 @@
 #include "base/NumberText.h"
 #include "cli/CableOptions.h"
 #include "cli/ColourOptions.h"
+#include "cli/ColumnOptions.h"
 #include "cli/Commands.h"
 #include "cli/PictureOptions.h"
 #include "cli/ProcessSummary.h"
@@ -59,6 +60,7 @@ struct ProcessOptions {
   std::string cable;
   std::string zone;
   bool south = false;
+  ColumnOptions columns;
   std::optional<std::int32_t> from;
   std::optional<std::int32_t> to;
   bool truePosition = false;
@@ -92,6 +94,7 @@ struct ProcessOptions {
 
 void PreparaRisposte(ScriptedDialogs& dialogs, const ProcessOptions& options) {
   if (!options.channels.empty()) dialogs.answer(Question::ChannelNumber, options.channels);
+  if (!options.columns.columns.empty()) dialogs.answer(Question::ColumnNames, options.columns.columns);
   dialogs.answer(Question::UtmZone, options.zone);
   dialogs.answer(Question::ColourRange, options.colours.range);
   if (!options.trackDate.empty()) dialogs.answer(Question::TrackDate, options.trackDate);
@@ -121,6 +124,7 @@ void CambiaLettura(InputPanel& in, const ProcessOptions& options) {
   in.filter = options.badGps.value_or(in.filter);
   in.pastGaps = in.pastGaps || options.pastGaps;
   in.south = in.south || options.south;
+  if (!options.columns.spacing.empty()) in.spacing = options.columns.spacing;
   if (!options.files.empty()) in.File1.assign(options.files.begin(), options.files.end());
 }
 
@@ -219,9 +223,11 @@ bool Leggi(Session& session, const ProcessOptions& options) {
   const Said said{!Rifila(options.cable).empty(), !options.zone.empty(), !options.gps.empty(), !options.link.empty()};
   const auto change = [&options](ReadAct& reading) {
     if (!options.files.empty()) reading.answers.clear();
-    if (!options.channels.empty()) {
-      std::erase_if(reading.answers, [](const GivenAnswer& a) { return a.question == Question::ChannelNumber; });
-    }
+    const auto typed = [&options](const GivenAnswer& a) {
+      return (a.question == Question::ChannelNumber && !options.channels.empty()) ||
+             (a.question == Question::ColumnNames && !options.columns.columns.empty());
+    };
+    std::erase_if(reading.answers, typed);
     CambiaLettura(reading.in, options);
   };
   RifaiAtti(session, *project, said, change, [&] { ImpostaCavoEZona(session, options); });
@@ -264,7 +270,9 @@ int Esegui(const ProcessOptions& options) {
   PreparaRisposte(dialogs, options);
   Session session(dialogs, Adesso);
   if (Leggi(session, options)) {
-    if (options.south && session.survey.FrameFileIn.LatLonCmbx != CoordinateEntry::UTM) {
+    RilevaColonne(session, options.columns);
+    const bool utm = session.survey.FrameFileIn.LatLonCmbx == CoordinateEntry::UTM;
+    if (options.south && !utm && !SenzaZona(session.survey.dati())) {
       session.findings().note("ConvertAsciiCmd_Click", "--south is not used: latitudes tell their own hemisphere");
     }
     CollegaTraccia(session, dialogs, options);
@@ -279,7 +287,8 @@ int Esegui(const ProcessOptions& options) {
 }
 
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
-  command.add_option("files", o.files, "Survey files: Syscal binaries or text exports, read in this order")
+  command
+      .add_option("files", o.files, "Survey files: Syscal binaries, text exports or column texts, read in this order")
       ->type_name("FILE");
   const std::map<std::string, CoordinateEntry> coords{{"ddmmss", CoordinateEntry::DDMMSS},
                                                       {"ddmm", CoordinateEntry::DDMM},
@@ -349,7 +358,7 @@ void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
   CLI::Option* gps =
       command
           .add_option("--gps", o.gps,
-                      "External GPS and depth track: an NMEA log, six columns or a table, told by content")
+                      "External GPS and depth track: an NMEA log, GPX, six columns or a table, told by content")
           ->type_name("FILE");
   command.add_option("--link", o.link, "Link the data to the external track")
       ->check(Elenco({"time", "position"}))
@@ -397,6 +406,7 @@ void AggiungiProcess(CLI::App& app, Work& work) {
   CLI::App* command = app.add_subcommand("process", "Read survey files, analyse the track and write a section");
   const auto options = std::make_shared<ProcessOptions>();
   AggiungiLettura(*command, *options);
+  AggiungiColonne(*command, options->columns);
   AggiungiSezione(*command, *options);
   AggiungiCavo(*command, options->geometry);
   AggiungiUscita(*command, *options);

@@ -63,7 +63,7 @@ std::string SommarioTesto(const Session& session) {
       continue;
     }
     out << file.format << ", " << file.bytes << " bytes, " << file.records
-        << (file.format == "text" ? " line" : " record") << (file.records == 1 ? ", " : "s, ") << file.channels
+        << (file.format == "syscal" ? " record" : " line") << (file.records == 1 ? ", " : "s, ") << file.channels
         << (file.channels == 1 ? " channel, " : " channels, ") << file.firings
         << (file.firings == 1 ? " firing\n" : " firings\n");
   }

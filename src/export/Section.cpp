@@ -10,6 +10,7 @@
 #include "base/NumberText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
+#include "export/OwnCables.h"
 #include "export/PathFindings.h"
 #include "export/TruePositions.h"
 #include "geo/Plane.h"
@@ -32,6 +33,13 @@ class ElectrodeGrid {
     const double x = steps * cable_.Passo + offset_;
     return std::isfinite(x) ? std::optional(x) : std::nullopt;
   }
+  /// The same for a firing that names its own electrodes: its head is snapped, so that its distances stay as they are.
+  /// @param behind position of the electrode along the cable minus the head's
+  double ownPlace(double behind, double D) const {
+    const double head = std::trunc((D - cable_.Span) / cable_.Passo) * cable_.Passo;
+    const double x = head + behind + offset_;
+    return std::isfinite(x) ? x : 0.0;
+  }
 
  private:
   const CableGeometry& cable_;
@@ -43,14 +51,23 @@ struct Extraction {
   const SectionRequest& request;
   const CableGeometry cable;
   const ElectrodeGrid grid;
+  const OwnCables own;
   Section section;
   SailedLines lines;  ///< until the section takes them
 
   bool along() const { return request.shape == CableShape::AlongTrack; }
+  /// Place of electrode e of a firing D metres from the section's start, on the straight cable.
+  double place(const Misura& m, std::size_t e, double D) const {
+    return m.CavoProprio ? grid.ownPlace(own.dietro(m, e), D) : grid.place(e, D).value_or(0.0);
+  }
   /// How far behind the antenna, along the path, electrode e of a firing lies, and the middle of its current dipole, m.
-  /// The survey's one cable serves all firings.
-  double dietro(const Misura& /*m*/, std::size_t e) const { return cable.Dietro(e, request.OffsetCavo); }
-  double lag(const Misura& /*m*/) const { return cable.Lag(request.OffsetCavo); }
+  /// The survey's one cable serves all firings but those that name their own electrodes.
+  double dietro(const Misura& m, std::size_t e) const {
+    return m.CavoProprio ? request.OffsetCavo - own.dietro(m, e) : cable.Dietro(e, request.OffsetCavo);
+  }
+  double lag(const Misura& m) const {
+    return m.CavoProprio ? own.lag(m) + request.OffsetCavo : cable.Lag(request.OffsetCavo);
+  }
 };
 
 /// Positions that were interpolated in degrees lie on the straight line between them on the sphere, not on the grid.
@@ -131,7 +148,7 @@ void CreaProfiloVero(const Survey& survey, Extraction& x, const std::vector<std:
       x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], fix.profondita(at, x.request.OffsetEco), at};
       continue;
     }
-    const double place = x.grid.place(C1, DistanzaDaE1(x.section, p)).value_or(0.0);
+    const double place = x.place(m, C1, DistanzaDaE1(x.section, p));
     x.section.ProfiloVero(p) = {m.Deriv[3], m.Deriv[4], static_cast<double>(Profondita(x, place)),
                                 x.section.Profilo(p).distanza};
   }
@@ -142,9 +159,9 @@ void CreaProfiloVero(const Survey& survey, Extraction& x, const std::vector<std:
 float CoordinataScritta(double value) { return SingoloOppure(Val(FormattaNumero(value, "#######0.00")), 0.0F); }
 
 /// Electrodes of the straight cable, D metres from the section's start.
-void PoniSullaGriglia(SectionPoint& point, const Extraction& x, double D) {
+void PoniSullaGriglia(SectionPoint& point, const Misura& m, const Extraction& x, double D) {
   for (std::size_t e = 1; e <= CableElectrodes; ++e) {
-    point.x.at(e) = SingoloOppure(x.grid.place(e, D).value_or(0.0), 0.0F);
+    point.x.at(e) = SingoloOppure(x.place(m, e, D), 0.0F);
     if (x.request.echoSounder) point.z.at(e) = Profondita(x, point.x.at(e));
   }
 }
@@ -187,7 +204,7 @@ void CreaRecord(const Survey& survey, Extraction& x, std::int32_t firstKept) {
     if (m.Scartata) continue;
     if (HaPosizione(m)) place = &m;
     SectionPoint point = CreaPunto(m);
-    x.along() ? PoniLungoTraccia(point, m, x, x.lines.fix(p)) : PoniSullaGriglia(point, x, DistanzaDaE1(section, p));
+    x.along() ? PoniLungoTraccia(point, m, x, x.lines.fix(p)) : PoniSullaGriglia(point, m, x, DistanzaDaE1(section, p));
     point.misura = p;
     point.estVero = place->Deriv[3];
     point.nordVero = place->Deriv[4];
@@ -214,10 +231,15 @@ void PonePosizioniSulPercorso(Survey& survey, const std::vector<std::int32_t>& k
 void PonePosizioniVere(Survey& survey, const std::vector<std::int32_t>& kept, const Extraction& x, Findings& findings) {
   if (x.along()) return PonePosizioniSulPercorso(survey, kept, x);
   std::vector<PlanPoint> stored;
+  std::vector<double> lags;
   stored.reserve(kept.size());
-  for (const std::int32_t p : kept) stored.push_back({Punto(survey, p).UTMx, Punto(survey, p).UTMy});
-  const double lag = x.cable.Lag(x.request.OffsetCavo);
-  const TruePlaces moved = CalcolaPosizioniVere(stored, x.request.position, lag);
+  lags.reserve(kept.size());
+  for (const std::int32_t p : kept) {
+    stored.push_back({Punto(survey, p).UTMx, Punto(survey, p).UTMy});
+    lags.push_back(x.lag(Punto(survey, p)));
+  }
+  const double lag = lags.front();
+  const TruePlaces moved = CalcolaPosizioniVere(stored, x.request.position, lags);
   for (std::size_t i = 0; i < kept.size(); ++i) {
     Punto(survey, kept[i]).Deriv[3] = moved.places[i].est;
     Punto(survey, kept[i]).Deriv[4] = moved.places[i].nord;
@@ -276,7 +298,7 @@ void RilevaSenzaPosizione(const Section& section, Findings& findings) {
 
 Section EstraiSezione(Survey& survey, const SectionRequest& request, Findings& findings) {
   const CableGeometry cable = MisuraCavo(survey.cavo);
-  Extraction x{request, cable, ElectrodeGrid(x.cable, request.OffsetCavo), {}, {}};
+  Extraction x{request, cable, ElectrodeGrid(x.cable, request.OffsetCavo), OwnCables(survey), {}, {}};
   x.section.E1 = request.E1;
   x.section.E2 = request.E2;
   x.section.Passo = cable.Passo;

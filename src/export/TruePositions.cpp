@@ -19,7 +19,7 @@ double Scarto(const LinearFit& fit, const Array1<double>& x, const Array1<double
 }
 
 /// Moves points back along the direction of travel.
-TruePlaces SpostaIndietro(const std::vector<PlanPoint>& stored, double lag) {
+TruePlaces SpostaIndietro(const std::vector<PlanPoint>& stored, const std::vector<double>& lags) {
   const PlanPoint& first = stored.front();
   const PlanPoint& last = stored.back();
   Array1<double> DxSezione;
@@ -35,15 +35,17 @@ TruePlaces SpostaIndietro(const std::vector<PlanPoint>& stored, double lag) {
 
   const double slope = std::abs(fit.b());
   const double root = std::sqrt(slope * slope + 1.0);
-  // Along a meridian only the northing moves: the easting is the stored one, whatever was written before.
-  const double dX = fit.Vertical() ? 0.0 : lag / root;
-  const double dY = fit.Vertical() ? lag : lag * slope / root;
   const bool eastward = first.est < last.est;
   const bool northward = first.nord < last.nord;
   TruePlaces moved;
   moved.bend = Scarto(fit, DxSezione, DySezione);
   moved.places.reserve(stored.size());
-  for (const PlanPoint& p : stored) {
+  for (std::size_t k = 0; k < stored.size(); ++k) {
+    const PlanPoint& p = stored[k];
+    const double lag = lags.at(k);
+    // Along a meridian only the northing moves: the easting is the stored one, whatever was written before.
+    const double dX = fit.Vertical() ? 0.0 : lag / root;
+    const double dY = fit.Vertical() ? lag : lag * slope / root;
     moved.places.push_back({eastward ? p.est - dX : p.est + dX, northward ? p.nord - dY : p.nord + dY});
   }
   return moved;
@@ -52,7 +54,12 @@ TruePlaces SpostaIndietro(const std::vector<PlanPoint>& stored, double lag) {
 }  // namespace
 
 TruePlaces CalcolaPosizioniVere(const std::vector<PlanPoint>& stored, TruePosition position, double lag) {
-  return position == TruePosition::BehindBoat ? SpostaIndietro(stored, lag) : TruePlaces{stored, 0.0};
+  return CalcolaPosizioniVere(stored, position, std::vector<double>(stored.size(), lag));
+}
+
+TruePlaces CalcolaPosizioniVere(const std::vector<PlanPoint>& stored, TruePosition position,
+                                const std::vector<double>& lags) {
+  return position == TruePosition::BehindBoat ? SpostaIndietro(stored, lags) : TruePlaces{stored, 0.0};
 }
 
 double CableGeometry::Lag(double OffsetCavo) const {

@@ -38,4 +38,8 @@ struct TruePlaces {
 /// through all; along a meridian only the northing moves
 TruePlaces CalcolaPosizioniVere(const std::vector<PlanPoint>& stored, TruePosition position, double lag);
 
+/// The same with a lag for each point. @param lags as many as points
+TruePlaces CalcolaPosizioniVere(const std::vector<PlanPoint>& stored, TruePosition position,
+                                const std::vector<double>& lags);
+
 }  // namespace corvan

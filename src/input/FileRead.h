@@ -29,6 +29,12 @@ struct ReadOptions {
   /// Asked for the records of a firing where the file leaves them open, with the default answer; an empty answer takes
   /// it. Never set: the default is taken.
   std::function<std::string(std::int32_t)> channels;
+  /// Asked for the columns of a text of numbers without a header (see ColumnLayout.h). An empty answer, or nobody to
+  /// ask: the text is not read.
+  std::function<std::string()> columns = {};
+  /// Asked for the distance from electrode to electrode of a column text, m, over 0: what its electrodes' numbers are
+  /// multiplied with. None: they are places. @param whole they are whole numbers and neighbours differ by 1
+  std::function<std::optional<double>(bool)> spacing = {};
   /// Told from time to time while firings are kept: their number so far and about how many will come, 0 where nobody
   /// knows. What it throws that is no std::exception ends the reading.
   std::function<void(std::size_t, std::size_t)> progress = {};

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <optional>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "geo/Place.h"
@@ -15,39 +15,16 @@ namespace {
 constexpr double FastestStep = 50.0;  // m/s
 constexpr double SecondsPerDay = 86400.0;
 
-/// The plane that a track is measured on.
-class Plane {
- public:
-  std::optional<Grid> place(const PositionSource& source) {
-    if (const auto* given = std::get_if<Grid>(&source)) return *given;
-    const auto* geographic = std::get_if<Geographic>(&source);
-    if (geographic == nullptr) return std::nullopt;
-    if (!grid_) {
-      grid_ = GrigliaDi(*geographic);
-      longitude_ = geographic->longitude;
-    }
-    if (!grid_) return std::nullopt;
-    // A boat that crosses 180 degrees goes on to 181.
-    const double turns = std::round((geographic->longitude - longitude_) / 360.0);
-    const auto found = Colloca(Geographic{geographic->latitude, geographic->longitude - 360.0 * turns}, *grid_);
-    return found ? std::optional(found->grid) : std::nullopt;
-  }
-
- private:
-  std::optional<GridZone> grid_;
-  double longitude_ = 0;  // of the first fix
-};
-
-/// The whole seconds between two fixes, one at least.
-double Secondi(const PuntoGPSEst& a, const PuntoGPSEst& b) {
-  return std::max(1.0, std::abs(std::round(b.DataOra * SecondsPerDay) - std::round(a.DataOra * SecondsPerDay)));
+/// The whole seconds between two times, one at least.
+double Secondi(double a, double b) {
+  return std::max(1.0, std::abs(std::round(b * SecondsPerDay) - std::round(a * SecondsPerDay)));
 }
 
 /// Sure to be slow, without a projection: a degree is at most 111.7 km, stretched by a tenth far off the zone.
-bool Lento(const PuntoGPSEst& a, const PuntoGPSEst& b, double seconds) {
+bool Lento(const PositionSource& a, const PositionSource& b, double seconds) {
   constexpr double perDegree = 111'700.0 * 1.1;
-  const auto* from = std::get_if<Geographic>(&a.sorgente);
-  const auto* to = std::get_if<Geographic>(&b.sorgente);
+  const auto* from = std::get_if<Geographic>(&a);
+  const auto* to = std::get_if<Geographic>(&b);
   if (from == nullptr || to == nullptr) return false;
   const double degrees = std::abs(to->latitude - from->latitude) + std::abs(to->longitude - from->longitude);
   return degrees * perDegree <= FastestStep * seconds;
@@ -55,8 +32,47 @@ bool Lento(const PuntoGPSEst& a, const PuntoGPSEst& b, double seconds) {
 
 }  // namespace
 
+std::optional<Grid> StepCheck::Plane::place(const PositionSource& source) {
+  if (const auto* given = std::get_if<Grid>(&source)) return *given;
+  const auto* geographic = std::get_if<Geographic>(&source);
+  if (geographic == nullptr) return std::nullopt;
+  if (!grid_) {
+    grid_ = GrigliaDi(*geographic);
+    longitude_ = geographic->longitude;
+  }
+  if (!grid_) return std::nullopt;
+  // A boat that crosses 180 degrees goes on to 181.
+  const double turns = std::round((geographic->longitude - longitude_) / 360.0);
+  const auto found = Colloca(Geographic{geographic->latitude, geographic->longitude - 360.0 * turns}, *grid_);
+  return found ? std::optional(found->grid) : std::nullopt;
+}
+
+void StepCheck::prendi(const PositionSource& place, double when, std::size_t line) {
+  const PositionSource from = std::exchange(before_, place);
+  const double since = std::exchange(when_, when);
+  if (!std::exchange(any_, true)) {
+    plane_.place(place);
+    return;
+  }
+  const double seconds = Secondi(since, when);
+  if (Lento(from, place, seconds)) return;
+  const std::optional<Grid> a = plane_.place(from), b = plane_.place(place);
+  if (!a || !b) return;
+  const double metres = dist(a->easting, a->northing, b->easting, b->northing);
+  if (metres <= FastestStep * seconds || count_++ > 0) return;
+  first_ = "line " + std::to_string(line) + " (" + TestoNumero(std::round(metres)) + " m in " + TestoNumero(seconds) +
+           " s): every ";
+}
+
+std::string StepCheck::detto(const char* kept) const {
+  if (count_ == 0) return {};
+  const std::string where = first_ + kept + " is kept";
+  if (count_ == 1) return "a step of over 50 m/s in " + where;
+  return std::to_string(count_) + " steps of over 50 m/s, the first in " + where;
+}
+
 double LunghezzaTraccia(const Array1<PuntoGPSEst>& fixes) {
-  Plane plane;
+  StepCheck::Plane plane;
   std::optional<Grid> before;
   double length = 0.0;
   for (const PuntoGPSEst& fix : fixes) {
@@ -69,23 +85,9 @@ double LunghezzaTraccia(const Array1<PuntoGPSEst>& fixes) {
 }
 
 std::string PassiVeloci(const Array1<PuntoGPSEst>& fixes, const std::vector<std::size_t>& lines) {
-  Plane plane;
-  std::size_t count = 0;
-  std::string first;
-  if (!fixes.empty()) plane.place(fixes(1).sorgente);
-  for (std::size_t k = 2; k <= fixes.size(); ++k) {
-    const double seconds = Secondi(fixes(k - 1), fixes(k));
-    if (Lento(fixes(k - 1), fixes(k), seconds)) continue;
-    const std::optional<Grid> a = plane.place(fixes(k - 1).sorgente), b = plane.place(fixes(k).sorgente);
-    if (!a || !b) continue;
-    const double metres = dist(a->easting, a->northing, b->easting, b->northing);
-    if (metres <= FastestStep * seconds || count++ > 0) continue;
-    first = "line " + std::to_string(lines.at(k - 1)) + " (" + TestoNumero(std::round(metres)) + " m in " +
-            TestoNumero(seconds) + " s): every fix is kept";
-  }
-  if (count == 0) return {};
-  if (count == 1) return "a step of over 50 m/s in " + first;
-  return std::to_string(count) + " steps of over 50 m/s, the first in " + first;
+  StepCheck check;
+  for (std::size_t k = 1; k <= fixes.size(); ++k) check.prendi(fixes(k).sorgente, fixes(k).DataOra, lines.at(k - 1));
+  return check.detto("fix");
 }
 
 }  // namespace corvan

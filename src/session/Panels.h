@@ -21,6 +21,7 @@ struct InputPanel {
   BadGps filter = BadGps::NoFilter;          ///< "No Filter", "Skip bad GPS", "Interpolate bad GPS"
   bool pastGaps = false;                     ///< "Read past lost fixes"
   bool south = false;                        ///< UTM files only: the southern hemisphere
+  std::string spacing;                       ///< column texts: m from electrode to electrode; empty: asked for
   std::filesystem::path Dir1;                ///< current folder
   std::vector<std::filesystem::path> File1;  ///< the selected files in list order, relative to nothing: full names
   std::string Donelbl = "File Read";

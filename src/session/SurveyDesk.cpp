@@ -102,6 +102,7 @@ void SurveyDesk::impostaCavo(const std::string& text) {
                                               " tokens, the missing positions are 0");
     }
     rilevaGettoni(text);
+    rilevaElettrodiPropri();
     Cable before = survey_.cavo;
     survey_.cavo.PosCavo = LeggiStringaCavo(text);
     survey_.cavo.StringaCavo = text;
@@ -129,6 +130,16 @@ void SurveyDesk::rilevaGettoni(const std::string& cable) {
     if (++k % 2 == 0) check.leggi(token, 0, k);
   }
   if (check.count() > 0) desk_.findings.note("ModificaCavo", check.detto());
+}
+
+/// Tells of measurements that a typed cable says nothing about.
+void SurveyDesk::rilevaElettrodiPropri() {
+  const auto own = static_cast<std::size_t>(
+      std::count_if(survey_.Misure.begin(), survey_.Misure.end(), [](const Misura& m) { return m.CavoProprio; }));
+  if (own == 0) return;
+  desk_.findings.note("ModificaCavo",
+                      Quanti(own, "measurement keeps", "measurements keep") +
+                          " the electrodes that the rows of a column text name: the cable is not used there");
 }
 
 /// What another zone does to the files of the survey.

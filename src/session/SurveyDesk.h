@@ -45,8 +45,11 @@ class SurveyDesk {
   /// was there stays, which is a fault.
   /// @return false when it stays
   bool leggi();
-  void analizza();     ///< derives all that follows from the readings and their positions
-  void rifai();        ///< the same, and the cells that show it
+  void analizza();  ///< derives all that follows from the readings and their positions
+  void rifai();     ///< the same, and the cells that show it
+  /// The last reading asked for the columns, or for the spacing, of a column text.
+  bool colonneChieste() const { return columnsUsed_; }
+  bool passoChiesto() const { return spacingUsed_; }
   void scartaTutto();  ///< linked to an empty track: every measurement is left out, until the next analysis
 
   void chiediCavo();  ///< "Set Cable Configuration"
@@ -66,6 +69,8 @@ class SurveyDesk {
   ReadOptions opzioni() const;
   Survey leggiTutti();
   void leggiFile(Survey& survey, const ReadOptions& options);
+  std::string chiediColonne(const std::string& title);
+  std::optional<double> chiediPasso(const std::string& title, bool whole);
   void prendi(Survey survey);
   void stabilisciGriglia();
   void segnaZona(std::int16_t zone);
@@ -74,6 +79,7 @@ class SurveyDesk {
   void rilevaLettura();
   void mostraQualita();
   void rilevaGettoni(const std::string& cable);
+  void rilevaElettrodiPropri();
   void rilevaPosizioni();
 
   Desk desk_;
@@ -84,6 +90,7 @@ class SurveyDesk {
   QualityDesk qualita_{desk_, survey_, [this] { mostraQualita(); }};
   std::string info_;
   bool warns_ = false;
+  bool columnsUsed_ = false, spacingUsed_ = false;
 };
 
 }  // namespace corvan

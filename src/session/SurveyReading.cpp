@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/ErrorTrap.h"
+#include "base/Fields.h"
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "input/InputDriver.h"
@@ -11,9 +12,16 @@
 #include "track/FormatGuess.h"
 
 namespace corvan {
+namespace {
+
+constexpr const char* UsualColumns = "a b m n r easting northing";
+constexpr BoxNumber SpacingBox{"LeggiFileColonne", "electrode spacing", 1e-3, 1e5};  // m
+
+}  // namespace
 
 bool SurveyDesk::leggi() {
   desk_.findings.dimentica();
+  columnsUsed_ = spacingUsed_ = false;
   Survey fresh;
   try {
     fresh = leggiTutti();
@@ -71,6 +79,8 @@ Survey SurveyDesk::leggiTutti() {
                          .defaultAnswer = TestoNumero(static_cast<double>(usual)),
                          .details = survey.file.TitoloFile});
   };
+  options.columns = [this, &survey] { return chiediColonne(survey.file.TitoloFile); };
+  options.spacing = [this, &survey](bool whole) { return chiediPasso(survey.file.TitoloFile, whole); };
   for (const auto& name : FrameFileIn.File1) {
     survey.file.NomeFile = name;
     survey.file.TitoloFile = name.filename().string();
@@ -89,6 +99,30 @@ Survey SurveyDesk::leggiTutti() {
   }
   desk_.dialogs.Avanzamento({});
   return survey;
+}
+
+/// The columns of a text without a header, as the panel or the user states them.
+std::string SurveyDesk::chiediColonne(const std::string& title) {
+  columnsUsed_ = true;
+  return desk_.chiedi({.question = Question::ColumnNames,
+                       .defaultAnswer = UsualColumns,
+                       .details = title +
+                                  " names no columns. r in ohm, or u (mV) and i (mA), or rhoa (ohm m); latitude "
+                                  "and longitude, or easting and northing; depth, time, line; \"-\" for a "
+                                  "column that is not read."});
+}
+
+/// What electrodes' numbers are multiplied with; none where they are places.
+std::optional<double> SurveyDesk::chiediPasso(const std::string& title, bool whole) {
+  spacingUsed_ = true;
+  std::string answer = FrameFileIn.spacing;
+  if (Rifila(answer).empty() && whole) {
+    answer = desk_.chiedi({.question = Question::ElectrodeSpacing,
+                           .details = title + ": electrodes look like numbers. Metres from one to the next; an empty "
+                                              "answer takes them as places in metres."});
+  }
+  if (Rifila(answer).empty()) return std::nullopt;
+  return NumeroDaCasella<double>(answer, SpacingBox, desk_.findings);
 }
 
 /// Appends what a file gives to the survey.
@@ -124,14 +158,15 @@ void SurveyDesk::prendi(Survey survey) {
   desk_.history.vuota();
 }
 
-/// The one grid of the survey: of its first position, or of UTM files that of the start until a zone is stated.
+/// The one grid of the survey: of its first latitude and longitude; where there are eastings and northings alone that
+/// of the start, until a zone is stated.
 void SurveyDesk::stabilisciGriglia() {
   GridZone& grid = survey_.settings.griglia;
   grid = {DefaultZone, Hemisphere::North};
-  if (survey_.settings.CoordUTM) {
-    grid.hemisphere = FrameFileIn.south ? Hemisphere::South : Hemisphere::North;
-  } else if (const std::optional<GridZone> first = GrigliaDelPrimoFix(survey_)) {
+  if (const std::optional<GridZone> first = GrigliaDelPrimoFix(survey_)) {
     grid = *first;
+  } else if (survey_.settings.CoordUTM || SenzaZona(survey_)) {
+    grid.hemisphere = FrameFileIn.south ? Hemisphere::South : Hemisphere::North;
   }
   segnaZona(grid.zone);
   desk_.tell(Change::Label);
@@ -141,7 +176,8 @@ void SurveyDesk::stabilisciGriglia() {
 void SurveyDesk::rilevaLettura() {
   if (SenzaZona(survey_)) {
     desk_.findings.note("SelezionaZonaUTM", "UTM coordinates without a stated zone: zone " +
-                                                std::to_string(DefaultZone) + " is assumed (\"Set UTM Zone\", --zone)");
+                                                std::to_string(survey_.settings.griglia.zone) +
+                                                " is assumed (\"Set UTM Zone\", --zone)");
   }
   RilevaFormato(survey_, desk_.findings);
 }

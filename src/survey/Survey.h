@@ -20,14 +20,15 @@ inline constexpr std::size_t TimedRecord = 304;  ///< bytes; shorter records hol
 /// What one file of the batch gave.
 struct FileSummary {
   std::filesystem::path path;
-  std::string format;  ///< "syscal" or "text"; empty when the file could not be read
+  std::string format;  ///< "syscal", "text" or "columns"; empty when the file could not be read
   std::uintmax_t bytes = 0;
-  std::size_t recordLength = 0;  ///< bytes; 0 for a text export
-  std::size_t records = 0;       ///< records, or lines of a text export
+  std::size_t recordLength = 0;  ///< bytes; 0 for a text
+  std::size_t records = 0;       ///< records, or lines of a text
   std::int32_t channels = 0;     ///< records of a firing
   std::size_t firings = 0;       ///< measurements that the file added
+  bool rowsTimed = false;        ///< rows of a column text that tell a time
 
-  bool timed() const { return recordLength >= TimedRecord; }
+  bool timed() const { return recordLength >= TimedRecord || rowsTimed; }
 };
 
 /// The file being read.

@@ -63,7 +63,7 @@ std::size_t Interpola(Survey& survey, const Gap& gap) {
     m.Lon = NumeroDaGradi(degrees.longitude, layout);
     m.sorgente = SorgenteTra(a, b, survey.settings.griglia, {m.UTMx, m.UTMy}, degrees);
     m.Passo = ASingolo(step);
-    SpostaCavo(m, a, n * step);
+    if (!m.CavoProprio) SpostaCavo(m, a, n * step);  // else the factors would follow from another firing's electrodes
     m.Deriv[3] = m.UTMx;
     m.Deriv[4] = m.UTMy;
     m.Interpolata = true;

@@ -31,19 +31,29 @@ ReadingSet LettureIntere(const Survey& survey, const Misura& m) {
   return static_cast<ReadingSet>((2U << channels) - 2U);
 }
 
-/// The measurement whose electrodes are the cable.
-const Misura& MisuraDelCavo(const Survey& survey) {
+/// The measurement whose electrodes are the cable, among those that name their own or those that do not.
+const Misura* MisuraDelCavo(const Survey& survey, bool own) {
   const Misura* best = nullptr;
   ReadingSet most = 0;
   for (const Misura& m : survey.Misure) {
+    if (m.CavoProprio != own) continue;
     const ReadingSet whole = LettureIntere(survey, m);
     if (whole <= most || (m.letture & whole) != whole || !HaCavo(m)) continue;
     best = &m;
     most = whole;
   }
-  if (best != nullptr) return *best;
-  const auto found = std::find_if(survey.Misure.begin(), survey.Misure.end(), HaCavo);
-  return found == survey.Misure.end() ? survey.Misure(1) : *found;
+  if (best != nullptr) return best;
+  const auto found = std::find_if(survey.Misure.begin(), survey.Misure.end(),
+                                  [own](const Misura& m) { return m.CavoProprio == own && HaCavo(m); });
+  return found == survey.Misure.end() ? nullptr : &*found;
+}
+
+/// A cable that was towed is the survey's before any that rows of a text name for themselves.
+const Misura& MisuraDelCavo(const Survey& survey) {
+  for (const bool own : {false, true}) {
+    if (const Misura* found = MisuraDelCavo(survey, own)) return *found;
+  }
+  return survey.Misure(1);
 }
 
 /// Positions differ by more than a centimetre; the tenth of a millimetre covers the digits of singles.
@@ -55,7 +65,7 @@ bool AltroCavo(const Misura& m, const Cable& cable) {
   const auto differs = [&](double position, std::size_t e) {
     return std::isfinite(position) && Diverse(position - c1, static_cast<double>(cable.PosCavo.at(e)) - used);
   };
-  if (Vuota(m)) return false;
+  if (Vuota(m) || m.CavoProprio) return false;
   if (differs(m.Val64, C2)) return true;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     if (HaLettura(m, c) && (differs(m.Elettrodi.at(c), c) || differs(m.Elettrodi.at(c + 1), c + 1))) return true;
@@ -71,21 +81,6 @@ constexpr std::size_t Gettone(std::size_t k) {
 }
 
 }  // namespace
-
-float FattoreGeometrico(float A, float B, float M, float N) {
-  const auto between = [](float p, float q) { return std::abs(static_cast<double>(p) - static_cast<double>(q)); };
-  const double AM = between(A, M);
-  const double AN = between(A, N);
-  // B is compared with N, not with M: published factors depend on it.
-  const double BM = B != N ? between(B, M) : 0.0;
-  const double BN = B != N ? between(B, N) : 0.0;
-  double sum = 0.0;
-  if (AM > 0) sum += 1 / AM;
-  if (AN > 0) sum -= 1 / AN;
-  if (BM > 0) sum -= 1 / BM;
-  if (BN > 0) sum += 1 / BN;
-  return sum == 0.0 ? 0.0F : ASingolo(6.2832 / sum);
-}
 
 void CreaCavoDaMisure(Survey& survey) {
   if (survey.Misure.empty()) return;

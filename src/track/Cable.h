@@ -1,28 +1,24 @@
-// The towed cable: its configuration as the survey holds it and as the user edits it, and the geometric factor.
+// The towed cable: its configuration as the survey holds it and as the user edits it.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 #include "base/Findings.h"
+#include "survey/GeometricFactor.h"
 #include "survey/Survey.h"
 
 namespace corvan {
 
-/// Geometric factor of a four-electrode array on a line: 2 pi / (1/AM - 1/AN - 1/BM + 1/BN), with 2 pi taken as 6.2832.
-/// Source: W. M. Telford et al., Applied Geophysics, 2nd ed., eq. 8.12.
-/// @param A,B,M,N positions along the cable, m
-/// @return m; 0 where the terms cancel or electrodes coincide so that none is left
-/// @throws RunTimeError when the factor has no single-precision form
-float FattoreGeometrico(float A, float B, float M, float N);
-
 /// Takes the cable from the first measurement that has all its file's readings and any cable position other than 0, of
 /// the files with the most channels: an empty or short first firing would zero factors. Without one, from the first
-/// that has any cable position, at last from measurement 1.
+/// that has any cable position, at last from measurement 1. Measurements with electrodes of their own are asked only
+/// where there are no others.
 void CreaCavoDaMisure(Survey& survey);
 
 /// Compares the cable in use with those that the measurements were read with: C2 and the electrodes of existing
-/// readings by their distance from C1, to a centimetre, since the cable may have moved as a whole. One fault a file
+/// readings by their distance from C1, to a centimetre, since the cable may have moved as a whole; not measurements
+/// whose factors follow from electrodes of their own. One fault a file
 /// that differs, naming the first measurement: resistivities computed with another cable are wrong by the ratio of the
 /// factors.
 void RilevaCavo(const Survey& survey, Findings& findings);

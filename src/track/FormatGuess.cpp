@@ -68,6 +68,14 @@ void RilevaFormato(const Survey& survey, Findings& findings) {
   const double most = CableLengths * LunghezzaCavo(survey.cavo);
   const double step = survey.traccia.AltezzaCella;
   if (most == 0.0 || step <= most) return;
+  const std::string apart =
+      "the measurements lie " + TestoDecimi(step) + " m apart in the mean, over 20 cable lengths: ";
+  const bool own =
+      std::all_of(survey.Misure.begin(), survey.Misure.end(), [](const Misura& m) { return m.CavoProprio; });
+  if (own) {  // columns say what they hold, and nobody says that the rows follow one boat
+    findings.note("AnalisiFile", apart + "are the units of positions and electrodes right?");
+    return;
+  }
   std::string likely = "another coordinate format or zone";
   const double largest = NumeroMaggiore(survey);
   for (const auto& [format, least, entry] : Layouts) {
@@ -76,8 +84,7 @@ void RilevaFormato(const Survey& survey, Findings& findings) {
     likely = std::string(called.name) + " (" + entry + ", --coords " + called.word + ")";
     break;
   }
-  findings.fault("AnalisiFile", "the measurements lie " + TestoDecimi(step) + " m apart in the mean, over 20 " +
-                                    "cable lengths: the coordinates look like " + likely);
+  findings.fault("AnalisiFile", apart + "the coordinates look like " + likely);
 }
 
 }  // namespace corvan

@@ -25,6 +25,8 @@ constexpr const char* Procedure = "AnalisiFile";
 
 void CalcolaFattori(Survey& survey, Findings& findings) {
   const auto& p = survey.cavo.PosCavo;
+  const bool idle = !survey.Misure.empty() && std::all_of(survey.Misure.begin(), survey.Misure.end(),
+                                                          [](const Misura& m) { return m.CavoProprio; });
   std::string without, negative;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     try {
@@ -36,6 +38,7 @@ void CalcolaFattori(Survey& survey, Findings& findings) {
       findings.fault(Procedure, "geometric factor of channel " + std::to_string(c) + ": " + error.what());
     }
   }
+  if (idle) return;  // no reading follows from these
   if (!without.empty()) {
     findings.note(Procedure, "electrodes coincide, geometric factor and resistivity are 0: channels " + without);
   }
@@ -71,7 +74,7 @@ void CalcolaRho(Misura& m, const TrackExtent& t) {
   const double i2 = m.Val184;
   for (std::size_t c = 1; c <= MaxChannels; ++c) {
     if (!HaLettura(m, c)) continue;
-    const double a = m.CanaleA.at(c), b = m.CanaleB.at(c), factor = t.FattoreK.at(c);
+    const double a = m.CanaleA.at(c), b = m.CanaleB.at(c), factor = FattoreDi(m, c, t);
     m.Rho.at(c) = SingoloOppure((a / i1 + b / i2) * factor / 2.0, m.Rho.at(c));
   }
 }

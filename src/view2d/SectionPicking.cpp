@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/NumberText.h"
+#include "survey/GeometricFactor.h"
 #include "view2d/SectionColumns.h"
 
 namespace corvan {
@@ -74,7 +75,7 @@ std::string DescriviLettura(const Survey& survey, const SectionModel& model, con
                      " Ohm\u00B7m at " + FormattaNumero(along - line.start, "0.0") + " m";
   if (model.metric) text += ", pseudo-depth " + FormattaNumero(model.pseudoDepth.at(c), "0.0") + " m";
   text += "; V " + Breve(m.CanaleA.at(c)) + " mV, I " + Breve(m.Val180) + " mA, K " +
-          Breve(survey.traccia.FattoreK.at(c)) + " m; boat at " + FormattaNumero(m.UTMx, "0.0") + " E, " +
+          Breve(FattoreDi(m, c, survey.traccia)) + " m; boat at " + FormattaNumero(m.UTMx, "0.0") + " E, " +
           FormattaNumero(m.UTMy, "0.0") + " N";
   if (m.ConQualita) {
     text += "; deviation " + Breve(m.Deviazione.at(c)) + " %, chargeability " + Breve(m.Caricabilita.at(c)) + " mV/V";
