@@ -16,10 +16,10 @@ struct Synonyms {
   std::string_view words;  // with a blank round each
 };
 constexpr std::array<Synonyms, ColumnKinds> Names{{
-    {Column::A, " a c1 xa ax ca posa eleca electrodea "},
-    {Column::B, " b c2 xb bx cb posb elecb electrodeb "},
-    {Column::M, " m p1 xm mx pm posm elecm electrodem "},
-    {Column::N, " n p2 xn nx pn posn elecn electroden "},
+    {Column::A, " a c1 xa ca posa eleca electrodea "},
+    {Column::B, " b c2 xb cb posb elecb electrodeb "},
+    {Column::M, " m p1 xm pm posm elecm electrodem "},
+    {Column::N, " n p2 xn pn posn elecn electroden "},
     {Column::Resistance, " r resistance transferresistance ui vi vpi rohm "},
     {Column::Potential, " u v vp dv vmn voltage potential "},
     {Column::Current, " i current iab "},

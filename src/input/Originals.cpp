@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 
+#include "input/ColumnReader.h"
 #include "input/InputDriver.h"
 #include "input/TrackFile.h"
 #include "survey/RecordSyscalPro.h"
@@ -35,16 +36,21 @@ bool Traccia(std::string_view text) {
   return GenereDaContenuto(text) == Wanted;
 }
 
+bool TestoAColonne(std::string_view text) { return InizioColonne(text) == ColumnStart::Named; }
+
 struct Kind {
   bool (*shows)(std::string_view beginning);
   const char* name;
 };
 
-// Every further format that is read (GPX tracks, column texts, projects) adds its row here.
-constexpr std::array Kinds{
-    Kind{FileDelloStrumento, "an instrument's file"}, Kind{EsportazioneDiTesto, "an instrument's text export"},
-    Kind{Traccia<TrackKind::Nmea>, "an NMEA 0183 log"}, Kind{Traccia<TrackKind::SixColumns>, "a track of six columns"},
-    Kind{Traccia<TrackKind::Csv>, "a track's table of positions"}};
+// Every further format that is read adds its row here.
+constexpr std::array Kinds{Kind{FileDelloStrumento, "an instrument's file"},
+                           Kind{EsportazioneDiTesto, "an instrument's text export"},
+                           Kind{Traccia<TrackKind::Nmea>, "an NMEA 0183 log"},
+                           Kind{Traccia<TrackKind::SixColumns>, "a track of six columns"},
+                           Kind{Traccia<TrackKind::Csv>, "a track's table of positions"},
+                           Kind{Traccia<TrackKind::Gpx>, "a GPX track"},
+                           Kind{TestoAColonne, "a column text"}};
 
 }  // namespace
 

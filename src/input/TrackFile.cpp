@@ -8,6 +8,7 @@
 #include "base/Errors.h"
 #include "base/Lines.h"
 #include "geo/AngleText.h"
+#include "input/GpxText.h"
 #include "input/NmeaLog.h"
 #include "input/TrackFields.h"
 #include "input/TrackSteps.h"
@@ -120,6 +121,7 @@ PuntoGPSEst Fix(const NmeaFix& told, AngleFormat layout) {
 }  // namespace
 
 std::optional<TrackKind> GenereDaContenuto(std::string_view content) {
+  if (SembraGpx(content)) return TrackKind::Gpx;
   if (SembraNmea(content)) return TrackKind::Nmea;
   constexpr std::size_t enough = 400;  // of a line
   for (LineCursor lines(content); lines.more();) {
@@ -146,6 +148,8 @@ const char* NomeGenere(TrackKind kind) {
       return "NMEA 0183 log";
     case TrackKind::Sav:
       return "six columns (.sav)";
+    case TrackKind::Gpx:
+      return "GPX track";
   }
   return "";
 }
@@ -181,6 +185,8 @@ TrackRead LeggiTraccia(TrackKind kind, std::string_view content, const TrackOpti
       return LeggiFileNav(content, options);
     case TrackKind::Sav:
       return LeggiFileSav(content, options);
+    case TrackKind::Gpx:
+      return LeggiFileGpx(content, options);
   }
   return {};
 }

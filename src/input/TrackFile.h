@@ -12,7 +12,7 @@
 
 namespace corvan {
 
-enum class TrackKind { Csv, SixColumns, Nmea, Sav };
+enum class TrackKind { Csv, SixColumns, Nmea, Sav, Gpx };
 
 struct TrackOptions {
   AngleFormat layout = AngleFormat::DMM_MMM;  ///< of six columns, and of GeoA and GeoB
@@ -30,8 +30,9 @@ struct TrackRead {
   Findings findings;                  ///< what was passed over and why, without the file's name
 };
 
-/// The kind that a file's lines tell: an NMEA log when any line holds a known sentence, else six columns or a table by
-/// the first line that has a date and a time in its fields 1 and 2, or 3 and 4. Nothing when no line does.
+/// The kind that a file's content tells: GPX when it begins as XML whose root is gpx, an NMEA log when any line holds a
+/// known sentence, else six columns or a table by the first line that has a date and a time in its fields 1 and 2, or 3
+/// and 4. Nothing when no line does.
 std::optional<TrackKind> GenereDaContenuto(std::string_view content);
 
 /// The kind of a track: ".sav" by the name's ending, everything else by content. Where the content tells nothing, a
@@ -50,6 +51,12 @@ TrackRead LeggiGPS6Col(std::string_view content, const TrackOptions& options);
 
 /// An NMEA 0183 log (see NmeaLog.h).
 TrackRead LeggiFileNav(std::string_view content, const TrackOptions& options);
+
+/// A GPX track, 1.0 or 1.1: the points of all its segments in their order, with time and, from the usual extensions, a
+/// depth. Points whose time or position cannot be used are left out and told; broken XML ends the track before the
+/// point that it breaks in, and a document type with declarations of its own gives nothing. Where no point tells a time
+/// all are kept without one.
+TrackRead LeggiFileGpx(std::string_view content, const TrackOptions& options);
 
 /// The six columns, meant to be resampled.
 TrackRead LeggiFileSav(std::string_view content, const TrackOptions& options);
