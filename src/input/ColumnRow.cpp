@@ -66,11 +66,19 @@ std::string_view ColumnRows::testo(Column column) const {
   return k == 0 ? std::string_view() : fields_.at(k - 1);
 }
 
-/// The number of a column in its unit; none where no number begins.
+/// The number of a column in its unit; none where no number begins. Positions alone are kept as doubles.
 std::optional<double> ColumnRows::numero(Column column) {
   const std::string_view field = testo(column);
-  if (field.empty() || !Comincia(field)) return std::nullopt;
-  return tally_.numbers.leggi(field, line_, layout_.campo(column)) * layout_.fattore(column);
+  if (field.empty()) return std::nullopt;
+  const bool position = column >= Column::Latitude && column <= Column::Northing;
+  try {
+    if (!Comincia(field)) return std::nullopt;
+    const double value = tally_.numbers.leggi(field, line_, layout_.campo(column)) * layout_.fattore(column);
+    if (!position) ASingolo(value);
+    return value;
+  } catch (const RunTimeError&) {
+    throw RunTimeError("field " + std::to_string(layout_.campo(column)) + ", " + Citazione(field) + " is too large");
+  }
 }
 
 RowFault ColumnRows::leggi(std::string_view line, std::size_t number, ColumnRow& row) {

@@ -67,7 +67,8 @@ class ColumnWalk {
       return;
     }
     if (fault == RowFault::None) {
-      scan_.blank += std::exchange(blank_, 0);
+      const std::size_t blank = std::exchange(blank_, 0);
+      if (rows_.tally().rows > 1) scan_.blank += blank;  // those before the first row are between nothing
     } else if (!header(at) && !(units && fault == RowFault::Words && unita())) {
       rows_.conta(fault, at.number());
     }

@@ -154,7 +154,8 @@ class GpxPoints {
   /// Points without a time are fixes only where no point has one.
   void chiudi() {
     const std::size_t timeless = timeless_.count;
-    if (timeless > 0 && timeless < read_.fixes.size()) {
+    const bool undated = timeless == read_.fixes.size();
+    if (timeless > 0 && !undated) {
       Array1<PuntoGPSEst> timed;
       std::vector<std::size_t> lines;
       for (std::size_t k = 1; k <= read_.fixes.size(); ++k) {
@@ -165,7 +166,7 @@ class GpxPoints {
       read_.fixes = std::move(timed);
       fixLines_ = std::move(lines);
     }
-    rileva(timeless > 0 && timeless >= read_.fixes.size());
+    rileva(undated);
   }
 
   void rileva(bool undated) {
