@@ -89,6 +89,8 @@ inline void Chain(std::string_view content, std::uint8_t choice) {
   options.span = choice / 36 % 2 == 0 ? ReadSpan::ToFirstLostFix : ReadSpan::PastLostFixes;
   options.layout = survey.settings.CoordUTM ? std::nullopt : std::optional(survey.settings.layout);
   options.channels = [choice](std::int32_t) { return choice % 5 == 0 ? "" : std::to_string(choice % 13); };
+  options.columns = [choice]() -> std::string { return choice % 7 == 0 ? "" : "a b m n r easting northing"; };
+  options.spacing = [choice](bool) { return choice % 4 == 0 ? std::optional(2.5) : std::nullopt; };
   FileRead read = LeggiFile(Place(content), options);
   survey.files.push_back(read.summary);
   for (Misura& m : read.measurements) {

@@ -320,8 +320,8 @@ ColumnNames LeggiColonne(std::string_view text) {
   ColumnNames names;
   names.header = NominaElettrodi(fields);
   PrendiNomi(fields, names);
-  for (const std::string& unknown : names.unknown) {
-    Unisci(names.problem, Citazione(unknown) + " is no name of a column", "; ");
+  if (!names.unknown.empty()) {
+    Unisci(names.problem, Citazione(names.unknown.front()) + " is no name of a column", "; ");
   }
   Risolvi(names);
   return names;

@@ -8,6 +8,7 @@
 
 #include "base/Halves.h"
 #include "base/OleDate.h"
+#include "base/Text.h"
 
 namespace corvan {
 namespace {
@@ -207,6 +208,27 @@ void DisponiCanali(SectionModel& model, const std::vector<std::size_t>& channels
     model.lacks.push_back("no place along the cable: " + Elenca(placeless) + ", shown at the boat");
 }
 
+/// Electrodes of a reading lie elsewhere along the cable than those of the survey's.
+bool Altrove(const Misura& m, const Cable& cable) {
+  if (!m.CavoProprio || !Tenuta(m)) return false;
+  if (m.Val60 != cable.PosCavo[12] || m.Val64 != cable.PosCavo[13]) return true;
+  for (std::size_t c = 1; c <= MaxChannels; ++c) {
+    if (!HaLettura(m, c)) continue;
+    if (m.Elettrodi.at(c) != cable.PosCavo.at(c) || m.Elettrodi.at(c + 1) != cable.PosCavo.at(c + 1)) return true;
+  }
+  return false;
+}
+
+/// Rows are those of one cable: what was measured with other electrodes is told.
+void RilevaAltrove(SectionModel& model, const Survey& survey) {
+  const auto count = static_cast<std::size_t>(std::count_if(survey.Misure.begin(), survey.Misure.end(),
+                                                            [&](const Misura& m) { return Altrove(m, survey.cavo); }));
+  if (count == 0) return;
+  model.lacks.push_back(
+      Quanti(count, "measurement has", "measurements have") +
+      " electrodes elsewhere than the survey's cable, shown at the places and depths of its channels");
+}
+
 }  // namespace
 
 SectionModel CreaSezionePiana(const Survey& survey, const ReadingPlaces& places) {
@@ -223,6 +245,7 @@ SectionModel CreaSezionePiana(const Survey& survey, const ReadingPlaces& places)
     model.lacks.emplace_back("no measurement has a position: there is no track to lay flat");
   }
   DisponiCanali(model, Canali(survey), places);
+  RilevaAltrove(model, survey);
   return model;
 }
 

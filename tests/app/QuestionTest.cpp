@@ -64,9 +64,16 @@ std::vector<Asked> AllQuestions() {
   const auto track = [](const char* name, const std::string& text) {
     return [=](Window& w) { w.window.leggiTraccia(Written(w, name, text)); };
   };
+  const auto columns = [](const char* name, const std::string& text) {
+    return [=](Window& w) { w.window.leggi({Written(w, name, text)}); };
+  };
   const std::string log =
       "$GPGGA,060000,4524.5,N,00900.5,E,1,9,1,0,M,0,M,,\r\n$GPGGA,060001,4524.6,N,00900.6,E,1,9,1,0,M,0,M,,\r\n";
   return {{Question::ChannelNumber, [](Window& w) { w.window.leggi({OneChannel(w)}); }, "one.bin"},
+          {Question::ColumnNames, columns("columns.dat", "1 6 11 16 -0.24 288685.5 5030933.25\n"),
+           "columns.dat names no columns. r in ohm, or u (mV)"},
+          {Question::ElectrodeSpacing, columns("numbers.dat", "a b m n r x y\n1 2 3 4 -0.24 288685.5 5030933.25\n"),
+           "numbers.dat: electrodes look like numbers. Metres from one to the next;"},
           {Question::CableConfiguration, item("CableConf"),
            "Names and places (m) of C1, C2, E1 to E11 by turns; for 1 file."},
           {Question::UtmZone, item("SetUtmZone"),

@@ -25,6 +25,21 @@ TEST(DateText, IsReadInEveryForm) {
   EXPECT_NEAR((DataDaTesto("15/06/2026 08:00:04.25") - AGiorni({2026, 6, 15, 8, 0, 4})) * 86400, 0.25, 1e-5);
 }
 
+TEST(DateText, CountsTheZoneBehindATime) {
+  const std::pair<const char*, DateTime> cases[] = {{"2026-06-15T08:00:04Z", {2026, 6, 15, 8, 0, 4}},
+                                                    {"2026-06-15T08:00:04.00z ", {2026, 6, 15, 8, 0, 4}},
+                                                    {"2026-06-15 01:00:04+02:00", {2026, 6, 14, 23, 0, 4}},
+                                                    {"2026-06-15T20:45-0330", {2026, 6, 16, 0, 15, 0}},
+                                                    {"15-06-2026 08:00+1", {2026, 6, 15, 7, 0, 0}},
+                                                    {"2026-06-15 08:00:04", {2026, 6, 15, 8, 0, 4}},
+                                                    {"2026-06-15", {2026, 6, 15, 0, 0, 0}}};
+  for (const auto& [text, date] : cases) EXPECT_NEAR(IstanteDaTesto(text), AGiorni(date), 1e-9) << text;
+  for (const char* text : {"2026-06-15T08:00+", "2026-06-15T08:00+15:00", "2026-06-15T08:00+02:60",
+                           "2026-06-15T08:00+2:0x", "2026-06-15Z", "08:00Z", ""}) {
+    EXPECT_THROW(IstanteDaTesto(text), RunTimeError) << text;
+  }
+}
+
 TEST(DateText, ThatIsNoneIsNamed) {
   for (const char* text : {"", " ", "hello", "29/02/2026", "15/06/2026 25:00", "15/06/2026 08:60", "15-06/2026",
                            "15/06", "15/06/2026 08:00:00x", "15/06/2026x", "13/13/2026", "15/06/2026 13:00 PM"}) {

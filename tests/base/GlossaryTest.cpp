@@ -17,17 +17,18 @@ const std::filesystem::path Root = CORVAN_ROOT;
 
 /// English words of our names that end as Italian ones do.
 const std::set<std::string> English{
-    "altitude", "angle",     "area",       "ascii",     "base",    "before",     "beside",  "cable",   "change",
-    "choice",   "close",     "coordinate", "database",  "date",    "decltype",   "despike", "double",  "echo",
-    "edge",     "electrode", "extrema",    "extreme",   "extrude", "fclose",     "figure",  "file",    "finalise",
-    "frame",    "free",      "gamma",      "give",      "google",  "hemisphere", "hide",    "image",   "implausible",
-    "info",     "into",      "isfinite",   "leave",     "line",    "message",    "mode",    "more",    "mouse",
-    "move",     "mzone",     "name",       "nmea",      "note",    "outcome",    "outline", "package", "page",
-    "palette",  "patience",  "picture",    "place",     "profile", "quadrupole", "range",   "release", "require",
-    "reserve",  "resize",    "resource",   "reverse",   "rule",    "runtime",    "save",    "scale",   "scene",
-    "sentence", "shape",     "side",       "signature", "size",    "source",     "sqlite",  "state",   "style",
-    "sure",     "table",     "tessellate", "theta",     "time",    "tone",       "true",    "type",    "value",
-    "write",    "zero",      "zone"};
+    "altitude",   "angle",    "area",     "ascii",       "base",       "before",  "beside",   "cable",
+    "change",     "choice",   "close",    "coordinate",  "database",   "date",    "decltype", "despike",
+    "double",     "echo",     "edge",     "electrode",   "extrema",    "extreme", "extrude",  "fclose",
+    "figure",     "file",     "finalise", "frame",       "free",       "gamma",   "give",     "google",
+    "hemisphere", "hide",     "image",    "implausible", "info",       "into",    "isfinite", "leave",
+    "line",       "message",  "mode",     "more",        "mouse",      "move",    "mzone",    "name",
+    "nmea",       "note",     "outcome",  "outline",     "package",    "page",    "palette",  "patience",
+    "picture",    "place",    "plane",    "profile",     "quadrupole", "range",   "release",  "require",
+    "reserve",    "resize",   "resource", "reverse",     "rule",       "runtime", "save",     "scale",
+    "scene",      "sentence", "shape",    "side",        "signature",  "size",    "source",   "sqlite",
+    "state",      "style",    "sure",     "table",       "tessellate", "theta",   "time",     "tone",
+    "true",       "type",     "value",    "write",       "zero",       "zone"};
 
 std::string Slurp(const std::filesystem::path& path) {
   std::ostringstream text;

@@ -31,8 +31,10 @@ TEST(Originals, AreKnownByTheirContent) {
       {"a track of six columns", {Sample("track.gps")}},
       {"a track's table of positions",
        {Sample("track.csv"), "x;y\n;;15/06/2026;8\n1;a;2026-06-15;07:59:58;;;;1;;1;1\n"}},
+      {"a GPX track", {"<?xml version=\"1.0\"?>\n<gpx version=\"1.1\">\n"}},
+      {"a column text", {"# survey\nA;B;M;N;R [ohm];Easting;Northing\n", "a b m n rhoa lat lon"}},
       {"",
-       {Binary("\0myseq      "s), section + '\x01', "\x89PNG\r\n\x1A\n", "", "1;calm sea;2026-06-15;;3\n",
+       {"# a b m n rhoa\n1 2 3 4 20\n", Binary("\0myseq      "s), section + '\x01', "\x89PNG\r\n\x1A\n", "", "1;calm sea;2026-06-15;;3\n",
         "N.\tAx\tBx\tMx\r\n 1 \t13.\t23.\t3.\r\n", "1             288685.52     5030933.45    4.0           0.0\r\n",
         "n,file,time,lat,lon\n1,1,46188.25,4524.5,1218.25\n", "<?xml version=\"1.0\" encoding=\"UTF-8\"?> \r<kml>",
         "notes of the day\n"}}};

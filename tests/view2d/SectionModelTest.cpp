@@ -61,6 +61,16 @@ TEST(Bands, OfChannelsWithoutDepthAreTold) {
   EXPECT_EQ(placeless.behind[4], 0.0);
   EXPECT_EQ(placeless.lacks.size(), 1U);
   EXPECT_EQ(CreaSezionePiana(Survey(), EvenPlaces()).lacks.size(), 1U) << "nothing was read";
+  Survey own = FlatSurvey({0, 10, 20});
+  for (Misura& m : own.Misure) m.CavoProprio = true;
+  own.cavo.PosCavo[13] = own.Misure(1).Val64;
+  own.cavo.PosCavo[12] = own.Misure(1).Val60;
+  std::copy(own.Misure(1).Elettrodi.begin(), own.Misure(1).Elettrodi.end(), own.cavo.PosCavo.begin());
+  EXPECT_TRUE(CreaSezionePiana(own, EvenPlaces()).lacks.empty());
+  own.Misure(2).Elettrodi[3] += 1;
+  own.Misure(3).Val64 += 1;
+  ASSERT_EQ(CreaSezionePiana(own, EvenPlaces()).lacks.size(), 1U);
+  EXPECT_EQ(CreaSezionePiana(own, EvenPlaces()).lacks[0].substr(0, 38), "2 measurements have electrodes elsewhe");
 }
 
 struct ReachCase {
