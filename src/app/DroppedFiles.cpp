@@ -8,6 +8,7 @@
 #include "app/NumericOrder.h"
 #include "base/Errors.h"
 #include "base/File.h"
+#include "input/ColumnReader.h"
 #include "input/InputDriver.h"
 #include "input/TrackFile.h"
 
@@ -20,6 +21,8 @@ constexpr std::size_t Beginning = std::size_t{1} << 20;
 bool Traccia(const QString& file) {
   try {
     const FileBytes bytes = LeggiInizio(std::filesystem::path(file.toStdU16String()), Beginning);
+    const ColumnStart columns = InizioColonne(bytes.text());
+    if (columns == ColumnStart::Named || columns == ColumnStart::Partial) return false;  // rows may begin with a date
     return !TestataDiTesto(bytes.text()) && GenereDaContenuto(bytes.text()).has_value();
   } catch (const FileError&) {
     return false;

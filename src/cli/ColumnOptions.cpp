@@ -35,13 +35,13 @@ void AggiungiColonne(CLI::App& command, ColumnOptions& o) {
       ->type_name("M");
 }
 
-void RilevaColonne(Session& session, const ColumnOptions& options) {
+void RilevaColonne(const ColumnOptions& options, const ColumnUse& use, Findings& findings) {
   constexpr const char* procedure = "LeggiFileColonne";
-  if (!options.columns.empty() && !session.survey.colonneChieste()) {
-    session.findings().note(procedure, "--columns is not used: no file is a text of numbers without names");
+  if (!options.columns.empty() && !use.columns) {
+    findings.note(procedure, "--columns is not used: no file is a text of numbers without names");
   }
-  if (!options.spacing.empty() && !session.survey.passoChiesto()) {
-    session.findings().note(procedure, "--spacing is not used: no file is a column text");
+  if (!options.spacing.empty() && !use.spacing) {
+    findings.note(procedure, "--spacing is not used: no file is a column text");
   }
 }
 

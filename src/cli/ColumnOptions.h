@@ -4,7 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
-#include "session/Session.h"
+#include "base/Findings.h"
 
 namespace corvan::cli {
 
@@ -16,7 +16,12 @@ struct ColumnOptions {
 
 void AggiungiColonne(CLI::App& command, ColumnOptions& options);
 
-/// Tells of options that no file of the reading asked for.
-void RilevaColonne(Session& session, const ColumnOptions& options);
+/// Which of them the files of a reading asked for.
+struct ColumnUse {
+  bool columns = false, spacing = false;
+};
+
+/// Tells of options that no file asked for.
+void RilevaColonne(const ColumnOptions& options, const ColumnUse& use, Findings& findings);
 
 }  // namespace corvan::cli

@@ -58,11 +58,15 @@ struct FileInfo {
 };
 
 /// Looks at the firings that a reading would give. Nobody has said how the coordinates are written.
-void EsaminaMisure(const ColumnOptions& columns, FileInfo& info) {
+void EsaminaMisure(const ColumnOptions& columns, ColumnUse& use, FileInfo& info) {
   ReadOptions options;
   options.layoutChosen = false;
-  options.columns = [&columns] { return columns.columns; };
-  options.spacing = [&columns](bool) {
+  options.columns = [&] {
+    use.columns = true;
+    return columns.columns;
+  };
+  options.spacing = [&](bool) {
+    use.spacing = true;
     return columns.spacing.empty() ? std::nullopt : std::optional(Val(columns.spacing));
   };
   const auto count = [&info](const Misura& m) {
@@ -121,25 +125,25 @@ constexpr std::size_t Beginning = std::size_t{1} << 20;
 /// Files of measurements by their first bytes or lines; others may be too, when they are no track.
 constexpr std::size_t FirstBytes = 11;
 constexpr std::size_t FirstLines = std::size_t{1} << 16;
-bool SonoMisure(const std::string& name) {
+bool SonoMisure(const std::string& name, bool stated) {
   const FileBytes first = LeggiInizio(name, FirstBytes);
   if (TestataDiTesto(first.text()) || first.text().starts_with(std::string_view("\x02\0\0\x80", 4))) return true;
   const ColumnStart start = InizioColonne(LeggiInizio(name, FirstLines).text());
-  return start == ColumnStart::Named || start == ColumnStart::Partial;
+  return start == ColumnStart::Named || start == ColumnStart::Partial || (stated && start == ColumnStart::Numbers);
 }
 
-FileInfo Esamina(const std::string& name, const ColumnOptions& columns, Findings& findings) {
+FileInfo Esamina(const std::string& name, const ColumnOptions& columns, ColumnUse& use, Findings& findings) {
   FileInfo info;
   info.name = name;
   Trappola(findings, Procedure, [&] {
-    if (SonoMisure(name)) return EsaminaMisure(columns, info);  // of any size
+    if (SonoMisure(name, !columns.columns.empty())) return EsaminaMisure(columns, use, info);  // of any size
     if (FileReader(name).size() > LargeFile && !Traccia(name, LeggiInizio(name, Beginning).text())) {
-      return EsaminaMisure(columns, info);
+      return EsaminaMisure(columns, use, info);
     }
     const FileBytes bytes = LeggiTutto(name);
     info.track = Traccia(name, bytes.text());
     info.bytes = bytes.size();
-    info.track ? EsaminaTraccia(bytes.text(), info) : EsaminaMisure(columns, info);
+    info.track ? EsaminaTraccia(bytes.text(), info) : EsaminaMisure(columns, use, info);
   });
   findings.add(info.findings, name);
   return info;
@@ -202,14 +206,16 @@ std::string InTesto(const FileInfo& info) {
 int Esegui(const std::vector<std::string>& files, const ColumnOptions& columns, bool json) {
   Findings findings;
   Json list = Json::array();
+  ColumnUse use;
   for (const std::string& name : files) {
-    const FileInfo info = Esamina(name, columns, findings);
+    const FileInfo info = Esamina(name, columns, use, findings);
     if (json) {
       list.push_back(InJson(info));
     } else {
       std::cout << InTesto(info);
     }
   }
+  RilevaColonne(columns, use, findings);
   if (json) std::cout << TestoJson({{"files", list}, {"diagnostics", RilieviJson(findings)}});
   StampaRilievi(findings);
   return findings.anyFault() ? NotAllDone : AllDone;

@@ -270,7 +270,8 @@ int Esegui(const ProcessOptions& options) {
   PreparaRisposte(dialogs, options);
   Session session(dialogs, Adesso);
   if (Leggi(session, options)) {
-    RilevaColonne(session, options.columns);
+    RilevaColonne(options.columns, {session.survey.colonneChieste(), session.survey.passoChiesto()},
+                  session.findings());
     const bool utm = session.survey.FrameFileIn.LatLonCmbx == CoordinateEntry::UTM;
     if (options.south && !utm && !SenzaZona(session.survey.dati())) {
       session.findings().note("ConvertAsciiCmd_Click", "--south is not used: latitudes tell their own hemisphere");

@@ -183,6 +183,7 @@ SectionPoint CreaPunto(const Misura& m) {
     point.potential.at(c) = SingoloOppure((a - b) / 2.0, 0.0F);
   }
   point.file = m.NumFile;
+  point.linea = m.Linea;
   point.letture = m.letture;
   point.inUso = InUso(m);
   point.caricabilita = m.Caricabilita;

@@ -83,12 +83,13 @@ class Curtain {
  private:
   static PlanPoint vero(const SectionPoint& p) { return {p.estVero, p.nordVero}; }
 
-  /// The neighbour on one side, when it belongs to the same file.
+  /// The neighbour on one side, when it belongs to the same line of the same file.
   const SectionPoint* neighbour(std::size_t i, std::ptrdiff_t side) const {
     const std::ptrdiff_t at = static_cast<std::ptrdiff_t>(i) + side;
     if (at < 0 || at >= static_cast<std::ptrdiff_t>(points_.size())) return nullptr;
     const SectionPoint* other = points_[static_cast<std::size_t>(at)];
-    return other->file == points_[i]->file ? other : nullptr;
+    const bool same = other->file == points_[i]->file && other->linea == points_[i]->linea;
+    return same ? other : nullptr;
   }
 
   Edges edges(std::size_t i) const {

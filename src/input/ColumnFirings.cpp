@@ -67,9 +67,10 @@ void ColumnFirings::apri(const ColumnRow& row, const Reading& reading, float dep
   first_ = line;
   if (!anyLine_ || row.line != line_) {
     line_ = row.line;
-    if (!line_.empty()) ++tally_.lines;
     anyLine_ = true;
+    ++tally_.lines;
   }
+  if (named_) m_.Linea = tally_.lines;
 }
 
 void ColumnFirings::chiudi() {

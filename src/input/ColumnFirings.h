@@ -20,7 +20,7 @@ struct ColumnFiringTally {
   std::int32_t channels = 0;   ///< most of a firing
   Counted empty;               ///< firings without any reading, and the first's first line
   std::size_t nominal = 0;     ///< firings without a current of their own
-  std::size_t lines = 0;       ///< runs of one name in the column of lines
+  std::int32_t lines = 0;      ///< runs of one name in the column of lines
   std::size_t positions = 0;   ///< firings with a position
   Counted beyond;              ///< latitudes over 90 or longitudes over 180 degrees
   double north = 0, east = 0;  ///< largest without sign
@@ -36,10 +36,16 @@ struct ColumnFiringTally {
 class ColumnFirings {
  public:
   /// @param layout of the latitudes and longitudes that measurements hold
-  ColumnFirings(bool geographic, AngleFormat layout, const MisuraSink& sink)
-      : geographic_(geographic), layout_(layout), sink_(sink) {}
+  ColumnFirings(const ColumnLayout& columns, AngleFormat layout, const MisuraSink& sink)
+      : layout_(layout), sink_(sink) {
+    colonne(columns);
+  }
 
-  void geografiche(bool geographic) { geographic_ = geographic; }
+  /// The columns of the rows to come.
+  void colonne(const ColumnLayout& layout) {
+    geographic_ = layout.geografica();
+    named_ = layout.ha(Column::Line);
+  }
   /// @throws RunTimeError naming a number that has no single-precision form; then nothing is taken
   void prendi(const ColumnRow& row, std::size_t line);
   /// Hands on what is left.
@@ -58,7 +64,8 @@ class ColumnFirings {
   void apri(const ColumnRow& row, const Reading& reading, float depth, std::size_t line);
   void notaPosizione(std::size_t line);
 
-  bool geographic_;
+  bool geographic_ = false;
+  bool named_ = false;  // rows name their survey lines
   AngleFormat layout_;
   const MisuraSink& sink_;
   ColumnFiringTally tally_;

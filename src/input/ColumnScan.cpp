@@ -15,7 +15,7 @@ bool Bianca(std::string_view line) { return line.find_first_not_of(" \t") == std
 class ColumnWalk {
  public:
   ColumnWalk(const ColumnPlan& plan, AngleFormat layout, const MisuraSink& sink, ColumnScan& scan)
-      : plan_(plan), firings_(plan.names.layout.geografica(), layout, sink), scan_(scan) {
+      : plan_(plan), firings_(plan.names.layout, layout, sink), scan_(scan) {
     rows_.imposta(plan.names.layout, plan.names.separator, plan.spacing);
   }
 
@@ -97,7 +97,7 @@ class ColumnWalk {
     other_ = true;
     scan_.headers.add(at.number());
     firings_.chiudi();
-    firings_.geografiche(names.layout.geografica());
+    firings_.colonne(names.layout);
     rows_.imposta(names.layout, names.separator, plan_.spacing);
     return true;
   }

@@ -29,6 +29,11 @@ std::string FileDi(const Survey& survey, const Misura& m) {
   return file == nullptr ? std::string() : file->path.string();
 }
 
+std::string NomeLinea(const Survey& survey, const Misura& m) {
+  const std::string name = std::filesystem::path(FileDi(survey, m)).filename().string();
+  return m.Linea == 0 ? name : name + ", line " + std::to_string(m.Linea);
+}
+
 std::string DescriviMisura(const Survey& survey, std::size_t k) {
   const Misura& m = survey.Misure(k);
   return Inizio(survey, m) + " D.Prog. " + FormattaNumero(m.Distanza, Distance);

@@ -11,6 +11,9 @@ namespace corvan {
 /// Full name of the file that a measurement came from; empty where it names none.
 std::string FileDi(const Survey& survey, const Misura& m);
 
+/// The file's name without its folder, and the line's number where it names lines: "survey.txt, line 2".
+std::string NomeLinea(const Survey& survey, const Misura& m);
+
 /// "File." name, " Data. " date and time, " Lg." longitude, " Lt." latitude (as the file lays them out), " D.Prog. "
 /// distance along the track in metres. @param k 1-based
 std::string DescriviMisura(const Survey& survey, std::size_t k);

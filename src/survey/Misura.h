@@ -39,9 +39,10 @@ struct Misura {
   std::array<float, MaxChannels + 1> Caricabilita{};  ///< chargeability, mV/V
   std::array<float, MaxChannels + 1> Deviazione{};    ///< standard deviation of the stacked potentials, %
   std::int16_t NumFile = 0;                           ///< ordinal of the file in the batch, from 1
-  bool Scartata = false;                              ///< no usable position: left out
-  bool Interpolata = false;                           ///< the position was interpolated over a gap
-  double Tempo = 0;                                   ///< days since 1899-12-30; 0 where the file holds no time
+  std::int32_t Linea = 0;    ///< survey line within its file, from 1; 0 where the file names none
+  bool Scartata = false;     ///< no usable position: left out
+  bool Interpolata = false;  ///< the position was interpolated over a gap
+  double Tempo = 0;          ///< days since 1899-12-30; 0 where the file holds no time
 
   /// The position as read, or as a link to an external track gave it; of an interpolated one that between its
   /// neighbours', which the next analysis takes away again.
@@ -69,6 +70,9 @@ inline bool Vuota(const Misura& m) { return m.letture == 0; }
 
 /// The firing has a position: its own or an interpolated one.
 inline bool HaPosizione(const Misura& m) { return !m.SenzaFix || m.Interpolata; }
+
+/// Nothing is joined or interpolated from one survey line to another.
+inline bool StessaLinea(const Misura& a, const Misura& b) { return a.NumFile == b.NumFile && a.Linea == b.Linea; }
 
 /// The firing takes part in sections and cells: it has a position and is not left out.
 inline bool Tenuta(const Misura& m) { return HaPosizione(m) && !m.Scartata; }

@@ -28,6 +28,7 @@ struct Quadrupole {
 struct SectionPoint {
   std::int32_t misura = 0;                            ///< number of the measurement
   std::int16_t file = 0;                              ///< ordinal of its file
+  std::int32_t linea = 0;                             ///< survey line within the file
   ReadingSet letture = AllReadings;                   ///< channels whose reading exists
   ReadingSet inUso = AllReadings;                     ///< those of them that are not excluded
   bool posta = true;                                  ///< it has a position; else it repeats that of another point

@@ -72,8 +72,8 @@ std::size_t Interpola(Survey& survey, const Gap& gap) {
   return done;
 }
 
-bool StessoFile(const Survey& survey, const Gap& gap) {
-  return survey.Misure(gap.i1).NumFile == survey.Misure(gap.i2).NumFile;
+bool StessaLinea(const Survey& survey, const Gap& gap) {
+  return StessaLinea(survey.Misure(gap.i1), survey.Misure(gap.i2));
 }
 
 }  // namespace
@@ -90,7 +90,7 @@ TrackResult TrattaFixPersi(Survey& survey) {
     Gap gap{k - 1, k};
     while (gap.i2 <= count && survey.Misure(gap.i2).SenzaFix) ++gap.i2;
     result.bad += gap.i2 - k;
-    const bool closed = gap.i1 > 0 && gap.i2 <= count && StessoFile(survey, gap);
+    const bool closed = gap.i1 > 0 && gap.i2 <= count && StessaLinea(survey, gap);
     if (filter == BadGps::Interpolate && closed) {
       result.interpolated += Interpola(survey, gap);
     } else if (filter != BadGps::NoFilter) {

@@ -44,7 +44,7 @@ double PassoCon(const Survey& survey, AngleFormat format) {
   std::size_t steps = 0;
   std::optional<GridZone> grid;
   std::optional<Grid> before;
-  std::int16_t file = 0;
+  const Misura* from = nullptr;
   for (const Misura& m : survey.Misure) {
     if (!std::holds_alternative<Geographic>(m.sorgente) || m.Interpolata) continue;
     const Geographic g{GradiDaNumero(m.Lat, format), GradiDaNumero(m.Lon, format)};
@@ -52,12 +52,12 @@ double PassoCon(const Survey& survey, AngleFormat format) {
     if (!grid) grid = GrigliaDi(g);
     const std::optional<Place> place = grid ? Colloca(g, *grid) : std::nullopt;
     if (!place) return none;
-    if (before && file == m.NumFile) {
+    if (before && StessaLinea(*from, m)) {
       length += dist(before->easting, before->northing, place->grid.easting, place->grid.northing);
       ++steps;
     }
     before = place->grid;
-    file = m.NumFile;
+    from = &m;
   }
   return steps == 0 ? none : length / static_cast<double>(steps);
 }

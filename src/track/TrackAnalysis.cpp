@@ -5,6 +5,7 @@
 #include <limits>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "base/Errors.h"
 #include "base/Halves.h"
@@ -246,25 +247,25 @@ void GeneraPuntiGPS(Survey& survey) {
   t.PuntiGPS0 = t.PuntiGPS;
 }
 
-/// Files that gave a measurement with a stored reading.
-std::size_t FilePresenti(const Survey& survey) {
-  std::set<std::int16_t> files;
-  std::int16_t last = 0;
+/// Lines of files that gave a measurement with a stored reading.
+std::size_t LineePresenti(const Survey& survey) {
+  std::set<std::pair<std::int16_t, std::int32_t>> lines;
+  const Misura* last = nullptr;
   for (const Misura& m : survey.Misure) {
-    if (m.NumFile != last && m.NumFile != 0) files.insert(m.NumFile);
-    last = m.NumFile;
+    if (m.NumFile != 0 && (last == nullptr || !StessaLinea(*last, m))) lines.emplace(m.NumFile, m.Linea);
+    last = &m;
   }
-  return std::max<std::size_t>(files.size(), 1);
+  return std::max<std::size_t>(lines.size(), 1);
 }
 
 /// Height of a level: the mean step within the lines, so that a jump from one line to the next does not raise towers.
 /// Of one file it is PassoMedio. Where there is none, the electrode spacing, and 1 m at last.
 void CalcolaAltezza(Survey& survey, double within) {
-  const std::size_t count = survey.Misure.size(), files = FilePresenti(survey);
+  const std::size_t count = survey.Misure.size(), lines = LineePresenti(survey);
   const auto& p = survey.cavo.PosCavo;
   const double spacing = std::abs(static_cast<double>(p[13]) - static_cast<double>(p[12]));
   double& height = survey.traccia.AltezzaCella;
-  height = count > files ? static_cast<double>(ASingolo(within / static_cast<double>(count - files))) : 0.0;
+  height = count > lines ? static_cast<double>(ASingolo(within / static_cast<double>(count - lines))) : 0.0;
   if (height == 0.0 && std::isfinite(spacing)) height = spacing;
   if (height == 0.0) height = 1.0;
 }
@@ -281,13 +282,13 @@ double PassoTra(const Misura& a, const Misura& b, const TrackExtent& t) {
 void CalcolaDistanze(Survey& survey) {
   TrackExtent& t = survey.traccia;
   t.Lunghezza = 0.0;
-  double within = 0.0;  // the steps that stay in one file
+  double within = 0.0;  // the steps that stay in one line
   const Misura* previous = nullptr;
   for (Misura& m : survey.Misure) {
     if (HaPosizione(m)) {
       const double step = previous == nullptr ? 0.0 : PassoTra(*previous, m, t);
       t.Lunghezza += step;
-      if (previous != nullptr && previous->NumFile == m.NumFile) within += step;
+      if (previous != nullptr && StessaLinea(*previous, m)) within += step;
       previous = &m;
     }
     m.Distanza = t.Lunghezza;

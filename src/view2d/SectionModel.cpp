@@ -9,6 +9,7 @@
 #include "base/Halves.h"
 #include "base/OleDate.h"
 #include "base/Text.h"
+#include "survey/MeasurementText.h"
 
 namespace corvan {
 namespace {
@@ -23,17 +24,17 @@ double Mediana(std::vector<double>& values) {
 
 /// The lines and whose each measurement is. A firing that names no file belongs to the line before it.
 void DividiLinee(SectionModel& model, const Survey& survey) {
-  std::int16_t file = 0;
+  const Misura* before = nullptr;  // the last that names a file
   for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
     const Misura& m = survey.Misure(k);
-    if (model.lines.empty() || (m.NumFile != 0 && file != 0 && m.NumFile != file)) {
+    if (model.lines.empty() || (m.NumFile != 0 && before != nullptr && !StessaLinea(*before, m))) {
       model.lines.push_back({"", k, k, m.Distanza, m.Distanza, 1.0});
     }
-    if (m.NumFile != 0) file = m.NumFile;
+    if (m.NumFile != 0) before = &m;
     SectionLine& line = model.lines.back();
     line.last = k;
     const FileSummary* summary = survey.fileDi(m);
-    if (line.name.empty() && summary != nullptr) line.name = summary->path.filename().string();
+    if (line.name.empty() && summary != nullptr) line.name = NomeLinea(survey, m);
     model.line.push_back(static_cast<std::uint32_t>(model.lines.size() - 1));
     model.distance.push_back(m.Distanza);
   }

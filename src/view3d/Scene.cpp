@@ -45,7 +45,7 @@ class Origin {
 bool Confina(const Survey& survey, std::size_t neighbour, const Misura& m) {
   if (!survey.Misure.contains(neighbour)) return false;
   const Misura& other = survey.Misure(neighbour);
-  return Tenuta(other) && other.NumFile == m.NumFile;
+  return Tenuta(other) && StessaLinea(other, m);
 }
 
 /// The cell of a reading that does not exist: what is not finite is not drawn.
@@ -140,8 +140,8 @@ void GeneraTraiettoria(Scene& scene, const Survey& survey) {
     return Punto3D{place.x, place.y, 0.0F, m.Val12};
   };
   Punto3D last = start == survey.Misure.end() ? Punto3D() : at(*start);
-  // A line ends before the first measurement with a position that is of another file: empty firings name none.
-  std::int16_t line = 0;
+  // A line ends before the first measurement with a position that is of another line: empty firings name none.
+  const Misura* line = nullptr;  // its first
   for (std::size_t k = 1; k <= survey.Misure.size(); ++k) {
     const Misura& m = survey.Misure(k);
     const bool placed = HaPosizione(m);
@@ -149,10 +149,10 @@ void GeneraTraiettoria(Scene& scene, const Survey& survey) {
     if (placed) last = at(m);
     scene.trajectory(k) = last;
     if (!placed || m.NumFile == 0) continue;
-    if (line == m.NumFile) continue;
-    if (line != 0) scene.lineEnds.push_back(k - 1);
-    scene.lineNames.push_back(std::filesystem::path(FileDi(survey, m)).filename().string());
-    line = m.NumFile;
+    if (line != nullptr && StessaLinea(*line, m)) continue;
+    if (line != nullptr) scene.lineEnds.push_back(k - 1);
+    scene.lineNames.push_back(NomeLinea(survey, m));
+    line = &m;
   }
   if (!survey.Misure.empty()) scene.lineEnds.push_back(survey.Misure.size());
   scene.lineNames.resize(scene.lineEnds.size());

@@ -112,6 +112,8 @@ TEST(ColumnTexts, OptionsThatDoNothingOrAreWrongAreSaid) {
                          "the coordinate format (dd) is that"},
                         {"process rows.dat --out head --format txt" + std::string(Columns), 0, ""},
                         {"process head.dat --out rows", 0, ""},
+                        {"info line.bin --spacing 5" + std::string(Columns), 0, "--columns is not used"},
+                        {"info line.bin --spacing 5" + std::string(Columns), 0, "--spacing is not used"},
                         {"info rows.dat", 1, "no header"},
                         {"info rows.dat" + std::string(Columns), 0, ""}};
   for (const Case& c : cases) {

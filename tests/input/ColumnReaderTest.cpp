@@ -241,6 +241,17 @@ TEST(ColumnText, BeginsAnotherFiringBehindTenChannels) {
   EXPECT_EQ(read.summary.channels, 10);
 }
 
+TEST(ColumnText, NumbersTheRunsOfANameOfALine) {
+  const auto lines = [](const std::string& names) {
+    std::string content = "a b m n r x y line\n", numbers;
+    for (const char name : names) content += std::string("1 6 11 16 -1 288685 5030933 ") + name + "\n";
+    for (const Misura& m : Read(content).measurements) numbers += std::to_string(m.Linea);
+    return numbers;
+  };
+  EXPECT_EQ(lines("AABBAC"), "112234");
+  EXPECT_EQ(Read("a b m n r x y\n1 6 11 16 -1 288685 5030933\n").measurements.at(0).Linea, 0);
+}
+
 TEST(ColumnText, MultipliesNumbersOfElectrodesWithTheSpacing) {
   const std::string named = "a;b;m;n;u;i;x;y;depth\n1;2;3;4;-500;2000" + Place + "1;2;4;5;-125;2000" + Place;
   const std::string lengths =

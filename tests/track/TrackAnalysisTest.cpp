@@ -176,6 +176,14 @@ TEST(Gaps, DoNotReachFromOneFileIntoTheNext) {
   EXPECT_EQ(f.m(5).UTMx, 300040);
 }
 
+TEST(Gaps, DoNotReachFromOneLineOfAFileIntoTheNext) {
+  Fixture f({{300000, 5e6}, {300010, 5e6}, {0, 0}, {0, 0}, {300110, 5e6}, {300116, 5e6}}, BadGps::Interpolate);
+  for (std::size_t k = 1; k <= 6; ++k) f.survey.Misure(k).Linea = k < 4 ? 1 : 2;
+  EXPECT_EQ(f.run().interpolated, 0U);
+  // Steps of 10 and 6 m in two lines of six measurements; the 100 m between the lines are none.
+  EXPECT_EQ(f.survey.traccia.AltezzaCella, 4.0);
+}
+
 TEST(Gaps, LeaveEmptyFiringsEmpty) {
   for (const BadGps filter : {BadGps::NoFilter, BadGps::Skip, BadGps::Interpolate}) {
     Fixture f({{300000, 5e6}, {0, 0}, {0, 0}, {300030, 5e6}}, filter);
