@@ -35,7 +35,7 @@ void RilieviLinee(const ColumnScan& scan, std::size_t columns, Findings& out) {
                              Dove(scan.numbersBefore.count, scan.numbersBefore.line));
   }
   if (const std::size_t words = scan.preamble.count - scan.numbersBefore.count; words > 0) {
-    out.note(Procedure, Quanti(words, "line", "lines") + " of text before the header passed over");
+    out.note(Procedure, Quanti(words, "line", "lines") + " of text before the rows passed over");
   }
   if (rows.count.count > 0) {
     out.fault(Procedure,

@@ -69,6 +69,8 @@ class ColumnWalk {
     if (fault == RowFault::None) {
       const std::size_t blank = std::exchange(blank_, 0);
       if (rows_.tally().rows > 1) scan_.blank += blank;  // those before the first row are between nothing
+    } else if (fault == RowFault::Words && plan_.header == 0 && rows_.tally().rows == 0) {
+      scan_.preamble.add(at.number());  // a header that says too little, most likely: the columns were stated
     } else if (!header(at) && !(units && fault == RowFault::Words && unita())) {
       rows_.conta(fault, at.number());
     }

@@ -26,11 +26,11 @@ struct ColumnScan {
   std::size_t blank = 0;  ///< between rows
   std::size_t comments = 0;
   std::size_t repeated = 0;  ///< headers like the one in force
-  Counted preamble;          ///< lines before the header, neither blank nor comments
-  Counted numbersBefore;     ///< those of them that hold numbers
-  Counted headers;           ///< headers with other columns, which hold from there on
-  Counted cut;               ///< lines too long to be held
-  std::size_t end = 0;       ///< the line that ended the reading; 0: the file's end
+  Counted preamble;  ///< lines before the header, or text before the first row where columns were stated; no comments
+  Counted numbersBefore;  ///< those of them that hold numbers
+  Counted headers;        ///< headers with other columns, which hold from there on
+  Counted cut;            ///< lines too long to be held
+  std::size_t end = 0;    ///< the line that ended the reading; 0: the file's end
   std::string endReason;
   std::size_t left = 0;             ///< rows from there on
   std::vector<std::string> unused;  ///< columns of the first header that are not read

@@ -256,6 +256,15 @@ TEST(Dropped, FoldersAreOpenedAndTracksAreLoadedBehindTheirSurvey) {
   EXPECT_TRUE(w.session().findings().anyFault());
 }
 
+TEST(Dropped, ColumnTextsAreNoTracksThoughTheirRowsBeginWithADate) {
+  Window w;
+  const auto rows =
+      w.folder.write("rows.txt", "date time a b m n r x y\n2026-06-15 08:00:00 1 6 11 16 -1 288685 5030933\n");
+  Drop(w, {QString::fromStdString(rows.string())});
+  EXPECT_EQ(w.session().survey.dati().NumMisure(), 1);
+  EXPECT_FALSE(w.session().survey.dati().tracciaEst.loaded);
+}
+
 TEST(Reading, ThatGivesNothingLeavesWhatWasThere) {
   Window w;
   w.readPlan();

@@ -122,7 +122,7 @@ const RowCase Rows[] = {
      "there "
      "on not read\n"},
     {"text and numbers before the header", "Survey of the lagoon\n3 lines\n" + Header + Row1 + Row2, Both,
-     "!1 line of numbers before the header not read (line 2)\n-1 line of text before the header passed over\n"},
+     "!1 line of numbers before the header not read (line 2)\n-1 line of text before the rows passed over\n"},
     {"columns that are not read",
      "id;a;b;m;n;u;i;x;y;depth;r;err\n7;" + Row1.substr(0, Row1.size() - 1) + ";1;2\n8;" +
          Row2.substr(0, Row2.size() - 1) + ";1;2\n",
@@ -290,6 +290,8 @@ TEST(ColumnText, WithoutAHeaderIsReadByColumnsThatSomebodyStates) {
       "read\n");
   const std::string part = "a b m n reading easting northing\n" + std::string(Typical);
   EXPECT_EQ(Firings(Read(part, {"a b m n r x y", {}})), "1 6: 11 -0.2406 16") << "what was stated counts";
+  EXPECT_EQ(Told(Read(part + Typical, {"a b m n r x y", {}}).findings).substr(0, 50),
+            "-1 line of text before the rows passed over\n-no co");
   EXPECT_EQ(Firings(Read("- , 1 2\n" + std::string(Typical), {"- b m n - x y", {}})), "");
   const FileRead header = Read(Header + Row1 + Row2, {"b a m n u i x y depth", {}});
   EXPECT_EQ(Firings(header), Both) << "the header counts";
