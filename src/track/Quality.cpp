@@ -65,11 +65,11 @@ struct Stretch {
 /// The lines of a survey: a firing that names no file belongs to the line before it.
 std::vector<Stretch> Linee(const Survey& survey) {
   std::vector<Stretch> lines;
-  std::int16_t file = 0;
+  const Misura* before = nullptr;  // the last that names a file
   for (std::size_t i = 0; i < survey.Misure.size(); ++i) {
-    const std::int16_t own = survey.Misure(i + 1).NumFile;
-    if (lines.empty() || (own != 0 && file != 0 && own != file)) lines.push_back({i, i});
-    if (own != 0) file = own;
+    const Misura& m = survey.Misure(i + 1);
+    if (lines.empty() || (m.NumFile != 0 && before != nullptr && !StessaLinea(*before, m))) lines.push_back({i, i});
+    if (m.NumFile != 0) before = &m;
     lines.back().to = i + 1;
   }
   return lines;

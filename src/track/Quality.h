@@ -27,11 +27,11 @@ struct QualityResult {
 /// The readings that fail a limit, for each measurement from 0; those that do not exist fail none. A number that is not
 /// finite fails every limit that asks for it.
 ///
-/// Spikes are looked for along each line (the measurements of one file) and channel, among the readings that hold the
-/// other limits: the running median of log |rho| over `finestra` measurements around each, fewer at the line's ends,
-/// and the median absolute deviation from it (F. R. Hampel, J. Am. Stat. Assoc. 69 (1974), 383-393), held to 0.001 at
-/// least, so that the last digit of equal readings is no spike. Resistivities of 0 or less have no logarithm; where
-/// fewer than half of `finestra` have one nothing is tested.
+/// Spikes are looked for along each line (the measurements of one file, or of a line that it names) and channel, among
+/// the readings that hold the other limits: the running median of log |rho| over `finestra` measurements around each,
+/// fewer at the line's ends, and the median absolute deviation from it (F. R. Hampel, J. Am. Stat. Assoc. 69 (1974),
+/// 383-393), held to 0.001 at least, so that the last digit of equal readings is no spike. Resistivities of 0 or less
+/// have no logarithm; where fewer than half of `finestra` have one nothing is tested.
 std::vector<ReadingSet> Giudica(const Survey& survey, const QualityLimits& limits, QualityResult& result);
 
 /// Excludes what the limits found or a hand decided, and derives RhoMin and RhoMax from what is left, 0 without any.
