@@ -158,6 +158,7 @@ struct Loader {
     of.scegli("bad_gps", FilterWords, act.in.filter);
     of.prendi("past_gaps", act.in.pastGaps);
     of.prendi("south", act.in.south);
+    of.prendi("spacing", act.in.spacing);
     risposte(of, act.answers);
     project.acts.emplace_back(std::move(act));
   }

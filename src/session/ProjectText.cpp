@@ -56,6 +56,7 @@ struct Writer {
     json["bad_gps"] = Parola(FilterWords, act.in.filter);
     json["past_gaps"] = act.in.pastGaps;
     json["south"] = act.in.south;
+    if (!act.in.spacing.empty()) json["spacing"] = act.in.spacing;
     json["answers"] = answers(act.answers);
     return {{"read", json}};
   }

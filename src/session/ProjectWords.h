@@ -21,7 +21,9 @@ inline constexpr Words<CoordinateEntry, 4> CoordinateWords{{{CoordinateEntry::DD
                                                             {CoordinateEntry::UTM, "utm"}}};
 inline constexpr Words<BadGps, 3> FilterWords{
     {{BadGps::NoFilter, "none"}, {BadGps::Skip, "skip"}, {BadGps::Interpolate, "interpolate"}}};
-inline constexpr Words<Question, 5> QuestionWords{{{Question::ChannelNumber, "channels"},
+inline constexpr Words<Question, 7> QuestionWords{{{Question::ChannelNumber, "channels"},
+                                                   {Question::ColumnNames, "columns"},
+                                                   {Question::ElectrodeSpacing, "spacing"},
                                                    {Question::TrackZone, "track_zone"},
                                                    {Question::TrackDate, "track_date"},
                                                    {Question::BezierPoints, "bezier_points"},
