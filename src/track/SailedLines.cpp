@@ -49,12 +49,12 @@ double SailedLine::profondita(double length, double echoOffset, std::size_t near
 }
 
 SailedLines::SailedLines(const Survey& survey, std::int32_t E1, std::int32_t E2, double window) {
-  const auto file = [&survey](std::int32_t p) { return Di(survey, p).NumFile; };
+  const auto same = [&survey](std::int32_t p, std::int32_t q) { return StessaLinea(Di(survey, p), Di(survey, q)); };
   std::int32_t first = E1;
-  while (first > 1 && file(first - 1) == file(E1)) --first;
+  while (first > 1 && same(first - 1, E1)) --first;
   while (first <= E2) {
     std::int32_t last = first;
-    while (last < survey.NumMisure() && file(last + 1) == file(first)) ++last;
+    while (last < survey.NumMisure() && same(last + 1, first)) ++last;
     SailedLine line(survey, first, last, window);
     if (FixTra(line, E1, E2)) lines_.push_back(std::move(line));
     first = last + 1;

@@ -1,5 +1,5 @@
-// The paths behind a section: one for each file that it has measurements of, with the depths sounded along it, and the
-// axis that counts path length over all of them.
+// The paths behind a section: one for each line of a file that it has measurements of, with the depths sounded along
+// it, and the axis that counts path length over all of them.
 #pragma once
 
 #include <cstddef>

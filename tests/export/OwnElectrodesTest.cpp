@@ -45,6 +45,19 @@ TEST(OwnElectrodes, KeepTheirDistancesAlongTheSection) {
             "reading, the first is channel 2 of measurement 1\n");
 }
 
+// The antenna at 0 and 7 m, the head 3 m behind it.
+TEST(OwnElectrodes, LieOnTheSailedPathAsFarBehindTheBoat) {
+  Survey survey = TwoOfTheirOwn();
+  SectionRequest request;
+  request.E2 = 2;
+  request.OffsetCavo = 3;
+  request.shape = CableShape::AlongTrack;
+  Findings findings;
+  const Section section = EstraiSezione(survey, request, findings);
+  EXPECT_EQ(section.RecordOut(1).x, (std::array<float, 4>{-23, -18, -13, -8}));
+  EXPECT_EQ(section.RecordOut(11).x, (std::array<float, 4>{-11, -6, -0.5F, 4}));
+}
+
 // Middles of the current dipoles 17.5 and 12.5 m behind the head, which trails 3 m: 20.5 and 15.5 m to the west.
 TEST(OwnElectrodes, LieBehindTheBoatByTheirOwnLag) {
   Survey survey = TwoOfTheirOwn();

@@ -15,7 +15,7 @@ TEST(ColumnTexts, AskForColumnsAndSpacingAndAProjectKeepsTheAnswers) {
   EXPECT_EQ(made.m(1).Elettrodi[3], 12.5F);
   // 6.2832 / (1/5 - 1/7.5 - 1/2.5 + 1/5) = -47.124 m
   EXPECT_NEAR(made.m(1).Rho[1], 11.781, 1e-4);
-  made.session.salvaProgetto(made.folder / "run.corvan");
+  made.session.salvaProgetto(made.folder / "run.corvan", made.session.progetto());
   SessionFixture again;
   EXPECT_TRUE(again.session.apriProgetto(made.folder / "run.corvan")) << Told(again.session.findings());
   EXPECT_EQ(again.dialogs.questions.size(), 0U);
@@ -28,7 +28,7 @@ TEST(ColumnTexts, AStatedSpacingIsNotAskedForAndAProjectKeepsIt) {
   made.session.survey.FrameFileIn.spacing = "4";
   made.read({made.folder.write("named.dat", "a b m n r x y\n" + Numbers)});
   EXPECT_TRUE(made.dialogs.questions.empty());
-  made.session.salvaProgetto(made.folder / "run.corvan");
+  made.session.salvaProgetto(made.folder / "run.corvan", made.session.progetto());
   SessionFixture again;
   EXPECT_TRUE(again.session.apriProgetto(made.folder / "run.corvan"));
   EXPECT_EQ(again.m(1).Elettrodi[1], 12.0F);
