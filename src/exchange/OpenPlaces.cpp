@@ -1,9 +1,12 @@
 #include "exchange/OpenPlaces.h"
 
+#include <map>
+#include <utility>
 #include <variant>
 
 #include "geo/ExactUtm.h"
 #include "geo/Plane.h"
+#include "survey/MeasurementText.h"
 
 namespace corvan {
 
@@ -28,21 +31,32 @@ std::optional<Geographic> GradiVeri(const Survey& survey, const SectionPoint& po
 }
 
 std::vector<FileLine> LineeDeiFile(const Survey& survey) {
-  std::vector<FileLine> lines(survey.files.size());
-  std::vector<const Misura*> last(lines.size());
-  for (std::size_t k = 0; k < lines.size(); ++k) {
-    lines[k].file = static_cast<std::int16_t>(k + 1);
-    lines[k].name = survey.files[k].path.filename().string();
-  }
+  struct Run {
+    FileLine line;
+    const Misura* last = nullptr;
+  };
+  std::map<std::pair<std::int16_t, std::int32_t>, Run> runs;
   for (const Misura& m : survey.Misure) {
     if (survey.fileDi(m) == nullptr) continue;
-    const auto k = static_cast<std::size_t>(m.NumFile) - 1;
-    ++lines[k].measurements;
+    Run& run = runs[{m.NumFile, m.Linea}];
+    if (run.line.measurements++ == 0) run.line.name = NomeLinea(survey, m);
     const std::optional<Geographic> place = Tenuta(m) ? GradiDi(survey, m) : std::nullopt;
     if (!place) continue;
-    lines[k].track.push_back(*place);
-    if (last[k] != nullptr) lines[k].length += dist(last[k]->UTMx, last[k]->UTMy, m.UTMx, m.UTMy);
-    last[k] = &m;
+    run.line.track.push_back(*place);
+    if (run.last != nullptr) run.line.length += dist(run.last->UTMx, run.last->UTMy, m.UTMx, m.UTMy);
+    run.last = &m;
+  }
+  std::vector<FileLine> lines;
+  auto next = runs.begin();
+  for (std::size_t k = 1; k <= survey.files.size(); ++k) {
+    const auto file = static_cast<std::int16_t>(k);
+    if (next == runs.end() || next->first.first != file) {  // a file without measurements
+      lines.push_back({file, survey.files[k - 1].path.filename().string(), 0, 0.0, {}});
+    }
+    for (; next != runs.end() && next->first.first == file; ++next) {
+      lines.push_back(std::move(next->second.line));
+      lines.back().file = file;
+    }
   }
   return lines;
 }

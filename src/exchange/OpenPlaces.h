@@ -27,16 +27,16 @@ std::optional<Geographic> GradiDi(const Survey& survey, const Misura& m, double 
 /// @return nothing where it has no position
 std::optional<Geographic> GradiVeri(const Survey& survey, const SectionPoint& point);
 
-/// The track of one file: the positions of its measurements that are kept.
+/// The track of one file, or of one line that a file names: the positions of its measurements that are kept.
 struct FileLine {
   std::int16_t file = 0;         ///< its ordinal
-  std::string name;              ///< of the file, without folder
+  std::string name;              ///< of the file, without folder, and of the line
   std::size_t measurements = 0;  ///< that came from it
   double length = 0;             ///< m along the kept ones on the grid
   std::vector<Geographic> track;
 };
 
-/// One line a file, in the order of the files.
+/// One line a file, in the order of the files; as many as a file names.
 std::vector<FileLine> LineeDeiFile(const Survey& survey);
 
 /// A section's line, at its true positions.

@@ -118,8 +118,9 @@ class Curtain {
     const SectionPoint& own = points_(placed_[k]);
     const PlanPoint here{own.estVero, own.nordVero};
     const auto half = [&](std::size_t other) -> std::optional<PlanPoint> {
-      if (other >= placed_.size() || points_(placed_[other]).file != own.file) return std::nullopt;
+      if (other >= placed_.size()) return std::nullopt;
       const SectionPoint& p = points_(placed_[other]);
+      if (p.file != own.file || p.linea != own.linea) return std::nullopt;
       return PlanPoint{(p.estVero + here.est) / 2.0, (p.nordVero + here.nord) / 2.0};
     };
     const std::optional<PlanPoint> before = half(k - 1), behind = half(k + 1);  // k - 1 of the first is beyond the last
