@@ -25,7 +25,11 @@ bool FileDelloStrumento(std::string_view bytes) {
   return bytes.size() < sequence || bytes.substr(sequence, SequenzaLength) != OwnSequence;
 }
 
+/// The table of the bottom, which this program writes, begins with the word of text exports.
+constexpr std::string_view OwnBottom = "distance,easting,northing,";
+
 bool EsportazioneDiTesto(std::string_view text) {
+  if (text.starts_with(OwnBottom)) return false;
   constexpr std::string_view mark = "\xEF\xBB\xBF";
   if (text.substr(0, mark.size()) == mark) text.remove_prefix(mark.size());
   return TestataDiTesto(text);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "base/NumberText.h"
 #include "cli/Cli.h"
@@ -36,6 +37,22 @@ TEST(OpenFormats, AreWrittenTogetherAndListed) {
   EXPECT_EQ(Lines(sailed.text("o_bottom.csv")), 6U);
   EXPECT_TRUE(Contains(sailed.text("o_bottom.csv"), ",612360.25,5034582.5,45."));
   EXPECT_TRUE(Contains(sailed.text("o_bottom.csv"), ",4.5\n"));
+}
+
+// None of them looks like an original, which would never be replaced.
+TEST(OpenFormats, ReplaceThoseOfAnEarlierRun) {
+  const Sailed sailed;
+  const char* formats = "--format bin,txt,ecs,kml,csv,ert,bottom,res2dinv,gpkg,geojson,vtu";
+  ASSERT_EQ(sailed.process(std::string(formats) + " --min-current 1").status, 0);
+  std::map<std::string, std::string> before;
+  for (const auto& entry : std::filesystem::directory_iterator(sailed.folder.path())) {
+    if (entry.path().filename().string().starts_with("o")) before[entry.path()] = test::Slurp(entry.path());
+  }
+  EXPECT_EQ(before.size(), 12U);
+  const Outcome again =
+      sailed.process(std::string(formats) + " --from 2 --true-position --data-shift 1,1 --min-current 807");
+  EXPECT_EQ(again.status, 0) << again.err;
+  for (const auto& [name, bytes] : before) EXPECT_NE(test::Slurp(name), bytes) << name;
 }
 
 TEST(OpenFormats, TakeTheirOptions) {

@@ -34,10 +34,11 @@ TEST(Originals, AreKnownByTheirContent) {
       {"a GPX track", {"<?xml version=\"1.0\"?>\n<gpx version=\"1.1\">\n"}},
       {"a column text", {"# survey\nA;B;M;N;R [ohm];Easting;Northing\n", "a b m n rhoa lat lon"}},
       {"",
-       {"# a b m n rhoa\n1 2 3 4 20\n", Binary("\0myseq      "s), section + '\x01', "\x89PNG\r\n\x1A\n", "", "1;calm sea;2026-06-15;;3\n",
-        "N.\tAx\tBx\tMx\r\n 1 \t13.\t23.\t3.\r\n", "1             288685.52     5030933.45    4.0           0.0\r\n",
+       {"# a b m n rhoa\n1 2 3 4 20\n", Binary("\0myseq      "s), section + '\x01', "\x89PNG\r\n\x1A\n", "",
+        "1;calm sea;2026-06-15;;3\n", "N.\tAx\tBx\tMx\r\n 1 \t13.\t23.\t3.\r\n",
+        "1             288685.52     5030933.45    4.0           0.0\r\n",
         "n,file,time,lat,lon\n1,1,46188.25,4524.5,1218.25\n", "<?xml version=\"1.0\" encoding=\"UTF-8\"?> \r<kml>",
-        "notes of the day\n"}}};
+        "distance,easting,northing,latitude,longitude,depth\n0.0,1.0,2.0,3.0,4.0,5.0\n", "notes of the day\n"}}};
   for (const auto& [what, beginnings] : originals) {
     for (const std::string& beginning : beginnings) {
       EXPECT_EQ(Originale(beginning), what) << beginning.substr(0, 80);
