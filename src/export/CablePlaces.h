@@ -24,7 +24,8 @@ using ElectrodePlaces = std::array<ElectrodePlace, CableElectrodes + 1>;
 PlanPoint VersoDritto(const Section& section);
 
 /// The places of electrodes as they follow from a section; asked for firing by firing, since a section may have a
-/// million.
+/// million. On the map a straight cable trails behind its own boat, each electrode as far as it does along the section:
+/// in the direction from where the boat was a cable's length before, at a line's start towards where it went.
 class CablePlaces {
  public:
   /// @param section must outlive this
@@ -38,7 +39,8 @@ class CablePlaces {
   ElectrodePlace fondo(std::int32_t p) const;
 
  private:
-  ElectrodePlace dritto(double x) const;
+  ElectrodePlaces dritto(const SectionPoint& point) const;
+  PlanPoint corsa(const SectionPoint& point) const;
   ElectrodePlace lungoTraccia(const LineFix& fix, double x) const;
 
   const Section& section_;

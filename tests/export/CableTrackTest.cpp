@@ -125,6 +125,29 @@ TEST(Records, AreSmoothedOverTheWindow) {
   EXPECT_NEAR(usual.extract().Profilo(2).distanza, 39.87676, 1e-5);
 }
 
+// The boat sails 100 m to the east and 100 m to the north, a fix every 10 m; the cable of 60 m begins 5 m behind it.
+// Places along the section are multiples of 5 m, 5 m on: 50 m up the second leg, 111.803 m from the start, C2 has x =
+// 34 x 5 + 5 and is 111.803 - (175 - 60 - 10) = 6.803 m behind, E11 66.803 m. Of the fixes before, (50, 0) is the first
+// 65 m away.
+TEST(StraightCables, TrailBehindTheirOwnBoatOnTheMap) {
+  std::vector<Firing> firings;
+  for (int k = 0; k <= 20; ++k) firings.push_back({300000.0 + 10 * std::min(k, 10), 5e6 + 10 * std::max(k - 10, 0)});
+  Fixture f(firings);
+  f.request.shape = CableShape::Straight;
+  f.request.OffsetCavo = 5;
+  const Section s = f.extract();
+  const CablePlaces places(s);
+  const ElectrodePlaces turned = places(s.RecordOut.points()(16));
+  EXPECT_EQ(turned.at(C2).x, 175);
+  EXPECT_NEAR(turned.at(C2).est, 300100 - 6.8034 * 0.7071068, 1e-3);
+  EXPECT_NEAR(turned.at(C2).nord, 5e6 + 50 - 6.8034 * 0.7071068, 1e-3);
+  EXPECT_NEAR(turned.at(11).est, 300100 - 66.8034 * 0.7071068, 1e-3);
+  EXPECT_NEAR(turned.at(11).nord, 5e6 + 50 - 66.8034 * 0.7071068, 1e-3);
+  const ElectrodePlaces start = places(s.RecordOut.points()(1));
+  EXPECT_NEAR(start.at(11).est, 300000 - 65, 1e-6) << "against the course that follows";
+  EXPECT_NEAR(start.at(11).nord, 5e6, 1e-6);
+}
+
 // Files a and b of one line each, b sailed to the north from where a ends, 200 m on.
 TEST(Files, HaveTheirOwnPaths) {
   Fixture f({{300000, 5e6, 1}, {300100, 5e6, 1}, {300300, 5e6, 2}, {300300, 5000100, 2}});
