@@ -162,7 +162,8 @@ TEST(StatusBar, NothingMovesAndNoTextMakesItGrow) {
       w.point({x, 300});
       EXPECT_EQ(Geometry(w), before) << x;
     }
-    w.window.leggi({QString::fromStdString((w.folder / (std::string(200, 'x') + "\n<b>y.bin")).string())});
+    const std::string name = std::string(200, 'x').append("\n<b>y.bin");
+    w.window.leggi({QString::fromStdString((w.folder / name).string())});
     EXPECT_EQ(Geometry(w), before) << "a long message";
     EXPECT_EQ(w.window.size(), size);
     auto* note = static_cast<ElidedLabel*>(w.get<QLabel>("StatusNote"));
