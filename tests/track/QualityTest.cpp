@@ -132,22 +132,24 @@ const std::vector<float> OneSpike{10, 11, 10, 12, 1000, 11, 10};
 
 INSTANTIATE_TEST_SUITE_P(
     OneChannel, Spikes,
-    ::testing::Values(SpikeCase{"Found", OneSpike, {4, 5}, {5}, 0},
-                      SpikeCase{"UpToItsFactor", OneSpike, {47.2, 5}, {5}, 0},
-                      SpikeCase{"NotBeyondIt", OneSpike, {47.4, 5}, {}, 0},
-                      // Two neighbours hide each other in a narrow window.
-                      SpikeCase{"TwoInANarrowWindow", {10, 10.5F, 11, 500, 520, 11, 10.5F, 10}, {4, 3}, {}, 0},
-                      SpikeCase{"TwoInAWideWindow", {10, 10.5F, 11, 500, 520, 11, 10.5F, 10}, {4, 7}, {4, 5}, 0},
-                      SpikeCase{"LowOnes", {10, 11, 10, 0.1F, 12, 11, 10}, {4, 5}, {4}, 0},
-                      // The last digit of equal readings is none: a thousandth of the logarithm is the least deviation.
-                      SpikeCase{"LastDigit", {10, 10, 10.03F, 10, 10}, {4, 5}, {}, 0},
-                      SpikeCase{"BeyondTheLastDigit", {10, 10, 10.05F, 10, 10}, {4, 5}, {3}, 0},
-                      // No logarithm, no neighbourhood.
-                      SpikeCase{"Untested", {10, -10, 0, NaN, 11}, {4, 3}, {}, 4},
-                      // What another limit excludes is no neighbour: without it 1000 would be as usual as 10.
-                      SpikeCase{"AmongTheGood", {10, 9000, 9100, 1000, 10, 9200, 11}, {4, 7}, {4}, 3},
-                      SpikeCase{"LineByLine", {10, 10.5F, 11, 1000, 1010, 1005}, {4, 5}, {}, 0, 4},
-                      SpikeCase{"AloneInItsLine", {10, 10.5F, 11, 1000}, {4, 5}, {}, 1, 4}),
+    ::testing::Values(
+        SpikeCase{"Found", OneSpike, {4, 5}, {5}, 0}, SpikeCase{"UpToItsFactor", OneSpike, {47.2, 5}, {5}, 0},
+        SpikeCase{"NotBeyondIt", OneSpike, {47.4, 5}, {}, 0},
+        // Two neighbours hide each other in a narrow window.
+        SpikeCase{"TwoInANarrowWindow", {10, 10.5F, 11, 500, 520, 11, 10.5F, 10}, {4, 3}, {}, 0},
+        SpikeCase{"TwoInAWideWindow", {10, 10.5F, 11, 500, 520, 11, 10.5F, 10}, {4, 7}, {4, 5}, 0},
+        SpikeCase{"LowOnes", {10, 11, 10, 0.1F, 12, 11, 10}, {4, 5}, {4}, 0},
+        // The last digit of equal readings is none: a thousandth of the logarithm is the least deviation.
+        SpikeCase{"LastDigit", {10, 10, 10.03F, 10, 10}, {4, 5}, {}, 0},
+        SpikeCase{"BeyondTheLastDigit", {10, 10, 10.05F, 10, 10}, {4, 5}, {3}, 0},
+        // Of four the median is the mean of the two in the middle: 30 lies 54.5 deviations away; by the upper one 27.
+        SpikeCase{"AmongAnEvenNumber", {10, 10.2F, 10.4F, 30}, {40, 7}, {4}, 0},
+        // No logarithm, no neighbourhood.
+        SpikeCase{"Untested", {10, -10, 0, NaN, 11}, {4, 3}, {}, 4},
+        // What another limit excludes is no neighbour: without it 1000 would be as usual as 10.
+        SpikeCase{"AmongTheGood", {10, 9000, 9100, 1000, 10, 9200, 11}, {4, 7}, {4}, 3},
+        SpikeCase{"LineByLine", {10, 10.5F, 11, 1000, 1010, 1005}, {4, 5}, {}, 0, 4},
+        SpikeCase{"AloneInItsLine", {10, 10.5F, 11, 1000}, {4, 5}, {}, 1, 4}),
     [](const auto& info) { return info.param.name; });
 
 TEST(QualityOfReadings, AHandDecidesWhateverTheLimitsSay) {
