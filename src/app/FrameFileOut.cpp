@@ -6,6 +6,41 @@
 #include <QToolButton>
 
 namespace corvan {
+namespace {
+
+/// A box of the panel and its place in the grid.
+struct BoxEntry {
+  int row, column, span;
+  const char *name, *caption;
+  bool OutputPanel::*value;
+  const char* toolTip;
+};
+
+constexpr BoxEntry Boxes[] = {
+    {3, 0, 1, "BinChk", ".BIN", &OutputPanel::BinChk, "Export selection in IRIS .BIN format"},
+    {3, 1, 1, "TxtChk", ".TXT", &OutputPanel::TxtChk, "Export section in IRIS Corvan .TXT format"},
+    {4, 0, 1, "EchoZChk", ".ECS", &OutputPanel::EchoZChk, "Save the Echo Sounder profile .ECS (UTMx, UTMy, Depth)"},
+    {4, 1, 1, "KMLchk", ".KML", &OutputPanel::KMLchk, "Export the section as a curtain for virtual globes"},
+    {5, 0, 1, "TPGChk", ".TPG", &OutputPanel::TPGChk, "No file is written: the format is gone, its box is kept"},
+    {5, 1, 1, "ErtChk", ".OHM", &OutputPanel::ErtChk,
+     "Unified data file for inversion toolkits: electrodes and readings"},
+    {6, 0, 1, "Res2dinvChk", ".DAT", &OutputPanel::Res2dinvChk,
+     "RES2DINV data file in the layout of the general array"},
+    {6, 1, 1, "BottomChk", "_BOTTOM.CSV", &OutputPanel::BottomChk,
+     "The bottom along the section, for the layer of water of an inversion"},
+    {7, 0, 1, "GpkgChk", ".GPKG", &OutputPanel::GpkgChk,
+     "GeoPackage with measurements, lines, section and readings, coloured by resistivity"},
+    {7, 1, 1, "GeojsonChk", ".GEOJSON", &OutputPanel::GeojsonChk, "Measurements, lines and section for web maps"},
+    {8, 0, 1, "VtuChk", ".VTU", &OutputPanel::VtuChk, "The section as a curtain of cells for 3D viewers"},
+    {9, 0, 1, "Ert3DChk", "OHM on map", &OutputPanel::Ert3DChk,
+     "Electrodes of the .OHM by easting and northing instead of along the section"},
+    {9, 1, 1, "KmlExactChk", "KML exact", &OutputPanel::KmlExactChk,
+     "Coordinates of the .KML without the metres that the older series loses far from the zone's middle"},
+    {10, 0, 2, "TruePosChk", "True Position", &OutputPanel::TruePosChk,
+     "Correct UTM data for distance between syscal and current electrodes"},
+    {11, 0, 2, "ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "}};
+
+}  // namespace
 
 FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
     : Frame(session, "FrameFileOut", "File Out", std::move(changed)),
@@ -22,10 +57,6 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
   FileOutLbl->setBuddy(FileOutTxt_);
   auto* grid = new QGridLayout(this);
   grid->setSpacing(Unit);
-  const auto add = [&](int row, int column, int span, const Choice& choice) {
-    grid->addWidget(choice.box, row, column, 1, span);
-    choices_.push_back(choice);
-  };
   grid->addWidget(FileOutLbl, 0, 0, 1, 2);
   grid->addWidget(FileOutTxt_, 1, 0, 1, 2);
   auto* FolderCmd = Named(new QToolButton, "FolderCmd", "Choose the folder of the outputs");
@@ -36,38 +67,10 @@ FrameFileOut::FrameFileOut(Session& session, std::function<void()> changed)
   target->addWidget(folder_, 1);
   target->addWidget(FolderCmd);
   grid->addLayout(target, 2, 0, 1, 2);
-  add(3, 0, 1, aggiungi("BinChk", ".BIN", &OutputPanel::BinChk, "Export selection in IRIS .BIN format"));
-  add(3, 1, 1, aggiungi("TxtChk", ".TXT", &OutputPanel::TxtChk, "Export section in IRIS Corvan .TXT format"));
-  add(4, 0, 1,
-      aggiungi("EchoZChk", ".ECS", &OutputPanel::EchoZChk, "Save the Echo Sounder profile .ECS (UTMx, UTMy, Depth)"));
-  add(4, 1, 1, aggiungi("KMLchk", ".KML", &OutputPanel::KMLchk, "Export the section as a curtain for virtual globes"));
-  add(5, 0, 1,
-      aggiungi("TPGChk", ".TPG", &OutputPanel::TPGChk, "No file is written: the format is gone, its box is kept"));
-  add(5, 1, 1,
-      aggiungi("ErtChk", ".OHM", &OutputPanel::ErtChk,
-               "Unified data file for inversion toolkits: electrodes and readings"));
-  add(6, 0, 1,
-      aggiungi("Res2dinvChk", ".DAT", &OutputPanel::Res2dinvChk,
-               "RES2DINV data file in the layout of the general array"));
-  add(6, 1, 1,
-      aggiungi("BottomChk", "_BOTTOM.CSV", &OutputPanel::BottomChk,
-               "The bottom along the section, for the layer of water of an inversion"));
-  add(7, 0, 1,
-      aggiungi("GpkgChk", ".GPKG", &OutputPanel::GpkgChk,
-               "GeoPackage with measurements, lines, section and readings, coloured by resistivity"));
-  add(7, 1, 1,
-      aggiungi("GeojsonChk", ".GEOJSON", &OutputPanel::GeojsonChk, "Measurements, lines and section for web maps"));
-  add(8, 0, 1, aggiungi("VtuChk", ".VTU", &OutputPanel::VtuChk, "The section as a curtain of cells for 3D viewers"));
-  add(9, 0, 1,
-      aggiungi("Ert3DChk", "OHM on map", &OutputPanel::Ert3DChk,
-               "Electrodes of the .OHM by easting and northing instead of along the section"));
-  add(9, 1, 1,
-      aggiungi("KmlExactChk", "KML exact", &OutputPanel::KmlExactChk,
-               "Coordinates of the .KML without the metres that the older series loses far from the zone's middle"));
-  add(10, 0, 2,
-      aggiungi("TruePosChk", "True Position", &OutputPanel::TruePosChk,
-               "Correct UTM data for distance between syscal and current electrodes"));
-  add(11, 0, 2, aggiungi("ExtGPSChk", "Ext. GPS", &OutputPanel::ExtGPSChk, "Use the External GPS coordinates "));
+  for (const BoxEntry& box : Boxes) {
+    choices_.push_back(aggiungi(box.name, box.caption, box.value, box.toolTip));
+    grid->addWidget(choices_.back().box, box.row, box.column, 1, box.span);
+  }
   auto* SaveOutCmd = Named(new QPushButton(">> Save File Out <<"), "SaveOutCmd", "Save selection with option ");
   grid->addWidget(SaveOutCmd, aggiungiCavo(grid, 12), 0, 1, 2);
   grid->setColumnStretch(0, 1);

@@ -135,6 +135,7 @@ void Session::rifai(const std::vector<Act>& acts) {
 
 void Session::esegui(const Project& project) {
   confronta(project);
+  survey.dati().qualita.limiti = {};  // those of the survey before say nothing about this one
   rifai(project.acts);
   riprendi(project);
 }

@@ -125,16 +125,14 @@ void QualityDesk::scegli(const char* what, const ReadingKey& key, std::optional<
 }
 
 void QualityDesk::decidi(const std::map<ReadingKey, bool>& choices) {
+  if (choices == survey_.qualita.aMano) return;
   survey_.qualita.aMano = choices;
-  Findings found;
-  applica(found);
-  for (const Finding& finding : found.entries()) desk_.findings.add(finding);
+  rifai();
   const std::size_t applied = result_.esclusaAMano + result_.inclusaAMano;
   if (applied < choices.size()) {
     desk_.findings.fault(Procedure, Quanti(choices.size() - applied, "decision", "decisions") +
                                         " by hand about readings that do not exist");
   }
-  changed_();
 }
 
 void QualityDesk::dimenticaScelte() {

@@ -283,6 +283,20 @@ TEST(Projects, ThatCannotBeReadChangeNothingAndSayWhy) {
       << Told(run.session.findings());
 }
 
+TEST(Projects, AreNotJudgedByTheLimitsOfTheSurveyBefore) {
+  ProjectRun made;
+  made.readFirings(4);
+  made.save(made.folder / "run.corvan");
+  ProjectRun run;
+  run.readFirings(3);
+  run.press("RhoMinTxt_KeyPress", "1e6");
+  ASSERT_TRUE(run.faulty()) << "every reading is excluded";
+  const std::size_t told = run.session.findings().entries().size();
+  EXPECT_TRUE(run.session.apriProgetto(made.folder / "run.corvan"));
+  EXPECT_EQ(run.session.findings().entries().size(), told) << Told(run.session.findings());
+  EXPECT_EQ(run.session.survey.dati().qualita.escluse, 0U);
+}
+
 TEST(Projects, NeverReplaceAnOriginalNorAreReplacedByAnOutput) {
   ProjectRun run;
   const auto line = run.folder.write("line.bin", SyscalFile(Firings(4, 10)));
