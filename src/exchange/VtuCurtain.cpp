@@ -17,6 +17,7 @@
 #include "exchange/ToolkitReadings.h"
 #include "export/BlockComposer.h"
 #include "export/CablePlaces.h"
+#include "export/CellEdges.h"
 #include "export/TruePositions.h"
 
 namespace corvan {
@@ -103,32 +104,16 @@ class Curtain {
   void scrivi(FileWriter& out) const;
 
  private:
-  /// The upright edges of a point's cells.
-  struct Edges {
-    PlanPoint before, behind;
-  };
-
   Layers strati(std::size_t i) const {
     const Misura& m = survey_.Misure(static_cast<std::size_t>(points_(i).misura));
     return m.CavoProprio ? Strati(depths_(m)) : common_;
   }
 
   /// Of the k-th point that has a position.
-  Edges bordi(std::size_t k) const {
-    const SectionPoint& own = points_(placed_[k]);
-    const PlanPoint here{own.estVero, own.nordVero};
-    const auto half = [&](std::size_t other) -> std::optional<PlanPoint> {
-      if (other >= placed_.size()) return std::nullopt;
-      const SectionPoint& p = points_(placed_[other]);
-      if (p.file != own.file || p.linea != own.linea) return std::nullopt;
-      return PlanPoint{(p.estVero + here.est) / 2.0, (p.nordVero + here.nord) / 2.0};
-    };
-    const std::optional<PlanPoint> before = half(k - 1), behind = half(k + 1);  // k - 1 of the first is beyond the last
-    if (!before && !behind) {
-      const double reach = (section_.Passo > 0.0 ? section_.Passo : 1.0) / 2.0;
-      return {{here.est - reach, here.nord}, {here.est + reach, here.nord}};
-    }
-    return {before.value_or(here), behind.value_or(here)};
+  CellEdges bordi(std::size_t k) const {
+    const SectionPoint* before = k > 0 ? &points_(placed_[k - 1]) : nullptr;
+    const SectionPoint* behind = k + 1 < placed_.size() ? &points_(placed_[k + 1]) : nullptr;
+    return BordiDiCella(points_(placed_[k]), before, behind, section_.Passo);
   }
 
   void angoli(std::string& out, std::size_t i, std::size_t c) const;
@@ -144,13 +129,13 @@ class Curtain {
   std::vector<ReadingSet> taken_;
   std::vector<std::size_t> before_;  ///< cells of the points before
   std::vector<std::size_t> placed_;  ///< points that have a position
-  std::vector<Edges> edges_;
+  std::vector<CellEdges> edges_;
   std::size_t cells_ = 0;
   std::size_t deepless_ = 0;
 };
 
 void Curtain::angoli(std::string& out, std::size_t i, std::size_t c) const {
-  const Edges& edges = edges_[i - 1];
+  const CellEdges& edges = edges_[i - 1];
   const Layer layer = strati(i).at(c).value_or(Layer{});
   const auto corner = [&out](const PlanPoint& plan, double depth) {
     for (const double value : {plan.est, plan.nord, 0.0 - depth}) AggiungiBytes(out, value);

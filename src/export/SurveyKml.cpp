@@ -14,6 +14,7 @@
 #include "base/NumberText.h"
 #include "base/Text.h"
 #include "export/BlockComposer.h"
+#include "export/CellEdges.h"
 #include "export/KmlText.h"
 #include "export/TruePositions.h"
 #include "geo/ExactUtm.h"
@@ -23,14 +24,6 @@ namespace corvan {
 namespace {
 
 constexpr std::size_t PointsPerBlock = 50;  // about 330 kB
-
-PlanPoint Mezzo(const PlanPoint& a, const PlanPoint& b) { return {(a.est + b.est) * 0.5, (a.nord + b.nord) * 0.5}; }
-
-/// The two vertical edges of a point's cells, in UTM.
-struct Edges {
-  PlanPoint before;
-  PlanPoint behind;
-};
 
 /// The cells of one channel: what all of them share.
 struct Level {
@@ -81,26 +74,10 @@ class Curtain {
   std::size_t skipped() const { return skipped_; }
 
  private:
-  static PlanPoint vero(const SectionPoint& p) { return {p.estVero, p.nordVero}; }
-
-  /// The neighbour on one side, when it belongs to the same line of the same file.
-  const SectionPoint* neighbour(std::size_t i, std::ptrdiff_t side) const {
-    const std::ptrdiff_t at = static_cast<std::ptrdiff_t>(i) + side;
-    if (at < 0 || at >= static_cast<std::ptrdiff_t>(points_.size())) return nullptr;
-    const SectionPoint* other = points_[static_cast<std::size_t>(at)];
-    const bool same = other->file == points_[i]->file && other->linea == points_[i]->linea;
-    return same ? other : nullptr;
-  }
-
-  Edges edges(std::size_t i) const {
-    const PlanPoint own = vero(*points_[i]);
-    const SectionPoint* before = neighbour(i, -1);
-    const SectionPoint* behind = neighbour(i, 1);
-    if (before == nullptr && behind == nullptr) {
-      const double half = (section_.Passo > 0.0 ? section_.Passo : 1.0) / 2.0;
-      return {{own.est - half, own.nord}, {own.est + half, own.nord}};
-    }
-    return {before != nullptr ? Mezzo(vero(*before), own) : own, behind != nullptr ? Mezzo(own, vero(*behind)) : own};
+  CellEdges edges(std::size_t i) const {
+    const SectionPoint* before = i > 0 ? points_[i - 1] : nullptr;
+    const SectionPoint* behind = i + 1 < points_.size() ? points_[i + 1] : nullptr;
+    return BordiDiCella(*points_[i], before, behind, section_.Passo);
   }
 
   /// A place of the plane and its text; empty where it has none.
@@ -127,7 +104,7 @@ class Curtain {
   }
 
   void addPoint(std::string& out, Scratch& work, std::size_t i) const {
-    const Edges utm = edges(i);
+    const CellEdges utm = edges(i);
     const bool joined = !work.behind.text.empty() && work.behind.plan.est == utm.before.est &&
                         work.behind.plan.nord == utm.before.nord;  // where the point before it ends
     if (joined) {
