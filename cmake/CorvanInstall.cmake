@@ -29,6 +29,9 @@ install(FILES ${licences} DESTINATION "${to_licences}" COMPONENT Licences)
 install(FILES LICENSE DESTINATION "${to_licences}" RENAME Corvan.txt COMPONENT Licences)
 
 if(WIN32)
+  # Of what is linked in; dependencies.sh puts the texts of the libraries beside them.
+  file(GLOB licences CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/packaging/windows/licences/*.txt" "${CORVAN_WINDOWS_QT}/prefix/licences/*.txt")
+  install(FILES ${licences} DESTINATION "${to_licences}" COMPONENT Licences)
   return()
 endif()
 

@@ -11,6 +11,7 @@
 
 #include "app/ElidedLabel.h"
 #include "app/Frame.h"
+#include "base/PathText.h"
 #include "base/Text.h"
 
 namespace corvan {
@@ -102,7 +103,7 @@ void FindingsList::aggiorna() {
   };
   int row = 0;
   for (const auto& [command, finding] : rows) {
-    const std::string name = std::filesystem::path(finding->file).filename().string();
+    const std::string name = PercorsoDi(finding->file).filename().string();
     put(row, CommandColumn, command);
     put(row, SeverityColumn, NomeDi(finding->severity))
         ->setForeground(ColoreDi(finding->severity == Severity::Fault ? Tone::Fault : Tone::Note, table_->palette()));

@@ -52,7 +52,7 @@ const ToolkitOption* DelToolkit(std::string_view argument) {
 
 }  // namespace
 
-StartAnswer RispostaIniziale(std::span<const char* const> arguments) {
+StartAnswer RispostaIniziale(std::span<const std::string> arguments) {
   for (std::size_t k = 0; k < arguments.size(); ++k) {
     const std::string_view argument = arguments[k];
     if (argument == "--") break;

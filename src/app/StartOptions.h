@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <span>
 #include <string>
+#include <string>
 
 namespace corvan {
 
@@ -16,7 +17,7 @@ struct StartAnswer {
 };
 
 /// Needs no display. @param arguments without the program's own name; options of the toolkit are let through
-StartAnswer RispostaIniziale(std::span<const char* const> arguments);
+StartAnswer RispostaIniziale(std::span<const std::string> arguments);
 
 /// The files among the arguments that the toolkit has left, without the program's own name. Behind "--" every argument
 /// is a file.

@@ -7,6 +7,7 @@
 
 #include "base/NumberText.h"
 #include "base/OleDate.h"
+#include "base/PathText.h"
 #include "base/Text.h"
 #include "geo/Utm.h"
 #include "survey/MeasurementText.h"
@@ -128,7 +129,7 @@ StatusNote NotaDi(std::span<const Finding> findings, const std::vector<std::file
       std::find_if(findings.begin(), findings.end(), [](const Finding& f) { return f.severity == Severity::Fault; });
   const Finding& gravest = fault == findings.end() ? findings.front() : *fault;
   const QString behind = written.empty() ? QString() : "; " + Scritto("written", written);
-  const QString file = Nome(std::filesystem::path(gravest.file).filename());
+  const QString file = Nome(PercorsoDi(gravest.file).filename());
   const QString reason = QString::fromStdString(gravest.reason);
   note.text = (file.isEmpty() ? reason : file + ": " + reason) + behind;
   if (findings.size() > 1) note.more = QStringLiteral(" and %1 more").arg(findings.size() - 1);

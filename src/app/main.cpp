@@ -1,20 +1,19 @@
 // corvan: the window.
-#include <algorithm>
 #include <iostream>
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
-#include <span>
 
 #include "app/Corvan.h"
 #include "app/QtDialogs.h"
 #include "app/StartOptions.h"
 #include "base/Interruption.h"
+#include "base/Terminal.h"
 
 int main(int argc, char** argv) {
   corvan::PulisciAlleInterruzioni();
-  const std::span<char*> words(argv, static_cast<std::size_t>(argc));
-  const corvan::StartAnswer answer = corvan::RispostaIniziale(words.subspan(std::min<std::size_t>(1, words.size())));
+  corvan::PreparaFlussi();
+  const corvan::StartAnswer answer = corvan::RispostaIniziale(corvan::Argomenti(argc, argv));
   if (answer.ends) {
     std::cerr << answer.error;
     std::cout << answer.out << std::flush;

@@ -9,8 +9,6 @@
 namespace corvan {
 namespace {
 
-std::string Motivo(int error) { return std::generic_category().message(error); }
-
 std::FILE* Apri(const std::filesystem::path& path) {
 #ifdef _WIN32
   return _wfopen(path.c_str(), L"rb");
@@ -35,20 +33,20 @@ FileBytes LeggiInizio(const std::filesystem::path& path, std::size_t count) { re
 FileReader::FileReader(std::filesystem::path path) : path_(std::move(path)) {
   std::error_code error;
   const auto status = std::filesystem::status(path_, error);
-  if (!std::filesystem::exists(status)) throw FileError(path_, error ? error.message() : Motivo(ENOENT));
+  if (!std::filesystem::exists(status)) throw FileError(path_, error ? error.message() : MotivoDi(ENOENT));
   if (std::filesystem::is_directory(status)) throw FileError(path_, "is a folder");
   if (!std::filesystem::is_regular_file(status)) throw FileError(path_, "is not a regular file");
   size_ = std::filesystem::file_size(path_, error);
   if (!error) written_ = std::filesystem::last_write_time(path_, error);
   if (error) throw FileError(path_, error.message());
   file_.reset(Apri(path_));
-  if (!file_) throw FileError(path_, Motivo(errno));
+  if (!file_) throw FileError(path_, MotivoDi(UltimoErrore()));
   std::setvbuf(file_.get(), nullptr, _IONBF, 0);
 }
 
 std::size_t FileReader::read(std::span<std::byte> into) {
   const std::size_t got = std::fread(into.data(), 1, into.size(), file_.get());
-  if (std::ferror(file_.get()) != 0) throw FileError(path_, Motivo(errno));
+  if (std::ferror(file_.get()) != 0) throw FileError(path_, MotivoDi(UltimoErrore()));
   return got;
 }
 
@@ -58,7 +56,7 @@ void FileReader::seek(std::uintmax_t offset) {
 #else
   const int failed = fseeko(file_.get(), static_cast<off_t>(offset), SEEK_SET);
 #endif
-  if (failed != 0) throw FileError(path_, Motivo(errno));
+  if (failed != 0) throw FileError(path_, MotivoDi(UltimoErrore()));
 }
 
 void FileReader::requireUnchanged() const {

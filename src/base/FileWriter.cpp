@@ -17,8 +17,6 @@ constexpr std::size_t Direct = std::size_t{1} << 16;  // a text of so many bytes
 constexpr const char* Mark = ".corvan-";
 constexpr std::size_t SerialDigits = 4;
 
-std::string Motivo(int error) { return std::generic_category().message(error); }
-
 fs::path Cartella(const fs::path& file) { return file.has_parent_path() ? file.parent_path() : fs::path("."); }
 
 /// Walks links whose end need not be there; the caller has ruled out circles.
@@ -95,6 +93,8 @@ FileWriter::FileWriter(fs::path path, Progress progress) : path_(std::move(path)
   if (status.type() == fs::file_type::none) throw FileError(path_, error.message());
   if (fs::is_directory(status)) throw FileError(path_, "is a folder");
   if (!path_.has_filename()) throw FileError(path_, "has no name behind the folder");
+  if (const std::string_view reason = NomeImpossibile(path_); !reason.empty())
+    throw FileError(path_, std::string(reason));
   buffer_.reserve(Chunk);
   if (fs::exists(status) && !fs::is_regular_file(status)) {
     check(file_.apri(path_));
@@ -122,7 +122,7 @@ void FileWriter::openBeside() {
   hidden_.clear();  // made by nobody, or by somebody else
   removal_.reset();
   const bool closed = error == EACCES || error == EPERM || error == EROFS;
-  throw FileError(path_, (closed ? "no new file can be made in its folder: " : "") + Motivo(error));
+  throw FileError(path_, (closed ? "no new file can be made in its folder: " : "") + MotivoDi(error));
 }
 
 void FileWriter::write(std::string_view text) {
@@ -171,7 +171,7 @@ void FileWriter::scrivi(std::string_view bytes) {
 
 void FileWriter::check(int error) {
   if (error == 0) return;
-  failure_ = Motivo(error);
+  failure_ = MotivoDi(error);
   giveUp();
   throw FileError(path_, failure_);
 }

@@ -1,6 +1,7 @@
 #include "base/SystemFile.h"
 
 #include <cerrno>
+#include <system_error>
 #include <utility>
 
 #ifdef _WIN32
@@ -21,15 +22,34 @@ namespace corvan {
 
 #ifdef _WIN32
 
-// A file that is open is shared with nobody: that is the mark of a living writer.
+namespace {
 
+constexpr int Tries = 20;
+constexpr DWORD Pause = 25;  // ms
+
+/// The number of errno for one of the system's own; EBUSY where another program stands in the way.
+int Numero(DWORD error) {
+  if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION) return EBUSY;
+  const auto number = static_cast<int>(error);
+  return std::error_code(number, std::system_category()).default_error_condition().value();
+}
+
+bool Uguali(std::wstring_view a, std::wstring_view b) {
+  return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(), static_cast<int>(b.size()), TRUE) ==
+         CSTR_EQUAL;
+}
+
+}  // namespace
+
+// Whoever opens the file may read and write it, but nobody deletes it: that is the mark of a living writer.
 int SystemFile::creaNuovo(const std::filesystem::path& path, const std::filesystem::path&) {
-  return _wsopen_s(&descriptor_, path.c_str(), _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYRW,
-                   _S_IREAD | _S_IWRITE);
+  constexpr int flags = _O_CREAT | _O_EXCL | _O_WRONLY | _O_BINARY | _O_NOINHERIT;
+  return _wsopen_s(&descriptor_, path.c_str(), flags, _SH_DENYNO, _S_IREAD | _S_IWRITE) == 0 ? 0 : UltimoErrore();
 }
 
 int SystemFile::apri(const std::filesystem::path& path) {
-  return _wsopen_s(&descriptor_, path.c_str(), _O_WRONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYNO, _S_IWRITE);
+  constexpr int flags = _O_WRONLY | _O_BINARY | _O_NOINHERIT;
+  return _wsopen_s(&descriptor_, path.c_str(), flags, _SH_DENYNO, _S_IWRITE) == 0 ? 0 : UltimoErrore();
 }
 
 int SystemFile::scrivi(std::string_view bytes) {
@@ -45,8 +65,13 @@ int SystemFile::scrivi(std::string_view bytes) {
 int SystemFile::diventa(const std::filesystem::path& from, const std::filesystem::path& to) {
   if (_commit(descriptor_) != 0) return errno;
   if (const int error = chiudi(); error != 0) return error;  // an open file cannot be renamed
-  if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return 0;
-  return std::error_code(static_cast<int>(GetLastError()), std::system_category()).default_error_condition().value();
+  // A search index or a virus scanner often opens a file that was just closed, for a moment.
+  for (int attempt = 1;; ++attempt) {
+    if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return 0;
+    const DWORD error = GetLastError();
+    if (attempt == Tries || (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED)) return Numero(error);
+    Sleep(Pause);
+  }
 }
 
 int SystemFile::chiudi() {
@@ -56,7 +81,37 @@ int SystemFile::chiudi() {
 
 void SystemFile::avviaScrittura() {}
 
-int Scrivibile(const std::filesystem::path& path) { return _waccess(path.c_str(), 2) == 0 ? 0 : errno; }
+int Scrivibile(const std::filesystem::path& path) {
+  if (_waccess(path.c_str(), 2) != 0) return errno;  // marked as read-only
+  constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE handle =
+      CreateFileW(path.c_str(), DELETE, share, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return Numero(GetLastError());
+  CloseHandle(handle);
+  return 0;
+}
+
+std::string_view NomeImpossibile(const std::filesystem::path& path) {
+  if (path.relative_path().native().find(L':') != std::wstring::npos) return "has a colon in its name";
+  const std::wstring name = path.filename().native();
+  if (name != L"." && name != L".." && (name.ends_with(L'.') || name.ends_with(L' ')))
+    return "has a name that ends in a dot or a blank, which would be dropped";
+  const std::wstring stem = name.substr(0, name.find(L'.'));
+  if (Uguali(stem, L"NUL") && name != stem) return "has the name of a device";  // alone it is meant: write nowhere
+  for (const std::wstring_view device : {L"CON", L"PRN", L"AUX", L"CONIN$", L"CONOUT$"}) {
+    if (Uguali(stem, device)) return "has the name of a device";
+  }
+  const bool numbered = stem.size() == 4 && stem[3] >= L'0' && stem[3] <= L'9';
+  if (numbered && (Uguali(stem.substr(0, 3), L"COM") || Uguali(stem.substr(0, 3), L"LPT")))
+    return "has the name of a device";
+  return {};
+}
+
+std::string MotivoDi(int error) {
+  return error == EBUSY ? "another program has it open" : std::generic_category().message(error);
+}
+
+int UltimoErrore() { return _doserrno == ERROR_SHARING_VIOLATION || _doserrno == ERROR_LOCK_VIOLATION ? EBUSY : errno; }
 
 void SpazzaMoncone(const std::filesystem::path& path) { static_cast<void>(_wunlink(path.c_str())); }
 
@@ -161,6 +216,12 @@ int SystemFile::chiudi() {
 int Scrivibile(const std::filesystem::path& path) {
   return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
 }
+
+std::string_view NomeImpossibile(const std::filesystem::path&) { return {}; }
+
+std::string MotivoDi(int error) { return std::generic_category().message(error); }
+
+int UltimoErrore() { return errno; }
 
 void SpazzaMoncone(const std::filesystem::path& path) {
   const int descriptor = Apri(path, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace corvan {
@@ -15,9 +16,10 @@ class SystemFile {
   SystemFile& operator=(const SystemFile&) = delete;
   ~SystemFile() { static_cast<void>(chiudi()); }
 
-  /// Makes a file that was not there, marked as one whose writer lives (see SpazzaMoncone). Owner and permissions are
-  /// those of `like` when that is there, as far as the system lets them be set. EEXIST: something has the name, or a
-  /// sweeper took the new file for a stump; another name helps.
+  /// Makes a file that was not there, marked as one whose writer lives (see SpazzaMoncone); a library may open it
+  /// beside. Owner and permissions are those of `like` when that is there, as far as the system lets them be set (on
+  /// Windows they are the folder's). EEXIST: something has the name, or a sweeper took the new file for a stump;
+  /// another name helps.
   int creaNuovo(const std::filesystem::path& path, const std::filesystem::path& like);
   /// Opens what is there and is no regular file: a device, a pipe.
   int apri(const std::filesystem::path& path);
@@ -35,8 +37,18 @@ class SystemFile {
   std::size_t started_ = 0;  ///< bytes of which the disk was told early
 };
 
-/// 0 when the caller may write into an existing file.
+/// 0 when the caller may replace an existing file. EBUSY on Windows while another program has it open.
 int Scrivibile(const std::filesystem::path& path);
+
+/// Why no file can have this name, or nothing: Windows would write a stream of another file behind a ":", a device for
+/// some names, and another name where one ends in a dot or a blank.
+std::string_view NomeImpossibile(const std::filesystem::path& path);
+
+/// What an error number of the calls above means, in words.
+std::string MotivoDi(int error);
+
+/// The error number of the C library's last failed call on a file; EBUSY on Windows where another program has it open.
+int UltimoErrore();
 
 /// Deletes a file that creaNuovo made if its writer lives no more: its lock is free. One whose state the system cannot
 /// tell stays.

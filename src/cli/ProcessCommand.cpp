@@ -12,6 +12,7 @@
 #include "base/Clock.h"
 #include "base/Fields.h"
 #include "base/NumberText.h"
+#include "base/PathText.h"
 #include "cli/Commands.h"
 #include "cli/ProcessOptions.h"
 #include "cli/ProcessSummary.h"
@@ -59,7 +60,7 @@ std::string Radice(const Session& session, const ProcessOptions& options) {
   const std::vector<std::filesystem::path>& files = session.survey.FrameFileIn.File1;
   const std::string usual = (files.empty() ? std::string() : files.front().stem().string()) + "_section";
   if (!FinisceInCartella(options.out)) return options.out;
-  return (std::filesystem::path(options.out) / usual).string();
+  return (PercorsoDi(options.out) / PercorsoDi(usual)).string();
 }
 
 /// Changes the choices of a reading to those that were typed.

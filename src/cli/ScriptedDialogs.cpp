@@ -2,26 +2,10 @@
 
 #include <iostream>
 
+#include "base/Terminal.h"
 #include "base/Text.h"
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace corvan::cli {
-namespace {
-
-bool ErroreSuTerminale() {
-#ifdef _WIN32
-  return _isatty(2) != 0;
-#else
-  return isatty(STDERR_FILENO) != 0;
-#endif
-}
-
-}  // namespace
 
 ScriptedDialogs::ScriptedDialogs() : terminal_(ErroreSuTerminale()) {}
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/Interruption.h"
+#include "base/Terminal.h"
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/QualityOptions.h"
@@ -26,7 +27,7 @@ int StampaEsito(const CLI::App& app, const CLI::ParseError& error) {
   return status == 0 ? AllDone : WrongCommandLine;
 }
 
-int Esegui(int argc, char** argv) {
+int Esegui(std::vector<std::string> arguments) {
   CLI::App app{"Corvan: pre-processing of marine electrical-resistivity surveys"};
   app.set_version_flag("--version", "corvan-cli " CORVAN_VERSION);
   app.require_subcommand(1);
@@ -34,7 +35,6 @@ int Esegui(int argc, char** argv) {
   AggiungiProcess(app, work);
   AggiungiInfo(app, work);
   AggiungiConvert(app, work);
-  std::vector<std::string> arguments(argv + 1, argv + argc);
   CompletaDespike(arguments);
   std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
   try {
@@ -51,11 +51,12 @@ int Esegui(int argc, char** argv) {
 int main(int argc, char** argv) {
   using namespace corvan::cli;
   corvan::PulisciAlleInterruzioni();
+  corvan::PreparaFlussi();
 #ifdef SIGXFSZ
   std::signal(SIGXFSZ, SIG_IGN);  // a file grown to the user's limit fails like any other write instead of ending us
 #endif
   try {
-    const int status = Esegui(argc, argv);
+    const int status = Esegui(corvan::Argomenti(argc, argv));
     std::cout.flush();
     if (std::cout) return status;
     std::cerr << "corvan-cli: standard output could not be written\n";

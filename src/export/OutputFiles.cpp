@@ -6,6 +6,7 @@
 
 #include "base/Errors.h"
 #include "base/File.h"
+#include "base/PathText.h"
 
 namespace corvan {
 
@@ -28,7 +29,7 @@ void OutputFiles::scritto(const std::filesystem::path& output) {
 }
 
 bool FinisceInCartella(const std::string& root) {
-  const std::filesystem::path last = std::filesystem::path(root).filename();
+  const std::filesystem::path last = PercorsoDi(root).filename();
   return last.empty() || last == "." || last == "..";
 }
 
@@ -36,7 +37,7 @@ std::filesystem::path NomeUscita(const std::string& root, const char* extension)
   if (FinisceInCartella(root)) {
     throw RunTimeError("the root of the output names \"" + root + "\" has no name behind its folder");
   }
-  return std::filesystem::path(root + extension);
+  return PercorsoDi(root + extension);
 }
 
 }  // namespace corvan

@@ -8,6 +8,7 @@
 #include "base/ErrorTrap.h"
 #include "base/Fields.h"
 #include "base/NumberText.h"
+#include "base/PathText.h"
 #include "base/Text.h"
 #include "exchange/BottomTable.h"
 #include "exchange/GeneralArray.h"
@@ -63,7 +64,7 @@ void Exporter::mostra(bool OutputPanel::*format) {
 bool Exporter::spuntato(const OutputPanel& output) { return !Estensioni(output).empty(); }
 
 bool Exporter::cartella(const OutputPanel& output) const {
-  const std::filesystem::path folder = std::filesystem::path(output.FileOutTxt).parent_path();
+  const std::filesystem::path folder = PercorsoDi(output.FileOutTxt).parent_path();
   std::error_code error;
   if (folder.empty() || std::filesystem::is_directory(folder, error)) return true;
   desk_.findings.fault("SalvaEstrattoFile", "the folder is not there: nothing is written",
@@ -117,7 +118,7 @@ bool Exporter::chiediSostituzione(const OutputPanel& output) {
   }
   if (names.empty()) return true;
   std::error_code error;
-  const auto folder = std::filesystem::absolute(output.FileOutTxt, error).parent_path();
+  const auto folder = std::filesystem::absolute(PercorsoDi(output.FileOutTxt), error).parent_path();
   if (desk_.dialogs.MsgBox({Question::ReplaceFiles, "In " + folder.string() + ":\n" + names}) == Answer::Ok)
     return true;
   desk_.findings.note("SalvaEstrattoFile", "nothing is written: the files that were there stay");

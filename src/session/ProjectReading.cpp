@@ -10,6 +10,7 @@
 
 #include "base/Errors.h"
 #include "base/NumberCheck.h"
+#include "base/PathText.h"
 #include "base/Text.h"
 #include "picture/Palette.h"
 #include "session/ProjectWords.h"
@@ -115,7 +116,7 @@ struct Loader {
   const std::filesystem::path& folder;
 
   std::filesystem::path nome(const std::string& text) const {
-    const std::filesystem::path path(text);
+    const std::filesystem::path path = PercorsoDi(text);
     return (path.is_absolute() ? path : folder / path).lexically_normal();
   }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "base/PathText.h"
 #include "picture/Palette.h"
 #include "session/ProjectWords.h"
 
@@ -94,7 +95,7 @@ struct Writer {
 
   Json outputs() const {
     const OutputPanel& o = project.outputs;
-    Json json = {{"root", Nome(std::filesystem::path(o.FileOutTxt), folder)}};
+    Json json = {{"root", Nome(PercorsoDi(o.FileOutTxt), folder)}};
     for (const auto& [box, word] : OutputWords) json[word] = o.*box;
     json["cable_geometry"] = Parola(CableWords, o.cable);
     json["track_smoothing"] = o.SmoothTxt;

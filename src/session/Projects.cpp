@@ -7,6 +7,7 @@
 #include "base/Errors.h"
 #include "base/ErrorTrap.h"
 #include "base/NumberText.h"
+#include "base/PathText.h"
 #include "base/Text.h"
 #include "session/Session.h"
 
@@ -81,7 +82,7 @@ Project Session::progetto() const {
   p.from = selection.primo();
   p.to = selection.secondo();
   p.outputs = exporter.FrameFileOut;
-  p.outputs.FileOutTxt = Intero(p.outputs.FileOutTxt).string();
+  p.outputs.FileOutTxt = Intero(PercorsoDi(p.outputs.FileOutTxt)).string();
   p.others = exporter.altre;
   if (!p.others.picture.empty()) p.others.picture = Intero(p.others.picture);
   if (!p.others.section.empty()) p.others.section = Intero(p.others.section);

@@ -7,6 +7,7 @@
 #include "base/Fields.h"
 #include "base/NumberCheck.h"
 #include "base/NumberText.h"
+#include "base/PathText.h"
 #include "base/Rounding.h"
 #include "base/Text.h"
 #include "survey/MeasurementText.h"
@@ -202,7 +203,7 @@ void SurveyDesk::chiediProfondita(std::int32_t index) {
   Trappola(desk_.findings, "dptlbl_DblClick", [&] {
     if (survey_.Misure.size() < 2 || !survey_.Misure.contains(k)) return;
     const std::string point = "Measurement " + std::to_string(k) + " of " +
-                              std::filesystem::path(FileDi(survey_, survey_.Misure(k))).filename().string();
+                              PercorsoDi(FileDi(survey_, survey_.Misure(k))).filename().string();
     const std::string change =
         TestoNumero(survey_.Misure(k).Val12) + " m becomes " + TestoNumero(profonditaDaiVicini(k)) + " m.";
     const MessageRequest box{Question::CorrectDepth, point + "\n" + change};

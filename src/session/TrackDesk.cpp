@@ -9,6 +9,7 @@
 #include "base/ErrorTrap.h"
 #include "base/Fields.h"
 #include "base/File.h"
+#include "base/PathText.h"
 #include "base/Text.h"
 #include "input/TrackFields.h"
 #include "session/TrackFindings.h"
@@ -102,10 +103,8 @@ void TrackDesk::allinea(const char* procedure) {
 }
 
 std::optional<double> TrackDesk::chiediOrologio() {
-  const std::optional<std::string> answer =
-      desk_.dialogs.InputBox({.question = Question::ClockOffset,
-                              .defaultAnswer = "0",
-                              .details = std::filesystem::path(name_).filename().string()});
+  const std::optional<std::string> answer = desk_.dialogs.InputBox(
+      {.question = Question::ClockOffset, .defaultAnswer = "0", .details = PercorsoDi(name_).filename().string()});
   if (!answer) return std::nullopt;
   if (Rifila(*answer).empty()) return 0.0;
   return NumeroDaCasella<double>(*answer, ClockBox, desk_.findings);
@@ -178,7 +177,7 @@ void TrackDesk::chiediConnessione(std::int32_t measurement) {
     const std::string answer =
         desk_.chiedi({.question = Question::Connection,
                       .details = "Number of the fix, 1 to " + std::to_string(survey_.tracciaEst.NumGPSEst()) + " of " +
-                                 std::filesystem::path(name_).filename().string(),
+                                 PercorsoDi(name_).filename().string(),
                       .number = numCollegamenti_ + 1,
                       .measurement = measurement});
     if (Rifila(answer).empty()) return;

@@ -2,6 +2,7 @@
 
 #include "base/NumberText.h"
 #include "base/OleDate.h"
+#include "base/PathText.h"
 
 namespace corvan {
 namespace {
@@ -12,7 +13,7 @@ constexpr Mask Depth = "###0.##";
 /// File, time and position: what all labels of a measurement begin with.
 std::string Inizio(const Survey& survey, const Misura& m) {
   constexpr Mask angle = "###00.######";
-  const std::string file = std::filesystem::path(FileDi(survey, m)).filename().string();
+  const std::string file = PercorsoDi(FileDi(survey, m)).filename().string();
   std::string when;
   if (TempoValido(m.Tempo)) {
     const DateTime date = DaGiorni(m.Tempo);
@@ -30,7 +31,7 @@ std::string FileDi(const Survey& survey, const Misura& m) {
 }
 
 std::string NomeLinea(const Survey& survey, const Misura& m) {
-  const std::string name = std::filesystem::path(FileDi(survey, m)).filename().string();
+  const std::string name = PercorsoDi(FileDi(survey, m)).filename().string();
   return m.Linea == 0 ? name : name + ", line " + std::to_string(m.Linea);
 }
 

@@ -119,35 +119,5 @@ TEST(LostFixes, LeftInsideASectionAreAFault) {
   EXPECT_EQ(cli("process gap.bin --out o --past-gaps --to 3").status, 0) << "the section ends before the gap";
 }
 
-/// The seconds of the day in the header of o.bin.
-int SecondsOfDay(const Cli& cli) {
-  const std::string clock = test::Slurp(cli.folder / "o.bin").substr(31, 8);
-  return std::stoi(clock.substr(0, 2)) * 3600 + std::stoi(clock.substr(3, 2)) * 60 + std::stoi(clock.substr(6, 2));
-}
-
-TEST(Clock, OfTheHeaderIsTheLocalOne) {
-  const Cli cli;
-  cli.folder.write("s.bin", test::SyscalFile(TimedFirings()));
-  ASSERT_EQ(cli("process s.bin --out o", "", "TZ=UTC0").status, 0);
-  const int utc = SecondsOfDay(cli);
-  for (const auto& [zone, hours] : {std::pair{"TZ=LINE-14", 14}, {"TZ=WEST+3:30", -3}}) {
-    ASSERT_EQ(cli("process s.bin --out o", "", zone).status, 0);
-    const int later = (SecondsOfDay(cli) - utc + 2 * 86400) % 86400;
-    const int wanted = hours > 0 ? hours * 3600 : 86400 - 3 * 3600 - 1800;
-    EXPECT_LE(std::abs(later - wanted), 30) << zone;
-  }
-}
-
-TEST(StandardOutput, ThatIsFullIsAFault) {
-  const Cli cli;
-  cli.folder.write("s.bin", test::SyscalFile(TimedFirings()));
-  for (const char* command :
-       {"process s.bin", "process s.bin --json", "info s.bin", "convert --to-utm", "convert --datums"}) {
-    const Outcome run = cli(command, "4524 1218\n", "", ">/dev/full");
-    EXPECT_EQ(run.status, 1) << command;
-    EXPECT_FALSE(run.err.empty()) << command;
-  }
-}
-
 }  // namespace
 }  // namespace corvan

@@ -1,10 +1,7 @@
 // The command line run from outside in a folder of its own, and small surveys in which no two columns are equal.
 #pragma once
 
-#include <sys/wait.h>
-
 #include <array>
-#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,16 +20,11 @@ struct Outcome {
 struct Cli {
   test::TempFolder folder;
 
-  /// @param before what stands before the program, e.g. "TZ=UTC" @param after what stands behind the redirections
+  /// @param arguments as a POSIX shell takes them; on Windows its quotes and backslashes are understood, no more
+  /// @param before what stands before the program on POSIX systems; empty on Windows
+  /// @param in where it runs, below its folder
   Outcome operator()(const std::string& arguments, const std::string& input = "", const std::string& before = "",
-                     const std::string& after = "") const {
-    folder.write("stdin", input);
-    const std::string command = "cd '" + folder.path().string() + "' && " + before + " '" CORVAN_CLI "' " + arguments +
-                                " <stdin >stdout 2>stderr " + after;
-    const int result = std::system(command.c_str());
-    return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, test::Slurp(folder / "stdout"),
-            test::Slurp(folder / "stderr")};
-  }
+                     const std::string& in = ".") const;
   bool exists(const std::string& name) const { return std::filesystem::exists(folder / name); }
 };
 

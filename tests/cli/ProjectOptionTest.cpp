@@ -62,7 +62,7 @@ TEST_F(Projects, WriteEveryOutputAgainToTheLastByte) {
   std::filesystem::rename(cli.folder / "made", cli.folder / "first");
   std::filesystem::create_directory(cli.folder / "made");
   std::filesystem::create_directory(cli.folder / "other");
-  const Outcome again = cli("process --project ../run.corvan --save-project ../copy.corvan", "", "env -C other");
+  const Outcome again = cli("process --project ../run.corvan --save-project ../copy.corvan", "", "", "other");
   EXPECT_EQ(again.status, first.status) << again.err;
   EXPECT_TRUE(all("made") == made) << test::Slurp(cli.folder / "run.corvan");
   EXPECT_EQ(test::Slurp(cli.folder / "copy.corvan"), test::Slurp(cli.folder / "run.corvan"));

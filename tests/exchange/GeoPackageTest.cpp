@@ -20,7 +20,7 @@ using test::Cut;
 /// What a query gives: fields joined by "|", rows by a line end. Blobs as hexadecimal, null as "-".
 std::string Ask(const std::filesystem::path& file, const std::string& sql) {
   sqlite3* database = nullptr;
-  EXPECT_EQ(sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
+  EXPECT_EQ(sqlite3_open_v2(file.string().c_str(), &database, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
   sqlite3_stmt* query = nullptr;
   EXPECT_EQ(sqlite3_prepare_v2(database, sql.c_str(), -1, &query, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
   std::string rows;
@@ -206,7 +206,7 @@ TEST(GeoPackages, LeaveTheOlderFileWhereTheyFail) {
   Cut cut = FourMeasurements();
   const Section section = cut.section();
   EXPECT_EQ(test::Reason([&] {
-              FileWriter out("/dev/null");
+              FileWriter out(test::Nowhere);
               SalvaGeoPackage(out, cut.survey, section, {}, cut.findings);
             }),
             "is no regular file: this format cannot be written there");

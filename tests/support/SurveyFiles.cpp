@@ -1,7 +1,6 @@
 #include "support/SurveyFiles.h"
 
 #include <atomic>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
@@ -10,9 +9,11 @@
 namespace corvan::test {
 
 TempFolder::TempFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "corvan-test-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = pattern;
+  static std::atomic<int> made{0};
+  const std::string start = "corvan-test-" + std::to_string(NumeroProcesso()) + "-";
+  do {
+    path_ = std::filesystem::temp_directory_path() / (start + std::to_string(++made));
+  } while (!std::filesystem::create_directory(path_));  // one of an earlier process with this number may still be there
 }
 
 TempFolder::~TempFolder() {
@@ -36,6 +37,15 @@ void Write(const std::filesystem::path& path, std::string_view text) {
   FileWriter out(path);
   out.write(text);
   out.close();
+}
+
+std::vector<std::string> Hidden(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    const std::string name = entry.path().filename().string();
+    if (name.front() == '.') names.push_back(name);
+  }
+  return names;
 }
 
 std::string Reason(const std::function<void()>& action) {

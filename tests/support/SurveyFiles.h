@@ -17,6 +17,13 @@
 
 namespace corvan::test {
 
+/// What takes every byte and keeps none.
+#ifdef _WIN32
+inline constexpr const char* Nowhere = "NUL";
+#else
+inline constexpr const char* Nowhere = "/dev/null";
+#endif
+
 /// A folder of its own for one test, gone with it.
 class TempFolder {
  public:
@@ -37,6 +44,8 @@ class TempFolder {
 std::string Slurp(const std::filesystem::path& path);
 /// Writes a file whole, as the program does.
 void Write(const std::filesystem::path& path, std::string_view text);
+/// Names of the files in a folder that begin with a dot, as those do that are being written.
+std::vector<std::string> Hidden(const std::filesystem::path& folder);
 /// Why an action fails with a file, or "no error".
 std::string Reason(const std::function<void()>& action);
 /// The pieces between CR LF pairs; the file must end in one.

@@ -55,7 +55,7 @@ TEST(TimeLinks, InterpolateBetweenFixesAndTakeTheEndsOutside) {
   EXPECT_EQ(s.Misure(3).Val12, 3);
   EXPECT_NEAR(s.Misure(3).Lat, s.tracciaEst.PuntiGPSEst(1).GeoB + 50e-6, 1e-9) << "the crossed coordinates";
   EXPECT_EQ(std::get<Grid>(s.Misure(3).sorgente), (Grid{150, 25, 33, Hemisphere::North}));
-  EXPECT_EQ(std::tuple(link.exact, link.between, link.outside, link.farthest), std::tuple(1UL, 2UL, 2UL, 20.0));
+  EXPECT_EQ(std::tuple(link.exact, link.between, link.outside, link.farthest), std::tuple(std::size_t{1}, std::size_t{2}, std::size_t{2}, 20.0));
   EXPECT_FALSE(s.Misure(1).Interpolata) << "or the next analysis would take the position away";
 }
 
@@ -74,7 +74,7 @@ TEST(TimeLinks, LeaveMeasurementsWithoutATimeAndDoNotCountEmptyFirings) {
   s.Misure(3).letture = 0;
   s.Misure(3).Tempo = 0;
   const TimeLink link = LinkDataGPST(s, 0);
-  EXPECT_EQ(std::pair(link.withoutTime, link.exact), std::pair(2UL, 1UL));
+  EXPECT_EQ(std::pair(link.withoutTime, link.exact), std::pair(std::size_t{2}, std::size_t{1}));
   EXPECT_EQ(s.Misure(2).Val12, 99);
 }
 
@@ -201,7 +201,7 @@ TEST(Holes, OfOverAMinuteAreCountedAndTheLongestTold) {
   Survey s =
       SurveyAt({5, 40, 100, 3000, 5000}, {Fix(0, 0, 0, 1), Fix(60, 1, 0, 1), Fix(121, 2, 0, 1), Fix(3721, 3, 0, 1)});
   const TimeLink link = LinkDataGPST(s, 0);
-  EXPECT_EQ(std::pair(link.notes.holes, link.notes.longestHole), std::pair(2UL, 3600.0))
+  EXPECT_EQ(std::pair(link.notes.holes, link.notes.longestHole), std::pair(std::size_t{2}, 3600.0))
       << "60 s are none; behind the last fix there is none";
 }
 
