@@ -1,6 +1,6 @@
 # What `cmake --install` puts where: below the prefix in the GNU folders, on Windows in plain folders beside the programs.
+# Manual pages and completions are installed where they are made (src/pages).
 # Components: Programs, Desktop, Documentation, Samples, Licences.
-include(GNUInstallDirs)
 
 if(WIN32)
   set(to_programs .)

@@ -1,47 +1,30 @@
 #include "app/StartOptions.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
+#include "app/StartTable.h"
 #include "base/Text.h"
 
 namespace corvan {
 namespace {
 
-constexpr const char* Help =
-    "Usage: corvan [OPTIONS] [FILE...]\n"
-    "\n"
-    "Opens the window and reads the survey files named, in this order.\n"
-    "\n"
-    "Options:\n"
-    "  -h,--help    Print this help and exit\n"
-    "  --version    Print the version and exit\n"
-    "  --           All that follows is the name of a file\n"
-    "\n"
-    "Options of the toolkit, as -platform, -style and -geometry, are taken, too.\n"
-    "Without a window: corvan-cli.\n";
-
-/// Options that the toolkit takes out of the command line; it accepts them with one "-" and with two.
-struct ToolkitOption {
-  std::string_view name;
-  bool value;  ///< the next argument belongs to it
-};
-constexpr std::array ToolkitOptions{ToolkitOption{"platform", true},
-                                    ToolkitOption{"platformpluginpath", true},
-                                    ToolkitOption{"platformtheme", true},
-                                    ToolkitOption{"plugin", true},
-                                    ToolkitOption{"style", true},
-                                    ToolkitOption{"stylesheet", true},
-                                    ToolkitOption{"display", true},
-                                    ToolkitOption{"geometry", true},
-                                    ToolkitOption{"qwindowgeometry", true},
-                                    ToolkitOption{"qwindowtitle", true},
-                                    ToolkitOption{"qwindowicon", true},
-                                    ToolkitOption{"title", true},
-                                    ToolkitOption{"icon", true},
-                                    ToolkitOption{"session", true},
-                                    ToolkitOption{"reverse", false}};
+std::string Aiuto() {
+  std::string options;
+  for (const StartOption& option : StartTable) {
+    options +=
+        "  " + std::string(option.names) + std::string(13 - option.names.size(), ' ') + std::string(option.text) + "\n";
+  }
+  return "Usage: corvan [OPTIONS] [FILE...]\n"
+         "\n"
+         "Opens the window and reads the survey files named, in this order, or a project.\n"
+         "\n"
+         "Options:\n" +
+         options +
+         "\n"
+         "Options of the toolkit, as -platform, -style and -geometry, are taken, too.\n"
+         "Without a window: corvan-cli.\n";
+}
 
 const ToolkitOption* DelToolkit(std::string_view argument) {
   argument.remove_prefix(argument.starts_with("--") ? 2 : 1);
@@ -57,14 +40,14 @@ StartAnswer RispostaIniziale(std::span<const std::string> arguments) {
     const std::string_view argument = arguments[k];
     if (argument == "--") break;
     if (!argument.starts_with('-')) continue;
-    if (argument == "-h" || argument == "--help") return {true, 0, Help, {}};
+    if (argument == "-h" || argument == "--help") return {true, 0, Aiuto(), {}};
     if (argument == "--version") return {true, 0, "corvan " CORVAN_VERSION "\n", {}};
     const ToolkitOption* known = DelToolkit(argument);
     if (known == nullptr) {
       return {
           true, 2, {}, "corvan: unknown option " + Visibile(argument) + "\nRun with --help for more information.\n"};
     }
-    if (known->value && argument.find('=') == std::string_view::npos) ++k;
+    if (!known->value.empty() && argument.find('=') == std::string_view::npos) ++k;
   }
   return {};
 }

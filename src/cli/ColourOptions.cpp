@@ -1,6 +1,8 @@
 #include "cli/ColourOptions.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/Validators.h"
 #include "picture/Palette.h"
@@ -18,11 +20,16 @@ const PaletteEntry* Scelta(std::string_view text) {
 }
 
 CLI::Validator TavolozzaNota() {
+  std::vector<std::string> words;
+  for (const PaletteEntry& entry : PaletteTable) {
+    words.emplace_back(entry.word);
+    words.push_back(words.back() + std::string(Reversed));
+  }
   return {[](std::string& text) -> std::string {
             if (Scelta(text) != nullptr) return "";
             return "\"" + text + "\" is not one of " + ParoleDiPalette() + ", each with or without \":reversed\"";
           },
-          "NAME"};
+          "NAME", Offerta("words", words)};
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "base/Text.h"
 #include "cli/Commands.h"
 #include "cli/ScriptedDialogs.h"
+#include "cli/Validators.h"
 #include "geo/GeoGeo.h"
 
 namespace corvan::cli {
@@ -129,6 +130,12 @@ void Verifica(const ConvertOptions& options) {
   if (options.toGeo && !options.zone) throw CLI::RequiredError("--zone (with --to-geo)");
 }
 
+std::vector<std::string> NomiDatum() {
+  std::vector<std::string> names;
+  for (const Datum& datum : Datums) names.emplace_back(datum.Name);
+  return names;
+}
+
 }  // namespace
 
 void AggiungiConvert(CLI::App& app, Work& work) {
@@ -139,7 +146,9 @@ void AggiungiConvert(CLI::App& app, Work& work) {
   CLI::Option* toUtm =
       command->add_flag("--to-utm", o->toUtm, "Geographic to UTM; the first line fixes zone and hemisphere for all");
   command->add_flag("--to-geo", o->toGeo, "UTM to geographic; needs --zone")->excludes(toUtm);
-  command->add_option("--datum", o->datum, "Datum, as --datums names it (default WGS84)")->type_name("NAME");
+  command->add_option("--datum", o->datum, "Datum, as --datums names it (default WGS84)")
+      ->check(Offre("words", NomiDatum()))
+      ->type_name("NAME");
   command->add_option("--format", o->format, "Layout of latitudes and longitudes (default dmm.mmm)")
       ->check(CLI::IsMember({"dmmss", "dmm.mmm", "d.dddd"}, CLI::ignore_case))
       ->type_name("dmmss|dmm.mmm|d.dddd");

@@ -231,7 +231,7 @@ void AggiungiInfo(CLI::App& app, Work& work) {
   };
   CLI::App* command = app.add_subcommand("info", "Tell what is in each file, without processing it");
   const auto options = std::make_shared<Options>();
-  command->add_option("files", options->files, "Survey files")->required()->type_name("FILE");
+  command->add_option("files", options->files, "Survey files and tracks")->required()->type_name("FILE");
   AggiungiColonne(*command, options->columns);
   command->add_flag("--json", options->json, "Print one JSON object");
   command->callback(

@@ -104,7 +104,7 @@ CLI::Validator FileImmagine() {
   return {[](std::string& text) -> std::string {
             return NomeImmagine(text) ? "" : "\"" + text + "\" does not end in .bmp or .png";
           },
-          "FILE"};
+          "FILE", Offerta("endings", {"png", "bmp"})};
 }
 
 QImage CreaImmagine(Session& session, const std::string& size, const std::string& file) {

@@ -13,11 +13,10 @@ constexpr double MostSeconds = 4e9;  // over the 120 years that a measurement's 
 const std::vector<std::string> Formats{"bin",    "txt",      "ecs",  "kml",     "csv", "ert",
                                        "bottom", "res2dinv", "gpkg", "geojson", "vtu"};
 
-/// The box of "File Out" for each of them but the table, which has none.
-
 void AggiungiLettura(CLI::App& command, ProcessOptions& o) {
   command
       .add_option("files", o.files, "Survey files: Syscal binaries, text exports or column texts, read in this order")
+      ->check(Offre("endings", SurveyEndings))
       ->type_name("FILE");
   const std::map<std::string, CoordinateEntry> coords{{"ddmmss", CoordinateEntry::DDMMSS},
                                                       {"ddmm", CoordinateEntry::DDMM},
@@ -76,7 +75,7 @@ void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
                       "External GPS and depth track: an NMEA log, GPX, six columns or a table, told by content")
           ->type_name("FILE");
   command.add_option("--link", o.link, "Link the data to the external track")
-      ->check(Elenco({"time", "position"}))
+      ->check(CLI::IsMember({"time", "position"}))
       ->type_name("time|position");
   command.add_option("--clock-offset", o.clockOffset, "Seconds added to the measurements' times before a link by time")
       ->check(NumeroEntro(MostSeconds))
@@ -96,6 +95,7 @@ void AggiungiUscita(CLI::App& command, ProcessOptions& o) {
   command
       .add_option("--out", o.out,
                   "Root of the output names, or a folder ending in / (default: first file's name with _section behind)")
+      ->check(Offre("folders", {}))
       ->type_name("ROOT");
   command
       .add_option("--format", o.formats,

@@ -4,6 +4,8 @@
 #include <utility>
 #include <variant>
 
+#include "cli/Validators.h"
+
 namespace corvan::cli {
 namespace {
 
@@ -29,8 +31,10 @@ void AggiungiProgetto(CLI::App& command, ProjectOptions& o) {
           "--project", o.open,
           "Do what a saved project (.corvan) did and write what it asks for; options beside it win, files beside "
           "it replace its own")
+      ->check(Offre("endings", {"corvan"}))
       ->type_name("FILE");
   command.add_option("--save-project", o.save, "Save everything that makes this run as a project (.corvan)")
+      ->check(Offre("endings", {"corvan"}))
       ->type_name("FILE");
 }
 

@@ -82,7 +82,16 @@ CLI::Validator Giorno() {
           "YYYY-MM-DD"};
 }
 
+std::string Offerta(const char* kind, const std::vector<std::string>& words) {
+  return kind + (":" + CLI::detail::join(words, std::string(1, OfferSeparator)));
+}
+
+CLI::Validator Offre(const char* kind, const std::vector<std::string>& words) {
+  return {[](std::string&) { return std::string(); }, "", Offerta(kind, words)};
+}
+
 CLI::Validator Elenco(std::vector<std::string> words) {
+  std::string offer = Offerta("list", words);
   return {[words = std::move(words)](std::string& list) -> std::string {
             for (const std::string& word : Voci(list)) {
               if (std::find(words.begin(), words.end(), word) == words.end()) {
@@ -91,7 +100,7 @@ CLI::Validator Elenco(std::vector<std::string> words) {
             }
             return "";
           },
-          "LIST"};
+          "LIST", std::move(offer)};
 }
 
 std::vector<std::string> Voci(const std::string& list) { return CLI::detail::split(list, ','); }

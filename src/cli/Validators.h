@@ -24,6 +24,17 @@ CLI::Validator Collegamento();
 /// A day as YYYY-MM-DD, in the calendar.
 CLI::Validator Giorno();
 
+/// What a shell may offer for an option's value stands in the name of one of the option's validators: a kind ("words",
+/// "list" of words, "endings" of file names without their point, "folders"), a colon and the words.
+inline constexpr char OfferSeparator = '|';
+std::string Offerta(const char* kind, const std::vector<std::string>& words);
+
+/// Usual endings of survey files; content tells what a file is, so others are read as well.
+inline const std::vector<std::string> SurveyEndings{"bin", "txt", "dat", "csv", "tsv"};
+
+/// Takes every text and only carries the offer.
+CLI::Validator Offre(const char* kind, const std::vector<std::string>& words);
+
 /// A comma-separated list of some of the words.
 CLI::Validator Elenco(std::vector<std::string> words);
 

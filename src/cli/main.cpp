@@ -11,7 +11,7 @@
 #include "base/Interruption.h"
 #include "base/Terminal.h"
 #include "base/Text.h"
-#include "cli/Commands.h"
+#include "cli/CommandLine.h"
 #include "cli/QualityOptions.h"
 
 namespace corvan::cli {
@@ -28,19 +28,14 @@ int StampaEsito(const CLI::App& app, const CLI::ParseError& error) {
 }
 
 int Esegui(std::vector<std::string> arguments) {
-  CLI::App app{"Corvan: pre-processing of marine electrical-resistivity surveys"};
-  app.set_version_flag("--version", "corvan-cli " CORVAN_VERSION);
-  app.require_subcommand(1);
   Work work;
-  AggiungiProcess(app, work);
-  AggiungiInfo(app, work);
-  AggiungiConvert(app, work);
+  const auto app = CreaRigaComando(work);
   CompletaDespike(arguments);
   std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
   try {
-    app.parse(std::move(arguments));
+    app->parse(std::move(arguments));
   } catch (const CLI::ParseError& error) {
-    return StampaEsito(app, error);
+    return StampaEsito(*app, error);
   }
   return work();
 }
