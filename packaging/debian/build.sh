@@ -19,7 +19,7 @@ export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(date -u -d "$released" +%s)}
 # A copy of what belongs to the project: what git knows or does not ignore, without git all but what building writes.
 list_tree() {
   if [ "$(git rev-parse --show-toplevel 2>/dev/null)" = "$(pwd -P)" ]; then
-    git ls-files -z --cached --others --exclude-standard
+    git ls-files -z --cached --others --exclude-standard --exclude=/dist/
   else
     find . \( -path ./build -o -path ./dist -o -path ./out \) -prune -o ! -type d -print0
   fi

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Looks at a package without installing it: check-package.sh DEB. The package of its debug symbols is looked for beside it.
 set -euo pipefail
-deb=$(readlink -e "$1")
+deb=$(readlink -e "${1:-}") || { echo "check-package.sh: there is no package \"${1:-}\"" >&2; exit 1; }
 cd "$(dirname "$0")/../.."
 source packaging/debian/checks.sh
 need dpkg-deb lintian desktop-file-validate appstreamcli update-mime-database man mandoc bash readelf file gzip

@@ -4,7 +4,7 @@
 # The empty Debian is kept in build/debian-check/bookworm.tar; delete it to fetch a new one.
 # shellcheck disable=SC2016  # what stands in single quotes is for dpkg or for a shell in the other root
 set -euo pipefail
-deb=$(readlink -e "$1")
+deb=$(readlink -e "${1:-}") || { echo "check-root.sh: there is no package \"${1:-}\"" >&2; exit 1; }
 cd "$(dirname "$0")/../.."
 source packaging/debian/checks.sh
 need dpkg-deb debootstrap chroot mount umount tar faketime cmp convert identify
@@ -38,6 +38,7 @@ clean_up() {
 }
 trap 'clean_up || true' EXIT
 trap 'exit 130' INT TERM
+trap 'echo "check-root.sh: the preparation failed in line $LINENO" >&2' ERR
 
 in_root() { "${sudo[@]}" chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 # As a user without rights, in a folder of that user's own.
@@ -67,7 +68,10 @@ fi
 "${sudo[@]}" tar -C "$root" -xf "$work/bookworm.tar"
 "${sudo[@]}" mount -t proc proc "$root/proc"
 "${sudo[@]}" cp /etc/resolv.conf "$root/etc/resolv.conf"
-[ ! -d /etc/apt/apt.conf.d ] || grep -rhi '^Acquire::.*proxy' /etc/apt/apt.conf.d 2>/dev/null | "${sudo[@]}" tee "$root/etc/apt/apt.conf.d/99proxy" >/dev/null
+proxy=$(grep -rhi '^Acquire::.*proxy' /etc/apt/apt.conf /etc/apt/apt.conf.d 2>/dev/null || true)
+"${sudo[@]}" tee "$root/etc/apt/apt.conf.d/99checks" <<<"$proxy
+Dpkg::Use-Pty \"0\";" >/dev/null
+"${sudo[@]}" chmod 1777 "$root/dev/shm"
 in_root apt-get update -qq
 in_root useradd -m -u 1000 user
 "${sudo[@]}" mkdir -p "$root/home/user/run"
@@ -91,10 +95,11 @@ tell_version() {
   [ "$(as_user corvan --version)" = "corvan $version" ]
 }
 samples_read() {
-  as_user corvan-cli info /usr/share/corvan/samples/lagoon_1.bin | grep -F '216 with a position'
-  local file
-  for file in lagoon_1.txt lagoon_2.bin lagoon_2.txt lagoon_track.csv lagoon_track.gps lagoon_track.nav lagoon_track.sav; do
-    as_user corvan-cli info "/usr/share/corvan/samples/$file" >/dev/null || [ $? -eq 1 ]  # told what would be left out
+  local file said
+  for file in lagoon_1.bin lagoon_1.txt lagoon_2.bin lagoon_2.txt lagoon_track.csv lagoon_track.gps lagoon_track.nav lagoon_track.sav; do
+    # Status 1: the lines have lost fixes, which is told.
+    said=$(as_user corvan-cli info "/usr/share/corvan/samples/$file") || [ $? -eq 1 ]
+    grep -E '^  (firings|fixes) +[1-9]' <<<"$said"
   done
 }
 # The window without a screen lives until it is ended.
@@ -159,25 +164,29 @@ shot() {
     cp run/Xvfb_screen0 run/shot.xwd' sh "$@"
   convert "xwd:$root/home/user/run/shot.xwd" "$work/shots/$name.png"
   "${sudo[@]}" cat "$root/home/user/run/window.txt"
+  # Pixels in strong colours where the survey is painted: those of its cells. The text beside it and the frame have none.
+  cells=$(convert "$work/shots/$name.png" -crop 1080x710+30+110 +repage -colorspace HSB -channel G -separate -threshold 80% \
+    -format '%[fx:round(mean*w*h)]' info:)
   colours=$(identify -format %k "$work/shots/$name.png")
-  echo "$name: $colours colours"
+  echo "$name: $colours colours, $cells pixels of cells"
 }
 window_shows_survey() {
   shot survey /usr/share/corvan/samples/lagoon_1.bin /usr/share/corvan/samples/lagoon_2.bin
-  [ "$colours" -ge "$colours_of_survey" ]
-  grep -F '"corvan", "corvan"' <<<"$("${sudo[@]}" cat "$root/home/user/run/window.txt")"
+  [ "$cells" -ge 3000 ]
+  # The name by which a desktop finds the entry in its menu for the window.
+  local class
+  class=$(sed -n 's/^StartupWMClass=//p' "$root/usr/share/applications/corvan.desktop")
+  "${sudo[@]}" cat "$root/home/user/run/window.txt" | grep -F ", \"$class\""
 }
 window_opens_project() {
   shot project /home/user/run.corvan
-  [ "$colours" -ge "$colours_of_survey" ]
+  [ "$cells" -ge 3000 ]
 }
-# What the window shows without a survey, so that the number of colours means something.
+# What the window shows without a survey, so that the number of pixels means something.
 window_empty() {
   shot empty
-  [ "$colours" -ge 20 ] && [ "$colours" -lt "$colours_of_survey" ]
+  [ "$colours" -ge 100 ] && [ "$cells" -lt 100 ]
 }
-colours_of_survey=1000
-
 listed_whole() { in_root dpkg -V corvan; }
 purged() {
   local left path
@@ -187,7 +196,7 @@ purged() {
   while read -r path; do
     [ -d "$root$path" ] || [ ! -e "$root$path" ] || { echo "left: $path"; return 1; }
   done <"$work/listed.txt"
-  left=$(paths_of_root | grep -i corvan || true)
+  left=$(paths_of_root | grep -i corvan | grep -v '^/var/cache/man/' || true)  # pages that man-db formatted above
   [ -z "$left" ] || { echo "left: $left"; return 1; }
 }
 # With what came for its sake, and with the tools of these checks. Left by others: caches of the loader, of man-db and of

@@ -17,7 +17,7 @@ check() {
   else
     failed=$((failed + 1))
     echo "FAILED  $name (status $status)"
-    printf '%s\n' "${output:-no output}" | head -40 | sed 's/^/        /'
+    printf '%s\n' "${output:-no output}" | tail -40 | sed 's/^/        /'
   fi
 }
 

@@ -75,7 +75,7 @@ void AggiungiTraccia(CLI::App& command, ProcessOptions& o) {
                       "External GPS and depth track: an NMEA log, GPX, six columns or a table, told by content")
           ->type_name("FILE");
   command.add_option("--link", o.link, "Link the data to the external track")
-      ->check(CLI::IsMember({"time", "position"}))
+      ->check(Parola({"time", "position"}))
       ->type_name("time|position");
   command.add_option("--clock-offset", o.clockOffset, "Seconds added to the measurements' times before a link by time")
       ->check(NumeroEntro(MostSeconds))

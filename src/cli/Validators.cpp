@@ -90,6 +90,14 @@ CLI::Validator Offre(const char* kind, const std::vector<std::string>& words) {
   return {[](std::string&) { return std::string(); }, "", Offerta(kind, words)};
 }
 
+CLI::Validator Parola(std::vector<std::string> words) {
+  return {[words = std::move(words)](std::string& word) -> std::string {
+            if (std::find(words.begin(), words.end(), word) != words.end()) return "";
+            return "\"" + word + "\" is not one of " + CLI::detail::join(words, ", ");
+          },
+          "WORD"};
+}
+
 CLI::Validator Elenco(std::vector<std::string> words) {
   std::string offer = Offerta("list", words);
   return {[words = std::move(words)](std::string& list) -> std::string {

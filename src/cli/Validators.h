@@ -35,6 +35,9 @@ inline const std::vector<std::string> SurveyEndings{"bin", "txt", "dat", "csv", 
 /// Takes every text and only carries the offer.
 CLI::Validator Offre(const char* kind, const std::vector<std::string>& words);
 
+/// One of the words.
+CLI::Validator Parola(std::vector<std::string> words);
+
 /// A comma-separated list of some of the words.
 CLI::Validator Elenco(std::vector<std::string> words);
 

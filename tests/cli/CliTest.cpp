@@ -137,6 +137,7 @@ INSTANTIATE_TEST_SUITE_P(
         StatusCase{"process good.bin --gps x.csv --link position --connect 1:0 --connect 2:3", 2, "numbers from 1 on"},
         StatusCase{"process good.bin --clock-offset 5", 2, "--link time"},
         StatusCase{"process good.bin --gps x.csv --link time --connect 1:1 --connect 2:2", 2, "--link position"},
+        StatusCase{"process good.bin --gps x.csv --link time,position", 2, "--link"},
         StatusCase{"process good.bin --gps x.csv --link time --clock-offset 1e300", 2, "is not -4000000000 to"},
         StatusCase{"process good.bin --track-date 2026-06-15", 2, "--gps"},
         StatusCase{"process good.bin --south", 0, "--south is not used"},

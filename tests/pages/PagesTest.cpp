@@ -46,6 +46,7 @@ TEST(ManPages, NameEveryOptionOfEveryCommand) {
   std::size_t seen = 0;
   for (const std::string command : {"", "process", "info", "convert"}) {
     const std::string part = Below(page, command.empty() ? ".SH OPTIONS" : ".SS \"corvan-cli " + command + "\"");
+    EXPECT_TRUE(Contains(part, "\\fB\\-h\\fR, " + Escaped("--help"))) << command;
     for (const auto& [name, form] : OptionsInHelp(command)) {
       EXPECT_TRUE(Contains(part, Escaped(name))) << command << " " << name;
       ++seen;
