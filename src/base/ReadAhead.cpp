@@ -8,16 +8,12 @@ namespace corvan {
 ReadAhead::ReadAhead(FileReader file, std::size_t block, std::size_t front, std::size_t back)
     : file_(std::move(file)), block_(block), front_(front), back_(back) {}
 
-ReadAhead::~ReadAhead() {
-  worker_.request_stop();
-  wanted_.release();
-}
-
 std::size_t ReadAhead::next(std::size_t kept) {
   const std::size_t before = current_;
   current_ = 1 - current_;
   if (worker_.joinable()) {
-    ready_.acquire();
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return !wanted_; });
   } else {
     readInto(current_);
   }
@@ -26,9 +22,13 @@ std::size_t ReadAhead::next(std::size_t kept) {
   const std::size_t got = got_;
   // Who asks for a second block will want the others too.
   if (++calls_ >= 2 && got == block_) {
+    {
+      const std::lock_guard lock(mutex_);
+      wanted_ = true;
+    }
+    changed_.notify_one();
     if (!worker_.joinable())
       worker_ = std::jthread([this, other = before](const std::stop_token& stop) { work(stop, other); });
-    wanted_.release();
   }
   return got;
 }
@@ -44,10 +44,16 @@ void ReadAhead::readInto(std::size_t buffer) {
 
 void ReadAhead::work(const std::stop_token& stop, std::size_t first) {
   for (std::size_t buffer = first;; buffer = 1 - buffer) {
-    wanted_.acquire();
-    if (stop.stop_requested()) return;
+    {
+      std::unique_lock lock(mutex_);
+      if (!changed_.wait(lock, stop, [this] { return wanted_; }) || stop.stop_requested()) return;
+    }
     readInto(buffer);
-    ready_.release();
+    {
+      const std::lock_guard lock(mutex_);
+      wanted_ = false;
+    }
+    changed_.notify_one();
   }
 }
 

@@ -3,10 +3,11 @@
 #pragma once
 
 #include <array>
+#include <condition_variable>
 #include <cstddef>
 #include <exception>
 #include <memory>
-#include <semaphore>
+#include <mutex>
 #include <thread>
 
 #include "base/File.h"
@@ -19,7 +20,6 @@ class ReadAhead {
   /// @param block bytes of a block @param front bytes that the caller may carry over before a block @param back bytes
   /// of its own behind one
   ReadAhead(FileReader file, std::size_t block, std::size_t front, std::size_t back);
-  ~ReadAhead();
   ReadAhead(const ReadAhead&) = delete;
   ReadAhead& operator=(const ReadAhead&) = delete;
 
@@ -41,11 +41,13 @@ class ReadAhead {
   std::array<std::unique_ptr<std::byte[]>, 2> buffers_;
   std::size_t current_ = 1;
   std::size_t calls_ = 0;
-  // Of the block that was read last: the worker's between wanted_ and ready_.
+  // Of the block that was read last: the worker's while a block is wanted.
   std::size_t got_ = 0;
   std::exception_ptr failure_;
-  std::binary_semaphore wanted_{0};
-  std::binary_semaphore ready_{0};
+  // No semaphore: where the system has none of its own, those of the library lose wake-ups (MinGW, GCC 12).
+  std::mutex mutex_;
+  std::condition_variable_any changed_;
+  bool wanted_ = false;
   std::jthread worker_;
 };
 

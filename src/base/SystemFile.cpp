@@ -69,8 +69,13 @@ int SystemFile::diventa(const std::filesystem::path& from, const std::filesystem
   for (int attempt = 1;; ++attempt) {
     if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) return 0;
     const DWORD error = GetLastError();
-    if (attempt == Tries || (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED)) return Numero(error);
-    Sleep(Pause);
+    const bool passing = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+    if (passing && attempt < Tries) {
+      Sleep(Pause);
+      continue;
+    }
+    // A target that is open is called denied; who asks for it alone learns why.
+    return passing && Scrivibile(to) == EBUSY ? EBUSY : Numero(error);
   }
 }
 
@@ -97,8 +102,7 @@ std::string_view NomeImpossibile(const std::filesystem::path& path) {
   if (name != L"." && name != L".." && (name.ends_with(L'.') || name.ends_with(L' ')))
     return "has a name that ends in a dot or a blank, which would be dropped";
   const std::wstring stem = name.substr(0, name.find(L'.'));
-  if (Uguali(stem, L"NUL") && name != stem) return "has the name of a device";  // alone it is meant: write nowhere
-  for (const std::wstring_view device : {L"CON", L"PRN", L"AUX", L"CONIN$", L"CONOUT$"}) {
+  for (const std::wstring_view device : {L"CON", L"PRN", L"AUX", L"NUL", L"CONIN$", L"CONOUT$"}) {
     if (Uguali(stem, device)) return "has the name of a device";
   }
   const bool numbered = stem.size() == 4 && stem[3] >= L'0' && stem[3] <= L'9';

@@ -21,6 +21,7 @@ std::unique_ptr<CLI::App> CreaRigaComando(Work& work) {
   auto app = std::make_unique<CLI::App>("Corvan: pre-processing of marine electrical-resistivity surveys");
   app->set_version_flag("--version", "corvan-cli " CORVAN_VERSION);
   app->require_subcommand(1);
+  app->allow_windows_style_options(false);  // "/surveys/line.bin" is a file on every system
   AggiungiProcess(*app, work);
   AggiungiInfo(*app, work);
   AggiungiConvert(*app, work);

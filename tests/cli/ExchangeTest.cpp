@@ -46,7 +46,7 @@ TEST(OpenFormats, ReplaceThoseOfAnEarlierRun) {
   ASSERT_EQ(sailed.process(std::string(formats) + " --min-current 1").status, 0);
   std::map<std::string, std::string> before;
   for (const auto& entry : std::filesystem::directory_iterator(sailed.folder.path())) {
-    if (entry.path().filename().string().starts_with("o")) before[entry.path()] = test::Slurp(entry.path());
+    if (entry.path().filename().string().starts_with("o")) before[entry.path().string()] = test::Slurp(entry.path());
   }
   EXPECT_EQ(before.size(), 12U);
   const Outcome again =

@@ -314,7 +314,7 @@ TEST(Outputs, AreTheBinaryAloneUnlessAskedFor) {
   ASSERT_EQ(cli("process grid.txt --coords utm --out sub/line").status, 0);
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(cli.folder / "sub"))
-    names.push_back(entry.path().filename());
+    names.push_back(entry.path().filename().string());
   EXPECT_EQ(names, std::vector<std::string>{"line.bin"});
   EXPECT_EQ(std::filesystem::file_size(cli.folder / "sub/line.bin"), 1029U + 50U * 280U);
 }

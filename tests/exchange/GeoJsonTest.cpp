@@ -11,6 +11,15 @@
 namespace corvan {
 namespace {
 
+/// A name that JSON cannot hold as it is. Windows allows no quotation mark, backslash or half a letter in names.
+#ifdef _WIN32
+constexpr const char* OddName = "b\x01.bin";
+constexpr const char* OddNameInJson = R"(b\u0001.bin)";
+#else
+constexpr const char* OddName = "b\"\\\x01\xFF\xC3\xA9.bin";
+constexpr const char* OddNameInJson = R"(b\"\\\u0001\ufffd\u00e9.bin)";
+#endif
+
 using nlohmann::json;
 using test::Cut;
 
@@ -34,7 +43,7 @@ Cut FourMeasurements() {
   cut.m(2).Rho[9] = -0.1F;
   cut.survey.files[0].recordLength = 280;  // holds no time
   cut.m(5).Tempo = 46188.3333;
-  cut.survey.files[1].path = "dir/b\"\\\x01\xFF\xC3\xA9.bin";
+  cut.survey.files[1].path = std::string("dir/") + OddName;
   return cut;
 }
 
@@ -63,7 +72,8 @@ TEST(GeoJson, HoldsMeasurementsLinesAndTheSection) {
     "geometry":{"type":"LineString","coordinates":[[12.3,45.4],[12.3125,45.40625]]},
     "properties":{"layer":"lines","file":1,"name":"a.bin","measurements":3,"length":50}})"));
   EXPECT_EQ(features[6], json::parse(R"({"type":"Feature","geometry":null,"properties":{"layer":"lines","file":2,
-    "name":"b\"\\\u0001\ufffd\u00e9.bin","measurements":2,"length":0}})"));
+    "name":")" + std::string(OddNameInJson) +
+                                     R"(","measurements":2,"length":0}})"));
   EXPECT_EQ(features[7], json::parse(R"({"type":"Feature",
     "geometry":{"type":"LineString","coordinates":[[12.3125,45.40625],[12.4,45.45]]},
     "properties":{"layer":"section","part":"line","from":2,"to":5}})"));

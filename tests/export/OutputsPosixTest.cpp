@@ -18,6 +18,7 @@ TEST(Outputs, NeverReplaceAnOriginalThroughALink) {
   const auto refusal = [&](const char* name) { return test::Reason([&] { outputs.controlla(folder / name); }); };
   EXPECT_EQ(refusal("line_link.bin"), "was read in this run and is not overwritten");
   EXPECT_EQ(refusal("other_link.txt"), "is a treasure and is not overwritten");
+  EXPECT_EQ(test::Reason([&] { outputs.controlla("/dev/null"); }), "no error");
 }
 
 }  // namespace

@@ -17,13 +17,6 @@
 
 namespace corvan::test {
 
-/// What takes every byte and keeps none.
-#ifdef _WIN32
-inline constexpr const char* Nowhere = "NUL";
-#else
-inline constexpr const char* Nowhere = "/dev/null";
-#endif
-
 /// A folder of its own for one test, gone with it.
 class TempFolder {
  public:
