@@ -38,15 +38,21 @@ manual_whole() {
   echo "$count links"
   [ "$count" -ge 5 ] && [ "$missing" -eq 0 ]
 }
-small() { [ "$(stat -c %s "$deb")" -lt 3000000 ]; }
+small() {
+  local size
+  size=$(stat -c %s "$deb")
+  echo "$size bytes"
+  [ "$size" -lt 3000000 ]
+}
 says_version() {
+  dpkg-deb -f "$deb" Package Version
   [ "$(dpkg-deb -f "$deb" Version)" = "$version" ] && [ "$(dpkg-deb -f "$deb" Package)" = corvan ] &&
     gzip -dc "$root/usr/share/doc/corvan/changelog.gz" | head -1 | grep -F "($version)" &&
     grep -F "release version=\"$version\"" "$root/usr/share/metainfo/invalid.corvan.corvan.metainfo.xml"
 }
 depends_on() {
   local library missing=0
-  for library in libc6 libstdc++6 libgcc-s1 libgeographic libpugixml1v5 libqt6core6 libqt6gui6 libqt6widgets6 libsqlite3-0; do
+  for library in libc6 "libstdc[+][+]6" libgcc-s1 libgeographiclib libpugixml1v5 libqt6core6 libqt6gui6 libqt6widgets6 libsqlite3-0; do
     dpkg-deb -f "$deb" Depends | grep -qE "(^|, )${library}[0-9v.-]*( |,|$)" || { echo "does not depend on $library"; missing=1; }
   done
   return "$missing"

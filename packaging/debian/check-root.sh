@@ -202,7 +202,7 @@ purged() {
 # With what came for its sake, and with the tools of these checks. Left by others: caches of the loader, of man-db and of
 # fontconfig, and the settings that packages of the base system write when a library of theirs is first used.
 as_before() {
-  in_root apt-get purge -y -qq faketime libfaketime man-db xvfb x11-utils
+  in_root apt-get purge -y -qq faketime libfaketime man-db bsdextrautils xvfb x11-utils
   in_root apt-get autoremove --purge -y -qq
   local left
   left=$(diff <(echo "$before") <(paths_of_root) | grep '^[<>]' |
