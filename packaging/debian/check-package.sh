@@ -75,7 +75,7 @@ no_path_of_this_machine() {
 # silent COMMAND...: it succeeds and says nothing (desktop-file-validate says what is wrong on standard output).
 silent() {
   local said
-  said=$("$@" 2>&1)
+  said=$("$@" 2>&1) || { echo "$said"; return 1; }
   [ -z "$said" ] || { echo "$said"; return 1; }
 }
 desktop_valid() { silent desktop-file-validate "$root/usr/share/applications/corvan.desktop"; }
