@@ -26,11 +26,11 @@ done
 
 # A Windows of its own, made afresh.
 rm -rf "$work"
-mkdir -p "$work/run"
+mkdir -p "$work/run" "$work/wine"
 export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" XDG_RUNTIME_DIR=$work/run LC_ALL=C.UTF-8
 chmod 700 "$work/run"
 trap 'wineserver -k > /dev/null 2>&1 || true' EXIT
-wineserver -p
+wineserver -p || fail "the server of Wine does not start"
 timeout 300 wine wineboot < /dev/null > /dev/null 2>&1 || fail "Wine does not start"
 c=$WINEPREFIX/drive_c
 
@@ -57,8 +57,8 @@ python3 "$here/compare_tests.py" "$work/tests" "$here/not-under-wine.txt" || fai
 
 step "Silent installation"
 user=$(ls -d "$c"/users/*/ | grep -v Public)
-target=$c/Programmi è misure/Corvan
-windows 180 "$setup" /S /PATH "/D=C:\\Programmi è misure\\Corvan" || true # it is the files that count
+target=$c/Misùre/Corvan
+windows 180 "$setup" /S /PATH "/D=C:\\Misùre\\Corvan" || true # it is the files that count
 for _ in $(seq 60); do [ ! -f "$target/uninstall.exe" ] || break; sleep 0.5; done
 (cd "$target" 2> /dev/null && find . -type f -printf '%P\n' | LC_ALL=C sort) > "$work/installed.txt" || fail "nothing was installed"
 diff <(LC_ALL=C sort "$here/contents.txt") "$work/installed.txt" || fail "the installed files are not those of contents.txt"
@@ -66,7 +66,7 @@ diff <(LC_ALL=C sort "$here/contents.txt") "$work/installed.txt" || fail "the in
 registry() { windows 30 reg query "$@" 2> /dev/null | tr -d '\r'; }
 registry 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Corvan' /v DisplayVersion | grep -q "$version" || fail "Windows knows nothing of the installation"
 registry 'HKCU\Software\Classes\Corvan.Project\shell\open\command' /ve | grep -q 'corvan.exe' || fail "projects are not offered to Corvan"
-registry 'HKCU\Environment' /v Path | grep -q 'misure.Corvan' || fail "the PATH does not hold the programs"
+registry 'HKCU\Environment' /v Path | grep -q 're.Corvan' || fail "the PATH does not hold the programs"
 exports=$(x86_64-w64-mingw32-objdump -p "$target/corvan.exe" "$target/corvan-cli.exe" | sed -n 's/.*DLL Name: //p' | sort -fu)
 for dll in $exports; do
   case ${dll,,} in
@@ -156,7 +156,7 @@ sleep 1
 for key in 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Corvan' 'HKCU\Software\Classes\Corvan.Project' 'HKCU\Software\Classes\.corvan'; do
   if registry "$key" > /dev/null; then fail "$key is left in the registry"; fi
 done
-if registry 'HKCU\Environment' /v Path | grep -q 'misure.Corvan'; then fail "the PATH still holds the programs"; fi
+if registry 'HKCU\Environment' /v Path | grep -q 're.Corvan'; then fail "the PATH still holds the programs"; fi
 
 step "The portable folder"
 mkdir "$c/stick"

@@ -3,6 +3,7 @@
 Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
+SetCompressorDictSize 64 ; the second program repeats much of the first
 ManifestDPIAware true
 ManifestSupportedOS Win10
 RequestExecutionLevel user

@@ -13,6 +13,7 @@
 #include "base/File.h"
 #include "base/NumberText.h"
 #include "base/OleDate.h"
+#include "base/PathText.h"
 #include "base/Text.h"
 #include "cli/ColumnOptions.h"
 #include "cli/Commands.h"
@@ -75,7 +76,7 @@ void EsaminaMisure(const ColumnOptions& columns, ColumnUse& use, FileInfo& info)
     ++info.positioned;
     if (std::isfinite(m.Val12)) info.depth.widen(static_cast<double>(m.Val12));
   };
-  const FileReport report = PercorriFile(info.name, options, count);
+  const FileReport report = PercorriFile(PercorsoDi(info.name), options, count);
   info.findings = report.findings;
   info.format = report.summary.format;
   if (info.format.empty()) return;
@@ -125,10 +126,10 @@ constexpr std::size_t Beginning = std::size_t{1} << 20;
 /// Files of measurements by their first bytes or lines; others may be too, when they are no track.
 constexpr std::size_t FirstBytes = 11;
 constexpr std::size_t FirstLines = std::size_t{1} << 16;
-bool SonoMisure(const std::string& name, bool stated) {
-  const FileBytes first = LeggiInizio(name, FirstBytes);
+bool SonoMisure(const std::filesystem::path& file, bool stated) {
+  const FileBytes first = LeggiInizio(file, FirstBytes);
   if (TestataDiTesto(first.text()) || first.text().starts_with(std::string_view("\x02\0\0\x80", 4))) return true;
-  const ColumnStart start = InizioColonne(LeggiInizio(name, FirstLines).text());
+  const ColumnStart start = InizioColonne(LeggiInizio(file, FirstLines).text());
   return start == ColumnStart::Named || start == ColumnStart::Partial || (stated && start == ColumnStart::Numbers);
 }
 
@@ -136,16 +137,17 @@ FileInfo Esamina(const std::string& name, const ColumnOptions& columns, ColumnUs
   FileInfo info;
   info.name = name;
   Trappola(findings, Procedure, [&] {
-    if (SonoMisure(name, !columns.columns.empty())) return EsaminaMisure(columns, use, info);  // of any size
-    if (FileReader(name).size() > LargeFile && !Traccia(name, LeggiInizio(name, Beginning).text())) {
+    const std::filesystem::path file = PercorsoDi(name);
+    if (SonoMisure(file, !columns.columns.empty())) return EsaminaMisure(columns, use, info);  // of any size
+    if (FileReader(file).size() > LargeFile && !Traccia(name, LeggiInizio(file, Beginning).text())) {
       return EsaminaMisure(columns, use, info);
     }
-    const FileBytes bytes = LeggiTutto(name);
+    const FileBytes bytes = LeggiTutto(file);
     info.track = Traccia(name, bytes.text());
     info.bytes = bytes.size();
     info.track ? EsaminaTraccia(bytes.text(), info) : EsaminaMisure(columns, use, info);
   });
-  findings.add(info.findings, name);
+  findings.add(info.findings, PercorsoDi(name));
   return info;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/NumberText.h"
+#include "base/PathText.h"
 #include "cli/Validators.h"
 #include "paint/ImageCanvas.h"
 #include "paint/PictureFile.h"
@@ -166,7 +167,7 @@ void FaiImmagine(Session& session, const PictureOptions& options) {
   ImageCanvas canvas(image);
   session.view.picture().tela(&canvas);
   session.view.picture().dipingiSu(canvas, options.noCaption ? Caption() : session.view.didascalia());
-  session.exporter.immagine(options.file, [&] { return ComponiImmagine(image, options.file); });
+  session.exporter.immagine(PercorsoDi(options.file), [&] { return ComponiImmagine(image, options.file); });
   session.view.picture().tela(nullptr);
 }
 

@@ -70,7 +70,9 @@ void CambiaLettura(InputPanel& in, const ProcessOptions& options) {
   in.pastGaps = in.pastGaps || options.pastGaps;
   in.south = in.south || options.south;
   if (!options.columns.spacing.empty()) in.spacing = options.columns.spacing;
-  if (!options.files.empty()) in.File1.assign(options.files.begin(), options.files.end());
+  if (options.files.empty()) return;
+  in.File1.clear();
+  for (const std::string& file : options.files) in.File1.push_back(PercorsoDi(file));
 }
 
 /// The boxes of "File Out": those of a project, changed to what was typed.
@@ -94,8 +96,8 @@ OutputPanel Uscite(const Session& session, const ProcessOptions& options) {
 OtherOutputs Altre(const Session& session, const ProcessOptions& options) {
   OtherOutputs other = session.exporter.altre;
   if (!options.formats.empty()) other.csv = options.writes("csv");
-  if (!options.picture.file.empty()) other.picture = options.picture.file;
-  if (!options.section.file.empty()) other.section = options.section.file;
+  if (!options.picture.file.empty()) other.picture = PercorsoDi(options.picture.file);
+  if (!options.section.file.empty()) other.section = PercorsoDi(options.section.file);
   if (!options.picture.size.empty()) other.size = options.picture.size;
   other.caption = other.caption && !options.picture.noCaption;
   return other;
@@ -122,7 +124,7 @@ void Connetti(Session& session, const ProcessOptions& options) {
 }
 
 void CollegaTraccia(Session& session, const ScriptedDialogs& dialogs, const ProcessOptions& options) {
-  if (!options.gps.empty()) session.leggiTraccia(options.gps);
+  if (!options.gps.empty()) session.leggiTraccia(PercorsoDi(options.gps));
   if (!options.trackDate.empty() && !dialogs.asked(Question::TrackDate)) {
     session.findings().note("LeggiGPSEsterno", "--track-date is not used: the track tells its own dates");
   }
@@ -163,7 +165,7 @@ bool Leggi(Session& session, const ProcessOptions& options) {
     ImpostaCavoEZona(session, options);
     return true;
   }
-  std::optional<Project> project = session.leggiProgetto(options.project.open);
+  std::optional<Project> project = session.leggiProgetto(PercorsoDi(options.project.open));
   if (!project) return false;
   const Said said{!Rifila(options.cable).empty(), !options.zone.empty(), !options.gps.empty(), !options.link.empty()};
   const auto change = [&options](ReadAct& reading) {
@@ -188,7 +190,7 @@ void SalvaProgetto(Session& session, const ProcessOptions& options, const std::o
   Project project = session.progetto();
   project.from = first;
   project.to = second;
-  session.salvaProgetto(options.project.save, project);
+  session.salvaProgetto(PercorsoDi(options.project.save), project);
 }
 
 /// Writes what is asked for.

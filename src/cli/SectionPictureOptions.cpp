@@ -4,6 +4,7 @@
 #include <map>
 #include <vector>
 
+#include "base/PathText.h"
 #include "cli/PictureOptions.h"
 #include "cli/Validators.h"
 #include "paint/ImageCanvas.h"
@@ -54,7 +55,7 @@ void FaiSezionePiana(Session& session, const SectionPictureOptions& options, con
   if (image.isNull()) return;
   ImageCanvas canvas(image);
   section.dipingi(canvas, picture.caption);
-  session.exporter.immagine(options.file, [&] { return ComponiImmagine(image, options.file); });
+  session.exporter.immagine(PercorsoDi(options.file), [&] { return ComponiImmagine(image, options.file); });
 }
 
 }  // namespace corvan::cli

@@ -119,5 +119,31 @@ TEST(LostFixes, LeftInsideASectionAreAFault) {
   EXPECT_EQ(cli("process gap.bin --out o --past-gaps --to 3").status, 0) << "the section ends before the gap";
 }
 
+TEST(Names, OfAnyLettersAreReadWrittenAndTold) {
+  const Cli cli;
+  const std::string line =
+                        "Pr\xC3\xBC"
+                        "f linea 1.bin",
+                    track = "trac\xC3\xA9.csv", out = "gi\xC3\xB9 \xE6\xB2\xB3";
+  cli.folder.write(line, test::SyscalFile(TimedFirings()));
+  cli.folder.write(track, CsvTrack({{289027.0, 5031846.0, 7.5}, {289040.0, 5031850.0, 8.25}}, 0));
+  const Outcome run =
+      cli("process '" + line + "' --gps '" + track + "' --out '" + out + "' --format bin,csv,gpkg --picture '" + out +
+          ".png' --section-picture '" + out + "_2.png' --save-project '" + out + ".corvan'");
+  EXPECT_EQ(run.status, 0) << run.err;
+  for (const char* ending : {".bin", ".csv", ".gpkg", ".png", "_2.png", ".corvan"}) {
+    EXPECT_TRUE(std::filesystem::exists(cli.folder / (out + ending))) << ending;
+    EXPECT_TRUE(Contains(run.out, out + ending)) << run.out;
+  }
+  const std::string first = test::Slurp(cli.folder / (out + ".csv"));
+  std::filesystem::remove(cli.folder / (out + ".csv"));
+  EXPECT_EQ(cli("process --project '" + out + ".corvan'").status, 0);
+  EXPECT_EQ(test::Slurp(cli.folder / (out + ".csv")), first);
+  const Outcome info = cli("info '" + line + "' '" + track + "'");
+  EXPECT_TRUE(Contains(info.out, line) && Contains(info.out, track)) << info.out << info.err;
+  const Outcome gone = cli("info 'perd\xC3\xBC'");
+  EXPECT_TRUE(Contains(gone.err, "perd\xC3\xBC: No such file or directory")) << gone.err;
+}
+
 }  // namespace
 }  // namespace corvan

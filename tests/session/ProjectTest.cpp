@@ -230,7 +230,7 @@ TEST(Projects, NameFilesFromTheirOwnFolderAndTellWhichHaveChanged) {
     EXPECT_TRUE(changed.session.apriProgetto(elsewhere / "run.corvan"));
     const Finding& told = changed.session.findings().entries().front();
     EXPECT_EQ(told.severity, Severity::Fault);
-    EXPECT_EQ(told.file, (elsewhere / "data/line.bin").string());
+    EXPECT_EQ(told.file, (elsewhere / "data" / "line.bin").string());
     EXPECT_EQ(told.reason,
               std::string("has changed since the project was saved (") + how + "): it is read as it is now");
     EXPECT_GT(changed.session.survey.dati().NumMisure(), 2);

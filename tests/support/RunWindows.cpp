@@ -70,8 +70,13 @@ Outcome Cli::operator()(const std::string& arguments, const std::string& input, 
   start.hStdError = Stream(folder / "stderr", GENERIC_WRITE, CREATE_ALWAYS);
   PROCESS_INFORMATION process{};
   const std::filesystem::path place = folder / in;
-  const bool began =
-      CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, place.c_str(), &start, &process) != 0;
+  const auto begin = [&] {
+    return CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, place.c_str(), &start,
+                          &process) != 0;
+  };
+  bool began = begin();
+  // One in some hundred processes Wine does not start for a reason of its own.
+  for (int again = 0; again < 3 && !began && GetLastError() == ERROR_INTERNAL_ERROR; ++again) began = begin();
   EXPECT_TRUE(began) << line << ": error " << GetLastError();
   DWORD status = static_cast<DWORD>(-1);
   if (began) {

@@ -22,7 +22,7 @@ TempFolder::~TempFolder() {
 }
 
 std::filesystem::path TempFolder::write(const std::string& name, const std::string& content) const {
-  std::filesystem::path full = path_ / name;
+  std::filesystem::path full = *this / name;
   std::ofstream(full, std::ios::binary) << content;
   return full;
 }

@@ -13,6 +13,7 @@
 
 #include "base/Dialogs.h"
 #include "base/Findings.h"
+#include "base/PathText.h"
 #include "survey/RecordSyscalPro.h"
 
 namespace corvan::test {
@@ -25,7 +26,8 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
   ~TempFolder();
 
-  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+  /// @param name in UTF-8
+  std::filesystem::path operator/(const std::string& name) const { return path_ / PercorsoDi(name); }
   const std::filesystem::path& path() const { return path_; }
   /// Writes a file into the folder and gives its full name.
   std::filesystem::path write(const std::string& name, const std::string& content) const;

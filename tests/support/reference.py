@@ -1,7 +1,9 @@
-#!/usr/bin/env python3
-"""Expected values of the command line's tests, computed without any code of the program.
+#!/ usr / bin / env python3
+""
+    "Expected values of the command line's tests, computed without any code of the program.
 
-Prints what tests/cli/*Test.cpp hold: conversions by the published series, cells of tables and corners of pictures for the
+    Prints what tests /
+    cli/*Test.cpp hold: conversions by the published series, cells of tables and corners of pictures for the
 small surveys that tests/cli/Cli.h builds.
 """
 import math
