@@ -8,6 +8,14 @@ namespace corvan {
 ReadAhead::ReadAhead(FileReader file, std::size_t block, std::size_t front, std::size_t back)
     : file_(std::move(file)), block_(block), front_(front), back_(back) {}
 
+ReadAhead::~ReadAhead() {
+  {
+    const std::lock_guard lock(mutex_);
+    over_ = true;
+  }
+  changed_.notify_one();
+}
+
 std::size_t ReadAhead::next(std::size_t kept) {
   const std::size_t before = current_;
   current_ = 1 - current_;
@@ -27,8 +35,7 @@ std::size_t ReadAhead::next(std::size_t kept) {
       wanted_ = true;
     }
     changed_.notify_one();
-    if (!worker_.joinable())
-      worker_ = std::jthread([this, other = before](const std::stop_token& stop) { work(stop, other); });
+    if (!worker_.joinable()) worker_ = std::jthread([this, other = before] { work(other); });
   }
   return got;
 }
@@ -42,11 +49,12 @@ void ReadAhead::readInto(std::size_t buffer) {
   }
 }
 
-void ReadAhead::work(const std::stop_token& stop, std::size_t first) {
+void ReadAhead::work(std::size_t first) {
   for (std::size_t buffer = first;; buffer = 1 - buffer) {
     {
       std::unique_lock lock(mutex_);
-      if (!changed_.wait(lock, stop, [this] { return wanted_; }) || stop.stop_requested()) return;
+      changed_.wait(lock, [this] { return wanted_ || over_; });
+      if (over_) return;
     }
     readInto(buffer);
     {

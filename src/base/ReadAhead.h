@@ -20,6 +20,7 @@ class ReadAhead {
   /// @param block bytes of a block @param front bytes that the caller may carry over before a block @param back bytes
   /// of its own behind one
   ReadAhead(FileReader file, std::size_t block, std::size_t front, std::size_t back);
+  ~ReadAhead();
   ReadAhead(const ReadAhead&) = delete;
   ReadAhead& operator=(const ReadAhead&) = delete;
 
@@ -34,7 +35,7 @@ class ReadAhead {
 
  private:
   void readInto(std::size_t buffer);
-  void work(const std::stop_token& stop, std::size_t first);
+  void work(std::size_t first);
 
   FileReader file_;
   std::size_t block_, front_, back_;
@@ -44,10 +45,12 @@ class ReadAhead {
   // Of the block that was read last: the worker's while a block is wanted.
   std::size_t got_ = 0;
   std::exception_ptr failure_;
-  // No semaphore: where the system has none of its own, those of the library lose wake-ups (MinGW, GCC 12).
+  // No semaphore and no stop token, which holds one: where the system has none of its own, those of the library lose
+  // wake-ups (MinGW, GCC 12).
   std::mutex mutex_;
-  std::condition_variable_any changed_;
+  std::condition_variable changed_;
   bool wanted_ = false;
+  bool over_ = false;
   std::jthread worker_;
 };
 

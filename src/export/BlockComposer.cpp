@@ -5,7 +5,6 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <stop_token>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -26,12 +25,20 @@ class Window {
   Window(const Blocks& blocks, const BlockText& compose) : blocks_(blocks), compose_(compose) {}
 
   /// What a worker does: composes while blocks are left and there is room for them.
-  void help(const std::stop_token& stop) {
+  void help() {
     std::unique_lock lock(mutex_);
-    while (changed_.wait(lock, stop, [this] { return room() || allTaken(); })) {
-      if (allTaken() || stop.stop_requested()) return;
+    while (true) {
+      changed_.wait(lock, [this] { return room() || allTaken() || stopped_; });
+      if (allTaken() || stopped_) return;
       composeNext(lock);
     }
+  }
+
+  /// Sends the workers home once they are done with the block at hand.
+  void stop() {
+    const std::scoped_lock lock(mutex_);
+    stopped_ = true;
+    changed_.notify_all();
   }
 
   /// The text of the next block to be written. Until it is there the caller composes too.
@@ -81,10 +88,18 @@ class Window {
   const Blocks blocks_;
   const BlockText& compose_;
   std::mutex mutex_;
-  std::condition_variable_any changed_;
+  // A flag and no stop token: where the system has no semaphore of its own, waiting with one can hang (MinGW, GCC 12).
+  std::condition_variable changed_;
   std::array<Slot, 8> slots_;
   std::size_t taken_ = 0;    // blocks that some thread has taken
   std::size_t written_ = 0;  // blocks that the caller is done with
+  bool stopped_ = false;
+};
+
+/// Ends the work of a window however it is left.
+struct StopAtTheEnd {
+  Window& window;
+  ~StopAtTheEnd() { window.stop(); }
 };
 
 }  // namespace
@@ -96,9 +111,10 @@ void ComponiBlocchi(const Blocks& blocks, const BlockText& compose, const std::f
   const std::size_t count = blocks.count();
   Window window(blocks, compose);
   std::vector<std::jthread> threads;
+  const StopAtTheEnd stopped{window};  // before the threads are waited for
   try {
     while (threads.size() < workers && threads.size() + 1 < count) {
-      threads.emplace_back([&window](const std::stop_token& stop) { window.help(stop); });
+      threads.emplace_back([&window] { window.help(); });
     }
   } catch (const std::system_error&) {
     // The system gives no more threads: the caller composes what they would have.
