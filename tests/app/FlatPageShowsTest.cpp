@@ -118,9 +118,11 @@ TEST(FlatPage, TellsWhatItCannotShow) {
   }
   w.section("2", "4");  // a command that has nothing to tell
   w.window.resize(900, 340);
-  QTest::qWait(20);
-  EXPECT_NE(test::Told(w.session().findings()).find("flat section: no room for"), std::string::npos);
-  EXPECT_NE(w.label("StatusNote").find("flat section: no room for"), std::string::npos);
+  const auto tells = [](const std::string& text) {
+    return text.find("flat section: no room for") != std::string::npos;
+  };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return tells(w.label("StatusNote")); }, 20000));  // however late it is painted
+  EXPECT_TRUE(tells(test::Told(w.session().findings())));
 }
 
 TEST(FlatPage, IsThePictureThatIsSavedAndCopied) {
