@@ -7,9 +7,14 @@ set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
 set(CMAKE_RC_COMPILER ${triple}-windres)
 
-# Libraries and headers of the target only; programs (the generators of Qt) of the machine that builds.
 set(CORVAN_WINDOWS_QT "$ENV{CORVAN_WINDOWS_QT}" CACHE PATH "Where dependencies.sh put the libraries for Windows")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES CORVAN_WINDOWS_QT)
+
+# No path of the machine that builds in what assertions say.
+set(CMAKE_C_FLAGS_INIT "-ffile-prefix-map=${CORVAN_WINDOWS_QT}=.")
+set(CMAKE_CXX_FLAGS_INIT "-ffile-prefix-map=${CORVAN_WINDOWS_QT}=.")
+
+# Libraries and headers of the target only; programs (the generators of Qt) of the machine that builds.
 list(APPEND CMAKE_FIND_ROOT_PATH "${CORVAN_WINDOWS_QT}/prefix" /usr/${triple})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
